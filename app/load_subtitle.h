@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// Loading a subtitle file into the current track.
+#pragma once
+
+#include <string>
+
+#include "app/session.h"
+#include "platform/result.h"
+
+namespace captoria {
+
+struct LoadOptions {
+  bool is_batch = false;  // an unattended caller: nothing is shown
+  std::string encoding;   // the file's, when the user chose it; else it is found out
+};
+
+// Loads `file`, a SubRip file or a VobSub index, into the current track in place of what it held. When the name is
+// blank or the file is not there, nothing changes and the error is NotFound. A SubRip file at fault half-way is loaded
+// up to there: the track's source says where and why, and unless `is_batch` so does a message.
+Result<void> LoadFileToList(Session& session, const std::string& file, const LoadOptions& options);
+
+// What the Open command and a dropped file do: as many tracks as the settings say (`LoadSubManyTimes`) get a SubRip
+// file, from the current one on; a VobSub index goes into the current one alone.
+Result<void> OpenSubtitleFile(Session& session, const std::string& file, const LoadOptions& options);
+
+}  // namespace captoria

@@ -1,0 +1,49 @@
+# SPDX-FileCopyrightText: Captoria contributors
+# SPDX-License-Identifier: MIT
+"""Runs commands against each other: in turns, so that a noisy machine is noisy for all of them."""
+
+import os
+import statistics
+import subprocess
+import time
+
+
+class Run:
+    """What one command took: the median of its wall times in seconds, and its largest resident memory in bytes."""
+
+    def __init__(self):
+        self.times = []
+        self.memory = 0
+
+    @property
+    def seconds(self):
+        return statistics.median(self.times)
+
+    def once(self, command, expected_status):
+        start = time.perf_counter()
+        process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                   stdin=subprocess.DEVNULL)
+        _, status, usage = os.wait4(process.pid, 0)
+        self.times.append(time.perf_counter() - start)
+        process.returncode = os.waitstatus_to_exitcode(status)
+        if process.returncode != expected_status:
+            raise RuntimeError(f"{command} ended with {process.returncode}")
+        self.memory = max(self.memory, usage.ru_maxrss * 1024)
+
+
+def compare(commands, rounds=7, statuses={}):
+    """{name: command} -> {name: Run}; every command runs once a round and ends with its status, 0 if not given."""
+    runs = {name: Run() for name in commands}
+    for _ in range(rounds):
+        for name, command in commands.items():
+            runs[name].once(command, statuses.get(name, 0))
+    return runs
+
+
+def report(title, runs, ours, goal):
+    print(title)
+    for name, run in runs.items():
+        times = f"{run.seconds:8.3f} s  {run.memory / 2**20:7.1f} MiB"
+        ratio = "" if name == ours else f"  {run.seconds / runs[ours].seconds:6.1f} times our time"
+        print(f"  {name:<28} {times}{ratio}")
+    print(f"  goal: {goal}")

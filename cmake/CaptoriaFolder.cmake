@@ -1,0 +1,51 @@
+# SPDX-FileCopyrightText: Captoria contributors
+# SPDX-License-Identifier: MIT
+
+# What every target of ours is compiled with. Outside headers are not ours to warn about.
+add_library(captoria_options INTERFACE)
+target_compile_options(captoria_options INTERFACE -Wall -Wextra -Wconversion -Werror)
+target_include_directories(captoria_options INTERFACE ${CMAKE_SOURCE_DIR})
+if(CAPTORIA_SANITIZE)
+  target_compile_options(captoria_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                   -fno-omit-frame-pointer)
+  target_link_options(captoria_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# A wrong include stops the build with the file and line that hold it.
+add_custom_target(include_direction ALL COMMAND ${CMAKE_SOURCE_DIR}/scripts/check_includes.py
+                  WORKING_DIRECTORY ${CMAKE_SOURCE_DIR} COMMENT "" VERBATIM)
+
+# Each header is compiled alone by the target header_checks, so none leans on what its users include first.
+add_custom_target(header_checks)
+
+# captoria_folder(NAME [USES FOLDER...]): the folder NAME as a static library that links the folders it may include.
+function(captoria_folder name)
+  cmake_parse_arguments(ARG "" "" "USES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${name}/*.cpp)
+  file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${name}/*.h)
+  list(TRANSFORM ARG_USES PREPEND captoria_)
+
+  add_library(captoria_${name} STATIC ${sources})
+  target_link_libraries(captoria_${name} PUBLIC captoria_options ${ARG_USES})
+  add_dependencies(captoria_${name} include_direction)
+
+  set(alone)
+  foreach(header IN LISTS headers)
+    get_filename_component(stem ${header} NAME_WE)
+    set(source ${CMAKE_BINARY_DIR}/header_checks/${name}_${stem}.cpp)
+    file(CONFIGURE OUTPUT ${source} CONTENT "#include \"${name}/${stem}.h\"\n#include \"${name}/${stem}.h\"\n")
+    list(APPEND alone ${source})
+  endforeach()
+  add_library(header_checks_${name} OBJECT EXCLUDE_FROM_ALL ${alone})
+  target_link_libraries(header_checks_${name} PRIVATE captoria_${name})
+  add_dependencies(header_checks header_checks_${name})
+endfunction()
+
+# captoria_program(NAME SOURCE... USES FOLDER...): a program of the program folder, build/bin.
+function(captoria_program name)
+  cmake_parse_arguments(ARG "" "" "USES" ${ARGN})
+  list(TRANSFORM ARG_USES PREPEND captoria_)
+  add_executable(${name} ${ARG_UNPARSED_ARGUMENTS})
+  target_link_libraries(${name} PRIVATE captoria_options ${ARG_USES})
+  target_compile_definitions(${name} PRIVATE CAPTORIA_VERSION="${PROJECT_VERSION}")
+endfunction()

@@ -1,0 +1,19 @@
+# SPDX-FileCopyrightText: Captoria contributors
+# SPDX-License-Identifier: MIT
+
+# Every outside library behind a target of one spelling. scripts/setup.sh installs the packages they come from.
+find_package(PkgConfig REQUIRED)
+find_package(Threads REQUIRED)
+find_package(tl-expected REQUIRED)
+
+# captoria_pkg(NAME PKGCONFIG...): the target captoria_NAME for pkg-config modules, their headers exempt from our warnings.
+function(captoria_pkg name)
+  pkg_check_modules(${name} REQUIRED IMPORTED_TARGET GLOBAL ${ARGN})
+  add_library(captoria_${name} INTERFACE)
+  target_include_directories(captoria_${name} SYSTEM INTERFACE ${${name}_INCLUDE_DIRS})
+  target_link_libraries(captoria_${name} INTERFACE PkgConfig::${name})
+endfunction()
+
+captoria_pkg(uchardet uchardet)
+captoria_pkg(cli11 CLI11)
+captoria_pkg(json nlohmann_json)

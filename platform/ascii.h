@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// Letters and blanks of ASCII, whatever the locale: file formats, keys and tags are compared by these.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace captoria {
+
+constexpr char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+constexpr char UpperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+constexpr bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
+  return std::ranges::equal(a, b, {}, LowerAscii, LowerAscii);
+}
+
+inline std::string LowerAscii(std::string_view text) {
+  std::string lower{text};
+  std::ranges::transform(lower, lower.begin(), [](char c) { return LowerAscii(c); });
+  return lower;
+}
+
+// `text` without the blanks and tabs at its two ends.
+constexpr std::string_view Trim(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+}  // namespace captoria

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "platform/program_folder.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "platform/path_text.h"
+
+namespace captoria {
+namespace {
+
+std::optional<std::string> AbsoluteFolder(const std::optional<std::string>& value) {
+  if (!value || !value->starts_with('/')) return std::nullopt;
+  return value;
+}
+
+std::string HomeFolder(const Environment& environment) {
+  if (auto home = AbsoluteFolder(environment("HOME"))) return *home;
+  const passwd* user = ::getpwuid(::getuid());
+  return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "/";
+}
+
+}  // namespace
+
+ProgramFolders FindProgramFolders(const std::string& chosen, const std::string& executable_folder,
+                                  const Environment& environment) {
+  ProgramFolders folders{.executable = executable_folder, .data = chosen};
+  if (!chosen.empty()) return folders;
+  if (::access(executable_folder.c_str(), W_OK) == 0) {
+    folders.data = executable_folder;
+  } else if (const auto xdg = AbsoluteFolder(environment("XDG_DATA_HOME"))) {
+    folders.data = JoinPath(*xdg, "captoria");
+  } else {
+    folders.data = JoinPath(HomeFolder(environment), ".local/share/captoria");
+  }
+  return folders;
+}
+
+std::string ExecutableFolder() {
+  std::error_code error;
+  const auto path = std::filesystem::read_symlink("/proc/self/exe", error);
+  return error ? "." : path.parent_path().string();
+}
+
+Environment ProcessEnvironment() {
+  return [](const std::string& name) -> std::optional<std::string> {
+    const char* value = std::getenv(name.c_str());
+    if (value == nullptr) return std::nullopt;
+    return value;
+  };
+}
+
+}  // namespace captoria

@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: Captoria contributors
+# SPDX-License-Identifier: MIT
+#
+# scripts/bench.sh [NAME...]: installs the programs we measure against, builds, and runs the comparisons of bench/.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/setup.sh bench
+scripts/build.sh release
+if [ $# -eq 0 ]; then
+  set -- $(cd bench && ls ./*.py | grep -v measure.py | sed 's|^./||; s|\.py$||')
+fi
+for name in "$@"; do python3 "bench/$name.py"; done

@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: Captoria contributors
+# SPDX-License-Identifier: MIT
+#
+# scripts/setup.sh [test] [ci]: installs the Debian packages that building needs, and those of the named groups.
+# Silent, and done in an instant, when nothing is missing.
+set -euo pipefail
+
+build=(
+  cmake g++ ninja-build pkg-config python3
+  libcli11-dev libexpected-dev libuchardet-dev nlohmann-json3-dev
+)
+test=(libgmock-dev libgtest-dev)
+bench=(ffmpeg)
+ci=(clang-format-14 clang-tidy-14)
+
+wanted=("${build[@]}")
+for group in "$@"; do
+  declare -n packages="$group"
+  wanted+=("${packages[@]}")
+done
+
+missing=()
+for package in "${wanted[@]}"; do
+  [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+if [ "$(id -u)" -eq 0 ]; then
+  as_root=(env)
+elif command -v sudo >/dev/null; then
+  as_root=(sudo)
+else
+  echo "setup: these packages are missing, and installing them needs root or sudo: ${missing[*]}" >&2
+  exit 1
+fi
+
+echo "setup: installing ${missing[*]}" >&2
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+if ! { "${as_root[@]}" apt-get update -q && "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+  apt-get install -y -q --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+  tail -n 20 "$log" >&2
+  echo "setup: the packages could not be installed" >&2
+  exit 1
+fi

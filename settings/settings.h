@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// What the program remembers apart from its tracks' styles. Every field is named for the key it is kept under, and the
+// key table (settings/key_table.h) says what it means and what it is by default.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "settings/track_style.h"
+
+namespace captoria {
+
+constexpr int kSavedTracks = 8;
+
+struct Settings {
+  std::string Lang;
+  bool UseBmpToXSub = false;
+  std::string DivXMuxPath;
+  std::string bmpToxSubPath;
+  std::array<bool, kSavedTracks> right_to_left{};  // of the tracks by their index, open or not
+  std::string BatchToRun;
+  int BackColor = 0;  // red + 256 x green + 65536 x blue
+  bool Preview = false;
+  bool deleteTemp = false;
+  bool deleteBmp = false;
+  bool deleteOther = false;
+  bool ReplaceDivX = false;
+  int FrameForPreview = 0;
+  int ForceVideoHeight = 0;  // pixels; 0 is the video's own
+  bool UsePalMode1 = false;
+  int LoadSubManyTimes = 0;  // at least 1
+  bool UnLoadSrt = false;
+  bool LoadSrtAuto = false;
+  bool LoadSrtAutoFolder = false;
+  std::string LoadSrtAutoFolderText;
+  bool LoadAviAuto = false;
+  bool LoadAviAutoFolder = false;
+  std::string LoadAviAutoFolderText;
+  bool ShowDos = false;
+  bool ShowDosPause = false;
+  bool WaitToEndDos = false;
+  int ShowDosCombo = 0;
+  bool RunDivX = false;
+  bool AutoShowAviInfo = false;
+  float MiddlePos = 0;  // twips, as the four below
+  Font list_font;       // of the current track's cue lists
+  float MainX = 0;
+  float MainY = 0;
+  float MainWidth = 0;
+  float MainHeight = 0;
+  bool ShowWelcome = false;
+};
+
+// The width of the subtitle bitmaps in pixels.
+constexpr int BitmapWidth(const Settings& settings) { return settings.UseBmpToXSub ? 720 : 640; }
+
+}  // namespace captoria

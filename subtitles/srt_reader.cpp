@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "subtitles/srt_reader.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/ascii.h"
+#include "platform/utf8.h"
+#include "subtitles/time_code.h"
+
+namespace captoria {
+namespace {
+
+constexpr std::string_view kArrow = "-->";
+
+// Gives the lines of a text one after the other.
+class LineSplitter {
+ public:
+  explicit LineSplitter(std::string_view text) : text_(text), return_(text.find('\r')), newline_(text.find('\n')) {}
+
+  bool Next(std::string_view& line) {
+    if (start_ >= text_.size()) return false;
+    const std::size_t end = std::min({return_, newline_, text_.size()});
+    line = text_.substr(start_, end - start_);
+    start_ = end + (newline_ == return_ + 1 && end == return_ ? 2 : 1);
+    // Each is looked for only once it is passed, so either kind of line end costs one walk over the text.
+    if (return_ < start_) return_ = text_.find('\r', start_);
+    if (newline_ < start_) newline_ = text_.find('\n', start_);
+    return true;
+  }
+
+ private:
+  std::string_view text_;
+  std::size_t start_ = 0;
+  std::size_t return_;   // the next of its kind at or behind start_, or npos
+  std::size_t newline_;  // likewise
+};
+
+// The beginning of a line for a message: a line may be megabytes long.
+std::string Excerpt(std::string_view line) {
+  constexpr std::size_t kLongest = 80;
+  std::size_t end = 0;
+  while (end < line.size() && end < kLongest) end += std::max<std::size_t>(Utf8CharacterLength(line, end), 1);
+  std::string excerpt{line.substr(0, end)};
+  std::ranges::replace_if(
+      excerpt, [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+  return excerpt + (end < line.size() ? "..." : "");
+}
+
+// Puts cues together from lines; the fields are those of the cue being collected.
+class CueCollector {
+ public:
+  // `expected` cues get their room at once: growing step by step costs a third of the whole time.
+  explicit CueCollector(std::size_t expected) { cues_.reserve(expected); }
+
+  void TextLine(std::string_view line) {
+    if (Trim(line).empty()) return;
+    text_ += line;
+    text_ += kLineBreak;
+  }
+
+  // Ends the cue being collected and begins the next, unless `line` does not hold two times: then that cue is lost with
+  // its end, and the reason is given.
+  std::optional<std::string> TimeLine(std::string_view line) {
+    const auto arrow = line.find(kArrow);
+    Milliseconds show{}, hide{};
+    if (auto fault = ReadTimeCode(line.substr(0, arrow), show)) return "the start time " + fault->reason;
+    if (auto fault = ReadTimeCode(line.substr(arrow + kArrow.size()), hide)) return "the end time " + fault->reason;
+    EndCue();
+    show_ = show;
+    hide_ = hide;
+    return std::nullopt;
+  }
+
+  void EndCue() {
+    if (text_.empty()) return;
+    text_.resize(text_.size() - kLineBreak.size());
+    cues_.push_back({.Number = std::to_string(cues_.size() + 1),
+                     .Show = FormatTimeCode(show_),
+                     .Hide = FormatTimeCode(hide_),
+                     .Text = text_,
+                     .Tag{}});
+    text_.clear();
+  }
+
+  std::vector<SubtitleCue>& Cues() { return cues_; }
+
+ private:
+  std::vector<SubtitleCue> cues_;
+  std::string text_;
+  Milliseconds show_{0};
+  Milliseconds hide_{0};
+};
+
+// How many cues `text` may hold. A file of nothing but arrows asks for no more room than three times its size.
+std::size_t ExpectedCues(std::string_view text) {
+  std::size_t arrows = 0;
+  for (auto at = text.find(kArrow); at != text.npos; at = text.find(kArrow, at + kArrow.size())) ++arrows;
+  return std::min(arrows + 1, 3 * text.size() / sizeof(SubtitleCue));
+}
+
+}  // namespace
+
+std::string DescribeProblem(std::string_view file, const SrtProblem& problem) {
+  return std::string{file} + ": line " + std::to_string(problem.line) + ": " + problem.message;
+}
+
+SrtReading ReadSrt(std::string_view text) {
+  CueCollector collector(ExpectedCues(text));
+  LineSplitter lines(text);
+  std::optional<SrtProblem> problem;
+  std::string_view current;
+  std::string_view line;
+  for (std::size_t number = 1; lines.Next(line); ++number) {
+    const std::string_view previous = std::exchange(current, line);
+    if (line.find(kArrow) == line.npos) {
+      collector.TextLine(previous);
+      continue;
+    }
+    if (auto reason = collector.TimeLine(line)) {
+      problem = {number, *reason + ": \"" + Excerpt(line) +
+                             "\". A time line reads \"00:00:01,000 --> 00:00:02,500\". " + "Reading stopped here; " +
+                             std::to_string(collector.Cues().size()) + " cue(s) before it were kept"};
+      break;
+    }
+    current = {};  // a time line is never text
+  }
+  if (!problem) {
+    collector.TextLine(current);
+    collector.EndCue();
+  }
+  return {std::move(collector.Cues()), std::move(problem)};
+}
+
+}  // namespace captoria

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// One open subtitle file: a tab of the window, and a subtitle stream of the film made from it.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "settings/track_style.h"
+#include "subtitles/cue.h"
+#include "subtitles/srt_reader.h"
+#include "subtitles/subtitle_file.h"
+
+namespace captoria {
+
+// How the file came to be these cues.
+struct CueSource {
+  std::string encoding;
+  std::size_t undecodable = 0;
+  std::optional<SrtProblem> problem;
+};
+
+struct SubtitleTrack {
+  std::string path;                  // empty while no file was loaded
+  std::vector<SubtitleCue> cues;     // all, in file order
+  std::vector<SubtitleCue> outside;  // those beyond the safe viewing area
+  CueSource source;
+  TrackStyle style;
+  Font list_font;  // of both lists
+
+  bool HasFile() const { return !path.empty(); }
+  bool IsIdx() const { return IsIdxFile(path); }
+};
+
+}  // namespace captoria

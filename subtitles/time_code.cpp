@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "subtitles/time_code.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "platform/ascii.h"
+
+namespace captoria {
+namespace {
+
+// Writes `value`, below 10 to the power of `digits`, and gives the end. A list of a hundred thousand cues has two
+// hundred thousand times, which printf would take longer over than reading the file.
+char* PutDigits(long long value, int digits, char* to) {
+  for (int i = digits - 1; i >= 0; --i, value /= 10) to[i] = static_cast<char>('0' + value % 10);
+  return to + digits;
+}
+
+std::string Format(Milliseconds time, char separator) {
+  const auto count = std::max<long long>(time.count(), 0);
+  const long long hours = count / 3'600'000;
+  std::array<char, 16> text;
+  char* end = text.data();
+  if (hours <= 99) end = PutDigits(hours, 2, end);
+  *end++ = ':';
+  end = PutDigits(count / 60'000 % 60, 2, end);
+  *end++ = ':';
+  end = PutDigits(count / 1000 % 60, 2, end);
+  *end++ = separator;
+  end = PutDigits(count % 1000, 3, end);
+  const std::string_view rest{text.data(), end};
+  return hours <= 99 ? std::string{rest} : std::to_string(hours).append(rest);
+}
+
+// One or two digits below `limit`, or -1.
+int ReadPart(std::string_view text, int limit) {
+  if (text.empty() || text.size() > 2 || !std::ranges::all_of(text, IsDigit)) return -1;
+  int value = 0;
+  for (const char digit : text) value = value * 10 + (digit - '0');
+  return value < limit ? value : -1;
+}
+
+// Hours, minutes and seconds as milliseconds, or -1.
+int ReadTimeOfDay(std::string_view text) {
+  const auto first = text.find(':');
+  const auto second = first == text.npos ? text.npos : text.find(':', first + 1);
+  if (second == text.npos) return -1;
+  const int hours = ReadPart(text.substr(0, first), 24);
+  const int minutes = ReadPart(text.substr(first + 1, second - first - 1), 60);
+  const int seconds = ReadPart(text.substr(second + 1), 60);
+  if (hours < 0 || minutes < 0 || seconds < 0) return -1;
+  return ((hours * 60 + minutes) * 60 + seconds) * 1000;
+}
+
+// The digits behind the decimal comma as milliseconds, 0 to 1000. Digits past the fourth cannot change the rounding.
+int ReadFraction(std::string_view text) {
+  int tenths = 0;  // of a millisecond
+  int weight = 1000;
+  for (const char digit : text.substr(0, 4)) {
+    if (!IsDigit(digit)) break;
+    tenths += (digit - '0') * weight;
+    weight /= 10;
+  }
+  return (tenths + 5) / 10;
+}
+
+}  // namespace
+
+std::string FormatTimeCode(Milliseconds time) { return Format(time, ','); }
+
+std::string MakeTime(float seconds) {
+  // Beyond what 64 bits hold in milliseconds, or not a number: nothing that could be shown as a time.
+  if (!(seconds > 0) || seconds > 9e15F) return Format(Milliseconds{0}, '.');
+  return Format(Milliseconds{std::llround(static_cast<double>(seconds) * 1000)}, '.');
+}
+
+std::optional<TimeFault> ReadTimeCode(std::string_view text, Milliseconds& time) {
+  text = Trim(text);
+  const auto comma = text.find(',');
+  if (comma == text.npos) return TimeFault{"has no comma before the milliseconds"};
+  const int time_of_day = ReadTimeOfDay(Trim(text.substr(0, comma)));
+  if (time_of_day < 0) return TimeFault{"is not hours:minutes:seconds with hours 0 to 23, minutes and seconds 0 to 59"};
+  time = Milliseconds{time_of_day + ReadFraction(Trim(text.substr(comma + 1)))};
+  return std::nullopt;
+}
+
+}  // namespace captoria

@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "platform/files.h"
+
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "tests/support/temp_folder.h"
+
+namespace captoria {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+std::size_t FilesIn(const TempFolder& folder) { return ListFiles(folder.Path(), "*").size(); }
+
+// Runs `work` while files may not grow past `bytes`, which is what a full disk looks like to a program.
+template <typename Work>
+void WithFullDisk(rlim_t bytes, Work work) {
+  rlimit before;
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+  const auto old_handler = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit tight{bytes, before.rlim_max};
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
+  work();
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, old_handler);
+}
+
+TEST(Files, AFullDiskKeepsTheOldFileAndLeavesNothingBeside) {
+  const TempFolder folder;
+  const std::string path = folder.Put("a.ini", "old");
+  WithFullDisk(4096, [&] {
+    const auto written = WriteWholeFile(path, std::string(100'000, 'x'));
+    ASSERT_FALSE(written);
+    EXPECT_EQ(written.error().kind, ErrorKind::Unwritable);
+    EXPECT_THAT(written.error().message, HasSubstr(path));
+  });
+  EXPECT_EQ(folder.Get("a.ini"), "old");
+  EXPECT_EQ(FilesIn(folder), 1u);
+}
+
+TEST(Files, AFullDiskLeavesNoHalfCopy) {
+  const TempFolder folder;
+  const std::string from = folder.Put("from", std::string(200'000, 'x'));
+  WithFullDisk(100'000, [&] { EXPECT_FALSE(CopyWholeFile(from, folder.File("to"))); });
+  EXPECT_EQ(FilesIn(folder), 1u);
+}
+
+TEST(Files, WritingThroughALinkKeepsTheLinkAndThePermissions) {
+  const TempFolder folder;
+  const std::string target = folder.Put("target", "old");
+  ASSERT_EQ(chmod(target.c_str(), 0640), 0);
+  fs::create_symlink("target", folder.File("link"));
+  ASSERT_TRUE(WriteWholeFile(folder.File("link"), "new"));
+  EXPECT_TRUE(fs::is_symlink(folder.File("link")));
+  EXPECT_EQ(folder.Get("target"), "new");
+  EXPECT_EQ(static_cast<unsigned>(fs::status(target).permissions()), 0640u);
+}
+
+TEST(Files, CopyingAFileOntoItselfIsRefused) {
+  const TempFolder folder;
+  const std::string path = folder.Put("a", "content");
+  fs::create_hard_link(path, folder.File("b"));
+  EXPECT_FALSE(CopyWholeFile(path, folder.File("b")));
+  EXPECT_EQ(folder.Get("a"), "content");
+}
+
+TEST(Files, CopiedToolsStayExecutable) {
+  const TempFolder folder;
+  const std::string from = folder.Put("tool", "#!");
+  ASSERT_EQ(chmod(from.c_str(), 0755), 0);
+  ASSERT_TRUE(CopyWholeFile(from, folder.File("copy")));
+  EXPECT_EQ(access(folder.File("copy").c_str(), X_OK), 0);
+}
+
+TEST(Files, RenamingNeverReplaces) {
+  const TempFolder folder;
+  const std::string from = folder.Put("from", "1");
+  const std::string taken = folder.Put("taken", "2");
+  EXPECT_FALSE(RenameWithoutReplacing(from, taken));
+  EXPECT_EQ(folder.Get("taken"), "2");
+  EXPECT_TRUE(RenameWithoutReplacing(from, folder.File("free")));
+  EXPECT_EQ(folder.Get("free"), "1");
+  EXPECT_FALSE(FileExists(from));
+}
+
+TEST(Files, ReadingIsBoundedAndSaysWhatIsWrong) {
+  const TempFolder folder;
+  const std::string path = folder.Put("a", "12345");
+  EXPECT_EQ(ReadWholeFile(path, 5).value(), "12345");
+  EXPECT_EQ(ReadWholeFile(path, 4).error().kind, ErrorKind::TooLarge);
+  EXPECT_EQ(ReadWholeFile("/dev/zero", 100'000).error().kind, ErrorKind::TooLarge);
+  EXPECT_EQ(ReadWholeFile(folder.Path()).error().kind, ErrorKind::Unreadable);
+  EXPECT_EQ(ReadWholeFile(folder.File("none")).error().kind, ErrorKind::NotFound);
+  EXPECT_GT(ReadWholeFile("/proc/self/status").value().size(), 100u) << "files that report no size are read as well";
+}
+
+TEST(Files, ListingMatchesWildcardsWithoutRegardToCase) {
+  const TempFolder folder;
+  for (const char* name : {"Film.srt", "film.en.SRT", "Film 2.srt", "film.avi", "[x]*.srt"}) folder.Put(name, "");
+  fs::create_directory(folder.File("film.folder.srt"));
+  EXPECT_THAT(ListFiles(folder.Path(), "film*.srt"), ElementsAre("Film 2.srt", "Film.srt", "film.en.SRT"));
+  EXPECT_THAT(ListFiles(folder.Path(), "film.???"), ElementsAre("Film.srt", "film.avi"));
+  EXPECT_THAT(ListFiles(folder.File("none"), "*"), ElementsAre());
+  folder.Put(std::string(200, 'a'), "");
+  EXPECT_THAT(ListFiles(folder.Path(), "*a*a*a*a*a*a*a*a*a*a*a*b"), ElementsAre()) << "has to end at once";
+}
+
+}  // namespace
+}  // namespace captoria

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// What the commands of captoria-cli share: the options that stand for all of them, and the exit status.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace captoria {
+
+// What a shell sees. A signal's 128 + number comes on top.
+enum ExitStatus {
+  kExitDone = 0,
+  kExitFailed = 1,  // reading stopped, or something could not be made; standard error says what
+  kExitUsage = 2,
+};
+
+struct CliContext {
+  std::string data_folder;  // empty: the program's own
+  int status = kExitDone;   // set by the command that ran
+};
+
+// Writes "captoria-cli: " and `message` as one line to standard error.
+void Complain(std::string_view message);
+
+// Writes to standard output; false, and a complaint, when that fails (a full disk behind a redirection).
+bool Print(std::string_view text);
+
+}  // namespace captoria
