@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "app/safe_area_commands.h"
 #include "platform/ascii.h"
 #include "platform/files.h"
 #include "subtitles/subtitle_file.h"
@@ -38,11 +39,15 @@ Result<void> LoadFileToList(Session& session, const std::string& file, const Loa
 
   session.current_file = file;
   SubtitleTrack& track = session.tracks.Current();
-  auto filled = FillTrack(track, file, options);
-  if (filled && track.source.problem && !options.is_batch) {
+  if (auto filled = FillTrack(track, file, options); !filled) return filled;
+  if (track.source.problem && !options.is_batch) {
     session.prompts.ShowMessage(kProgramTitle, DescribeProblem(file, *track.source.problem));
   }
-  return filled;
+  if (track.IsIdx() || !options.measure) return {};
+  const auto outside = CheckSafeArea(session, options.is_batch);
+  if (!outside) return tl::unexpected(outside.error());
+  if (*outside > 0 && !options.is_batch) TellOutsideCues(session, *outside);
+  return {};
 }
 
 Result<void> OpenSubtitleFile(Session& session, const std::string& file, const LoadOptions& options) {

@@ -14,6 +14,7 @@ namespace captoria {
 struct LoadOptions {
   bool is_batch = false;  // an unattended caller: nothing is shown
   std::string encoding;   // the file's, when the user chose it; else it is found out
+  bool measure = true;    // check the safe viewing area; listing a file needs no fonts
 };
 
 // Loads `file`, a SubRip file or a VobSub index, into the current track in place of what it held. When the name is

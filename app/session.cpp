@@ -14,20 +14,47 @@ namespace captoria {
 
 Session::Session(ProgramFolders program_folders, Prompts& user_prompts)
     : folders(std::move(program_folders)), prompts(user_prompts), ini_(user_prompts, folders.data, kProgramTitle) {
-  const OpenedSettings opened = OpenSettingsFile(ini_.FullPath());
+  OpenedSettings opened = OpenSettingsFile(ini_.FullPath());
   if (opened.report) prompts.ShowMessage(kProgramTitle, *opened.report);
+  stored_ = std::move(opened.document);
+  TakeSettings();
+}
 
-  settings = LoadValues(opened.document);
+void Session::TakeSettings() {
+  settings = LoadValues(stored_);
   SubtitleTrack& first = tracks.Current();
-  LoadValuesForIndex(opened.document, 0, first.style, first.list_font);
+  LoadValuesForIndex(stored_, tracks.CurrentIndex(), first.style, first.list_font);
   first.list_font = settings.list_font;  // the lists on screen begin as the last ones on screen were
   tracks.SetRightToLeft(settings.right_to_left);
 }
 
+Result<void> Session::Override(std::string_view key, std::string_view value) {
+  auto applied = ApplySetting(stored_, key, value);
+  if (applied) TakeSettings();
+  return applied;
+}
+
 void Session::SelectLastTab() {
-  tracks.SelectLastTab([this](int index, SubtitleTrack& track) {
-    LoadValuesForIndex(ini_.Load().value_or(IniDocument{}), index, track.style, track.list_font);
-  });
+  tracks.SelectLastTab(
+      [this](int index, SubtitleTrack& track) { LoadValuesForIndex(stored_, index, track.style, track.list_font); });
+}
+
+Result<std::shared_ptr<FontCollection>> Session::Fonts() {
+  if (!fonts_) {
+    auto opened = FontCollection::Open();
+    if (!opened) return opened;
+    fonts_ = std::move(*opened);
+  }
+  return fonts_;
+}
+
+Result<SubtitleBitmap*> Session::Bitmap() {
+  if (!bitmap_) {
+    const auto fonts = Fonts();
+    if (!fonts) return tl::unexpected(fonts.error());
+    bitmap_.emplace(*fonts, Frame());
+  }
+  return &*bitmap_;
 }
 
 Result<void> Session::Save() {
@@ -39,6 +66,7 @@ Result<void> Session::Save() {
   Result<void> stored;
   const auto written = ini_.Update([&](IniDocument& document) {
     stored = SaveValues(document, settings, open, static_cast<std::size_t>(tracks.CurrentIndex()));
+    stored_ = document;
   });
   return written ? stored : written;
 }

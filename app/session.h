@@ -6,11 +6,15 @@
 // Commands are functions over a session, each in a file of its own; a session by itself only begins and ends.
 #pragma once
 
+#include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/program_folder.h"
 #include "platform/prompts.h"
 #include "platform/result.h"
+#include "render/subtitle_bitmap.h"
+#include "settings/ini_document.h"
 #include "settings/ini_file.h"
 #include "settings/settings.h"
 #include "subtitles/track_set.h"
@@ -24,9 +28,21 @@ class Session {
   // Start-up: one empty track, all settings read, the first track styled. Never fails: a settings file that cannot be
   // used is put aside and told through `prompts`, which outlives the session. Nothing is written.
   Session(ProgramFolders program_folders, Prompts& user_prompts);
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  // Puts `value` in the place of what the settings file holds under `key`, for this session. Unsupported when there is
+  // no such setting or the value is not of its kind.
+  Result<void> Override(std::string_view key, std::string_view value);
 
   // Selects the tab "<New>" or, with eight tracks, the last one.
   void SelectLastTab();
+
+  // The fonts of this machine, and the bitmap that cues are measured against. Both are made when first asked for: a
+  // session that only reads needs neither, and finding all fonts takes longer than reading a hundred thousand cues.
+  Result<std::shared_ptr<FontCollection>> Fonts();
+  Result<SubtitleBitmap*> Bitmap();
+  BitmapFrame Frame() const { return {BitmapWidth(settings), settings.BackColor}; }
 
   // Shutdown, and before a video is opened: writes all that is to be remembered (`SaveValues`), whole or not at all.
   Result<void> Save();
@@ -35,10 +51,16 @@ class Session {
   Prompts& prompts;
   Settings settings;
   TrackSet tracks;
-  std::string current_file;  // the file the last load used
+  std::string current_file;   // the file the last load used
+  bool only_outside = false;  // the list on screen is that of the cues beyond the safe viewing area
 
  private:
+  void TakeSettings();
+
   clsIniFile ini_;
+  IniDocument stored_;  // what the settings file held at the start, and what was put in its place
+  std::shared_ptr<FontCollection> fonts_;
+  std::optional<SubtitleBitmap> bitmap_;
 };
 
 }  // namespace captoria

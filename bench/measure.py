@@ -32,11 +32,13 @@ class Run:
 
 
 def compare(commands, rounds=7, statuses={}):
-    """{name: command} -> {name: Run}; every command runs once a round and ends with its status, 0 if not given."""
+    """{name: command} -> {name: Run}; every command runs once a round and ends with its status, 0 if not given.
+
+    A command may be a function that gives the command of the next round."""
     runs = {name: Run() for name in commands}
     for _ in range(rounds):
         for name, command in commands.items():
-            runs[name].once(command, statuses.get(name, 0))
+            runs[name].once(command() if callable(command) else command, statuses.get(name, 0))
     return runs
 
 

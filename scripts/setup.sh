@@ -8,10 +8,14 @@ set -euo pipefail
 
 build=(
   cmake g++ ninja-build pkg-config python3
-  libcli11-dev libexpected-dev libuchardet-dev nlohmann-json3-dev
+  libcli11-dev libexpected-dev libpango1.0-dev libuchardet-dev nlohmann-json3-dev
 )
-test=(libgmock-dev libgtest-dev)
-bench=(ffmpeg)
+test=(
+  libgmock-dev libgtest-dev
+  fonts-dejavu-core fonts-liberation fonts-noto-cjk fonts-noto-core fonts-symbola
+)
+bench=(dvdauthor ffmpeg fonts-liberation)
+docs=(imagemagick)
 ci=(clang-format-14 clang-tidy-14)
 
 wanted=("${build[@]}")

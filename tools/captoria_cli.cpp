@@ -6,16 +6,18 @@
 
 #include "tools/cli_context.h"
 #include "tools/cues_command.h"
+#include "tools/render_command.h"
 
 int main(int argc, char** argv) {
   using namespace captoria;
   CLI::App app("Captoria puts text subtitles into DivX files as pictures.", "captoria-cli");
   app.set_version_flag("-V,--version", "Captoria " CAPTORIA_VERSION);
   app.require_subcommand(1);
-  app.footer("Exit status: 0 done, 1 failed or stopped half-way, 2 wrong usage.");
+  app.footer("Exit status: 0 done, 1 failed or stopped half-way, 2 wrong usage, 130 interrupted.");
 
   CliContext context;
   AddCuesCommand(app, context);
+  AddRenderCommand(app, context);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -9,11 +9,12 @@
 
 namespace captoria {
 
-// What a shell sees. A signal's 128 + number comes on top.
+// What a shell sees.
 enum ExitStatus {
   kExitDone = 0,
   kExitFailed = 1,  // reading stopped, or something could not be made; standard error says what
   kExitUsage = 2,
+  kExitInterrupted = 130,
 };
 
 struct CliContext {

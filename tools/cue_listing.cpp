@@ -57,14 +57,14 @@ void AddPadded(std::string_view text, std::size_t width, std::string& line) {
 }
 
 // Put together by hand but for the texts, which alone need escaping: a tree a cue would take twice as long.
-void AddAsJson(const SubtitleCue& cue, std::string& json) {
+void AddAsJson(const SubtitleCue& cue, bool outside, std::string& json) {
   json += "{\"number\":";
   json += cue.Number.empty() ? "null" : cue.Number;
   json += ",\"show\":\"" + cue.Show + "\",\"hide\":\"" + cue.Hide + "\",\"text\":";
   json += Serialized(cue.Text);
   json += ",\"tag\":";
   json += Serialized(cue.Tag);
-  json += '}';
+  json += outside ? ",\"outside\":true}" : ",\"outside\":false}";
 }
 
 }  // namespace
@@ -98,8 +98,11 @@ bool ListCuesAsJson(const SubtitleTrack& track, const ListingSink& sink) {
   out.Add("{\"file\":" + Serialized(track.path) + ",\"encoding\":" + Serialized(encoding));
   out.Add(",\"undecodable\":" + std::to_string(track.source.undecodable) + ",\"cues\":[");
   std::string line = "\n";
+  auto next_outside = track.outside.begin();  // rows of the same cues, in the same order
   for (const SubtitleCue& cue : track.cues) {
-    AddAsJson(cue, line);
+    const bool outside = next_outside != track.outside.end() && next_outside->Number == cue.Number;
+    if (outside) ++next_outside;
+    AddAsJson(cue, outside, line);
     out.Add(line);
     line = ",\n";
   }

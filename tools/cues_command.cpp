@@ -3,17 +3,13 @@
 
 #include "tools/cues_command.h"
 
-#include <unistd.h>
-
-#include <iostream>
 #include <memory>
 #include <string>
 
 #include "app/load_subtitle.h"
 #include "app/session.h"
-#include "platform/program_folder.h"
-#include "platform/terminal_prompts.h"
 #include "platform/text_encoding.h"
+#include "tools/cli_session.h"
 #include "tools/cue_listing.h"
 
 namespace captoria {
@@ -26,10 +22,11 @@ struct CuesOptions {
 };
 
 int RunCues(const CuesOptions& options, const std::string& data_folder) {
-  TerminalPrompts prompts(std::cin, std::cerr, ::isatty(STDIN_FILENO) != 0);
-  Session session(FindProgramFolders(data_folder, ExecutableFolder(), ProcessEnvironment()), prompts);
+  CliSession cli(data_folder);
+  Session& session = cli.session;
 
-  const auto loaded = LoadFileToList(session, options.file, {.is_batch = true, .encoding = options.encoding});
+  const auto loaded =
+      LoadFileToList(session, options.file, {.is_batch = true, .encoding = options.encoding, .measure = options.json});
   if (!loaded) {
     Complain(loaded.error().message);
     return kExitFailed;

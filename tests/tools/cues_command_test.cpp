@@ -44,19 +44,12 @@ TEST_F(CuesCommand, ListsJson) {
   const std::string file = folder_.Put("a.srt", kTwoCues);
   const auto run = Cues({file, "--json"});
   EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(
-      Json::parse(run.out),
-      (Json{{"file", file},
-            {"encoding", "UTF-8"},
-            {"undecodable", 0},
-            {"problem", nullptr},
-            {"cues",
-             {{{"number", 1},
-               {"show", "00:00:01,000"},
-               {"hide", "00:00:02,000"},
-               {"text", "<i>a</i>\r\nb\x1B[2J"},
-               {"tag", ""}},
-              {{"number", 2}, {"show", "00:00:03,000"}, {"hide", "00:00:04,000"}, {"text", "\"c\""}, {"tag", ""}}}}}));
+  EXPECT_EQ(Json::parse(run.out),
+            Json::parse(R"({"file": ")" + file + R"(", "encoding": "UTF-8", "undecodable": 0, "cues": [
+    {"number": 1, "show": "00:00:01,000", "hide": "00:00:02,000", "text": "<i>a</i>\r\nb\u001b[2J", "tag": "",
+     "outside": false},
+    {"number": 2, "show": "00:00:03,000", "hide": "00:00:04,000", "text": "\"c\"", "tag": "", "outside": false}],
+    "problem": null})"));
 }
 
 TEST_F(CuesCommand, AFaultListsTheCuesKeptNamesTheLineAndFails) {
@@ -81,6 +74,15 @@ TEST_F(CuesCommand, TheFirstTracksCharacterSetNamesTheCodePage) {
   folder_.Put("Captoria.ini", "[General]\nFontCharset0=161\n");
   const std::string file = folder_.Put("a.srt", "1\n00:00:01,000 --> 00:00:02,000\n\xE1\n");
   EXPECT_EQ(Json::parse(Cues({file, "--json"}).out)["encoding"], "WINDOWS-1253");
+}
+
+TEST_F(CuesCommand, CuesOutsideTheSafeAreaAreMarkedAndHaveTheirFittedSize) {
+  const std::string wide(40, 'W');
+  const std::string file = folder_.Put("a.srt", kTwoCues + ("\n3\n00:00:05,000 --> 00:00:06,000\n" + wide + "\n"));
+  const Json cues = Json::parse(Cues({file, "--json"}).out)["cues"];
+  EXPECT_EQ(cues.at(1)["outside"], false);
+  EXPECT_EQ(cues.at(2)["outside"], true);
+  EXPECT_EQ(cues.at(2)["tag"], "14");
 }
 
 TEST_F(CuesCommand, AnIndexIsOneRow) {

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "app/safe_area_commands.h"
+
+#include <string>
+
+#include "render/safe_area.h"
+
+namespace captoria {
+
+Result<int> CheckSafeArea(Session& session, bool is_batch) {
+  const auto bitmap = session.Bitmap();
+  if (!bitmap) return tl::unexpected(bitmap.error());
+  const SafeAreaCheck check = ReCheckSrt(session.tracks.Current(), **bitmap);
+  if (check.has_font_tag && !is_batch) {
+    session.prompts.ShowMessage(kProgramTitle, "This subtitle has a '<font color=...>' tag. Outline will be 0");
+  }
+  if (check.outside == 0) ShowEditOnly(session, false);
+  return check.outside;
+}
+
+void TellOutsideCues(Session& session, int outside) {
+  const std::string count = std::to_string(outside);
+  session.prompts.ShowMessage(kProgramTitle, session.tracks.Current().style.FitFont
+                                                 ? count +
+                                                       " subtitle(s) are outside safe viewing area, but program will "
+                                                       "fit these subtitles by decreasing font size."
+                                                 : count +
+                                                       " subtitle(s) are outside safe viewing area and program will "
+                                                       "NOT fit these subtitles by decreasing font size.");
+}
+
+void ShowEditOnly(Session& session, bool only_outside) { session.only_outside = only_outside; }
+
+std::span<SubtitleCue> ShownCues(Session& session) {
+  SubtitleTrack& track = session.tracks.Current();
+  return session.only_outside ? track.outside : track.cues;
+}
+
+void ToggleFitFont(Session& session) {
+  TrackStyle& style = session.tracks.Current().style;
+  style.FitFont = !style.FitFont;
+}
+
+}  // namespace captoria

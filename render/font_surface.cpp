@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "render/font_surface.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace captoria {
+namespace {
+
+// Enough for every run of any sensible cue, so that nothing of it is laid out twice.
+constexpr std::size_t kMostRunBytes = std::size_t{8} << 20;
+
+bool SameFont(const Font& a, const Font& b) {
+  return a.size == b.size && a.bold == b.bold && a.italic == b.italic && a.charset == b.charset && a.name == b.name;
+}
+
+void AddGlyph(const PlacedGlyph& placed, const LineMetrics& metrics, Coverage& coverage) {
+  const int baseline = metrics.ascent + placed.y;
+  if (placed.face != nullptr) {
+    const GlyphBitmap& glyph = placed.face->Glyph(placed.glyph);
+    coverage.AddBits(glyph.bits.data(), glyph.width, glyph.rows, glyph.pitch, placed.x + glyph.left,
+                     baseline - glyph.top);
+    return;
+  }
+  // A character that no font has shows as a hollow box.
+  const Rect box{placed.x + 1, baseline - metrics.ascent * 3 / 4, placed.x + static_cast<int>(placed.glyph) - 1,
+                 baseline};
+  coverage.AddRectangle({box.left, box.top, box.right, box.top + 1});
+  coverage.AddRectangle({box.left, box.bottom - 1, box.right, box.bottom});
+  coverage.AddRectangle({box.left, box.top, box.left + 1, box.bottom});
+  coverage.AddRectangle({box.right - 1, box.top, box.right, box.bottom});
+}
+
+}  // namespace
+
+FontSurface::FontSurface(std::shared_ptr<FontCollection> collection, cDIB& dib)
+    : dib_(dib), shaper_(std::move(collection)) {
+  fonts_.push_back({Font{}, shaper_.Metrics()});
+}
+
+void FontSurface::SelectFont(const Font& font) {
+  const auto known = std::ranges::find_if(fonts_, [&](const KnownFont& other) { return SameFont(other.font, font); });
+  font_ = static_cast<std::size_t>(known - fonts_.begin());
+  if (known != fonts_.end()) return;
+  shaper_.Select(font);
+  shaper_font_ = font_;
+  fonts_.push_back({font, shaper_.Metrics()});
+}
+
+FontSurface::Run& FontSurface::RunOf(std::string_view text, TextFlags flags) {
+  const bool right_to_left = (flags & kRightToLeftReading) != 0;
+  std::string key = std::to_string(font_) + (right_to_left ? 'r' : 'l');
+  key += text;
+  if (const auto known = runs_.find(key); known != runs_.end()) return known->second;
+
+  if (shaper_font_ != font_) {
+    shaper_.Select(fonts_[font_].font);
+    shaper_font_ = font_;
+  }
+  Run run{.shaped = shaper_.Shape(text, right_to_left), .coverage{}, .covered{}, .metrics = fonts_[font_].metrics};
+  const auto pixels =
+      static_cast<std::size_t>(std::min(std::max(run.shaped.width, 0), dib_.Width()) * run.metrics.Height());
+  runs_size_ += key.size() + run.shaped.glyphs.size() * sizeof(PlacedGlyph) + pixels;
+  if (runs_size_ > kMostRunBytes) {
+    runs_.clear();
+    runs_size_ = 0;
+  }
+  return runs_.emplace(std::move(key), std::move(run)).first->second;
+}
+
+Rect FontSurface::Measure(std::string_view text, const Rect& rect, TextFlags flags) {
+  if (text.empty()) return {rect.left, rect.top, rect.left, rect.top};
+  const Run& run = RunOf(text, flags);
+  return {rect.left, rect.top, rect.left + run.shaped.width, rect.top + run.metrics.Height()};
+}
+
+Coverage FontSurface::CoverageOf(std::string_view text, const Rect& rect, int margin, TextFlags flags) {
+  const Rect visible = Intersection(rect, {-margin, -margin, dib_.Width() + margin, dib_.Height() + margin});
+  if (text.empty() || IsEmpty(visible)) return {};
+  Run& run = RunOf(text, flags);
+  const Rect wanted = visible.Moved(-rect.left, -rect.top);
+  if (Intersection(wanted, run.covered) != wanted) {
+    // A little more than asked for, so that the run's shadow and outline, a few pixels off, need no other.
+    constexpr int kMore = 64;
+    run.covered = {wanted.left - kMore, wanted.top - kMore, wanted.right + kMore, wanted.bottom + kMore};
+    const int height = run.metrics.Height();
+    // Glyphs of other fonts may rise above the line or hang below it.
+    run.coverage = Coverage(Intersection(run.covered, {-height, -height, run.shaped.width + height, 2 * height}));
+    for (const PlacedGlyph& glyph : run.shaped.glyphs) AddGlyph(glyph, run.metrics, run.coverage);
+  }
+  return run.coverage.Clipped(visible, rect.left, rect.top);
+}
+
+void FontSurface::Draw(std::string_view text, const Rect& rect, TextFlags flags) {
+  CoverageOf(text, rect, 0, flags).Paint(dib_, dib_.NearestEntry(text_color_));
+}
+
+void FontSurface::DrawSpread(std::string_view text, const Rect& rect, int width, TextFlags flags) {
+  CoverageOf(text, rect, width, flags).Spread(width).Paint(dib_, dib_.NearestEntry(text_color_));
+}
+
+}  // namespace captoria

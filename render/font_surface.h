@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// The surface that subtitles are really drawn on: fonts into a cDIB, without any smoothing.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "render/coverage.h"
+#include "render/dib.h"
+#include "render/text_shaper.h"
+#include "render/text_surface.h"
+
+namespace captoria {
+
+class FontSurface final : public TextSurface {
+ public:
+  // `dib` outlives the surface and may be created anew at any time.
+  FontSurface(std::shared_ptr<FontCollection> collection, cDIB& dib);
+
+  void SelectFont(const Font& font) override;
+  Rect Measure(std::string_view text, const Rect& rect, TextFlags flags) override;
+  void Draw(std::string_view text, const Rect& rect, TextFlags flags) override;
+  void DrawSpread(std::string_view text, const Rect& rect, int width, TextFlags flags) override;
+  ColorValue TextColor() const override { return text_color_; }
+  void SetTextColor(ColorValue color) override { text_color_ = TranslateColor(color); }
+  void SetColorInPalette16(ColorValue color, int index) override { dib_.SetColorInPalette16(color, index); }
+
+  // Of everything measured or drawn so far.
+  const FontReport& Report() const { return shaper_.Report(); }
+
+ private:
+  // A piece of text in one font, laid out once for measuring, shadow, outline and letters.
+  struct Run {
+    ShapedText shaped;
+    Coverage coverage;    // from the left end of the line's top; of `covered` only
+    Rect covered;         // what part of the text has been turned into coverage
+    LineMetrics metrics;  // of the chosen font
+  };
+
+  // A font that was selected before, with its metrics.
+  struct KnownFont {
+    Font font;
+    LineMetrics metrics;
+  };
+
+  Run& RunOf(std::string_view text, TextFlags flags);
+
+  // The coverage of the run drawn at `rect`, clipped to it and to what can show within `margin` pixels of the bitmap.
+  Coverage CoverageOf(std::string_view text, const Rect& rect, int margin, TextFlags flags);
+
+  cDIB& dib_;
+  TextShaper shaper_;
+  ColorValue text_color_ = 0;
+  std::vector<KnownFont> fonts_;
+  std::size_t font_ = 0;         // the selected one
+  std::size_t shaper_font_ = 0;  // the one the shaper has; changed only when something has to be laid out
+  std::unordered_map<std::string, Run> runs_;
+  std::size_t runs_size_ = 0;  // roughly, bytes
+};
+
+}  // namespace captoria

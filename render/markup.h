@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// The tags in a line of a cue's text. "a<b>b</b>" reads as three runs: "a" ended by <b>, "b" ended by </b>, and an
+// empty one ended by the line.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "render/color.h"
+
+namespace captoria {
+
+// The lines of `text`, which CR LF separates; an empty text has none.
+std::vector<std::string_view> SplitStyledLines(std::string_view text);
+
+enum class MarkupTag { Bold, Italic, BoldEnd, ItalicEnd, Font, FontEnd, None };
+
+struct MarkupRun {
+  std::string_view text;                       // may be empty
+  MarkupTag tag = MarkupTag::None;             // what ends the run; None: the line does
+  bool bold_ahead = false;                     // the line has a <b> at the end of the run or anywhere behind it
+  std::optional<std::string_view> attributes;  // of a <font ...> tag that is closed by ">"
+};
+
+// Finds the places of one text in another from left to right. All its answers together take one pass over the line.
+class ForwardSearch {
+ public:
+  ForwardSearch(std::string_view line, std::string_view wanted) : line_(line), wanted_(wanted) {}
+
+  // The first place at `from` or behind it, npos when there is none. `from` never decreases from call to call.
+  std::size_t From(std::size_t from);
+
+ private:
+  std::string_view line_;
+  std::string_view wanted_;
+  std::size_t found_ = 0;
+  bool searched_ = false;
+};
+
+// Reads a line run by run. Every tag that is reached counts, wherever it stands; a <font that is never closed by ">"
+// is cut out up to its blank and the rest is text.
+class MarkupReader {
+ public:
+  explicit MarkupReader(std::string_view line);
+
+  // No value behind the last run. An empty line has no runs.
+  std::optional<MarkupRun> Next();
+
+ private:
+  std::size_t TakeFontTag(std::size_t start, MarkupRun& run);
+
+  std::string_view line_;
+  std::size_t position_ = 0;
+  bool done_;
+  std::array<ForwardSearch, 6> tags_;  // in the order of MarkupTag
+  ForwardSearch closing_bracket_;
+};
+
+// The colour in the attributes of a <font ...> tag, which have to begin with it: color=#FF8000, with or without "#" and
+// double quotes. Six digits are read, and digits that are none or missing leave their part of the colour smaller.
+std::optional<ColorValue> FontTagColor(std::string_view attributes);
+
+}  // namespace captoria

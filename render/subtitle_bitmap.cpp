@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "render/subtitle_bitmap.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+#include "render/styled_text.h"
+#include "subtitles/cue.h"
+
+namespace captoria {
+namespace {
+
+// Room above the text for outline and shadow, and below it.
+constexpr int kHeightBesideLines = 25;
+constexpr int kBelowText = 5;
+constexpr int kWidthBesideText = 4;
+
+constexpr int Even(int length) { return length + length % 2; }
+
+int CountLines(std::string_view text) {
+  int lines = 1;
+  for (auto at = text.find(kLineBreak); at != text.npos; at = text.find(kLineBreak, at + kLineBreak.size())) ++lines;
+  return lines;
+}
+
+int Clamped(std::int64_t length, int most) { return static_cast<int>(std::clamp<std::int64_t>(length, 1, most)); }
+
+}  // namespace
+
+TrackStyle StyleOfCue(const TrackStyle& track, std::string_view tag) {
+  TrackStyle style = track;
+  if (const double fitted = FittedSize(tag); track.FitFont && fitted > 0) style.font.size = fitted;
+  style.InAlign = ReadPlacement(tag).alignment.value_or(track.InAlign);
+  return style;
+}
+
+SubtitleBitmap::SubtitleBitmap(std::shared_ptr<FontCollection> fonts, const BitmapFrame& frame)
+    : frame_(frame), surface_(std::move(fonts), dib_) {
+  dib_.Create(640, 480);
+}
+
+void SubtitleBitmap::SetDibProp(const TrackStyle& style, int lines) { Prepare(style, dib_.Width(), lines); }
+
+void SubtitleBitmap::Prepare(const TrackStyle& style, int width, int lines) {
+  surface_.SelectFont(style.font);
+  const int line_height = surface_.Measure("Haik ", {}, kCalculateRectangle).Height();
+  const int height = Even(Clamped(std::int64_t{lines} * line_height + kHeightBesideLines, cDIB::kLongestSide));
+  if (Even(width) != dib_.Width() || height != dib_.Height()) dib_.Create(Even(width), height);
+
+  dib_.SetColorInPalette16(frame_.back_color, 0);
+  dib_.SetColorInPalette16(ValueOf(style.ForeColor), 1);
+  dib_.SetColorInPalette16(ValueOf(style.OutlineColor), 2);
+  dib_.SetColorInPalette16(ValueOf(style.ShadowColor), 3);
+  for (int grey = cDIB::kDrawnEntries; grey < cDIB::kEntries; ++grey) {
+    dib_.SetColorInPalette16(grey | grey << 8 | grey << 16, grey);
+  }
+  dib_.Cls(frame_.back_color);
+  surface_.SetTextColor(ValueOf(style.ForeColor));
+}
+
+void SubtitleBitmap::RenderCueBitmap(std::string_view text, const TrackStyle& style) {
+  const int outline = style.OutlineWidth, bevel = style.ShadowBevel, offset = std::abs(bevel);
+  surface_.SelectFont(style.font);  // sizing begins with the font that is selected
+  const int text_width = MeasureStyledText(surface_, text, {}, style.font, false).width;
+  const std::int64_t width = std::int64_t{offset} + text_width + 2 * outline + kWidthBesideText;
+  Prepare(style, Clamped(width, frame_.width), CountLines(text));
+
+  const Rect rect{.left = bevel < 0 ? offset : bevel + 2 * outline,
+                  .top = 0,
+                  .right = offset + text_width + 2 * outline,
+                  .bottom = dib_.Height() - kBelowText};
+  DrawStyledText(surface_, text, rect,
+                 {.font = style.font,
+                  .outline_width = outline,
+                  .outline_color = ValueOf(style.OutlineColor),
+                  .alignment = style.InAlign,
+                  .right_to_left = style.RightToLeft,
+                  .shadow_bevel = bevel,
+                  .shadow_color = ValueOf(style.ShadowColor)});
+}
+
+}  // namespace captoria

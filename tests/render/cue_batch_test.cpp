@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "render/cue_batch.h"
+
+#include <gtest/gtest.h>
+
+#include "settings/settings_values.h"
+#include "tests/support/temp_folder.h"
+
+namespace captoria {
+namespace {
+
+std::vector<SubtitleCue> ManyCues() {
+  std::vector<SubtitleCue> cues(100);
+  for (std::size_t i = 0; i < cues.size(); ++i) {
+    cues[i].Text = "Cue <i>number</i> " + std::to_string(i) + (i % 3 == 0 ? "\r\nsecond שלום" : "");
+    if (i % 7 == 0) cues[i].Tag = "12|30r";
+  }
+  return cues;
+}
+
+CueBatch BatchInto(const TempFolder& folder, const std::vector<SubtitleCue>& cues) {
+  return {cues, DefaultTrackStyle(), {720, 0xFF0000}, [&folder](std::size_t i) {
+            return folder.File(BitmapFileName(0, i + 1));
+          }};
+}
+
+TEST(CueBatch, GivesTheSameFilesOnAnyNumberOfThreads) {
+  const auto fonts = FontCollection::Open().value();
+  const auto cues = ManyCues();
+  const TempFolder one, many;
+  NoProgress progress;
+  const auto alone = RenderCues(fonts, BatchInto(one, cues), 1, progress);
+  const auto shared = RenderCues(fonts, BatchInto(many, cues), 5, progress);
+  ASSERT_TRUE(alone && shared);
+  EXPECT_EQ(alone->fonts.fonts, shared->fonts.fonts);
+  for (std::size_t i = 0; i < cues.size(); ++i) {
+    EXPECT_EQ(alone->sizes[i].width, shared->sizes[i].width);
+    const std::string name = BitmapFileName(0, i + 1);
+    EXPECT_FALSE(one.Get(name).empty());
+    EXPECT_TRUE(one.Get(name) == many.Get(name)) << name;
+  }
+}
+
+class StopAfter final : public JobProgress {
+ public:
+  explicit StopAfter(std::size_t steps) : steps_(steps) {}
+  bool Report(std::size_t done, std::size_t) override { return done < steps_; }
+
+ private:
+  std::size_t steps_;
+};
+
+TEST(CueBatch, StopsWhenToldAndAtTheFirstFailure) {
+  const auto fonts = FontCollection::Open().value();
+  const auto cues = ManyCues();
+  const TempFolder folder;
+  StopAfter stop(20);
+  const auto stopped = RenderCues(fonts, BatchInto(folder, cues), 1, stop);
+  ASSERT_FALSE(stopped);
+  EXPECT_EQ(stopped.error().kind, ErrorKind::Cancelled);
+  EXPECT_LT(ListFiles(folder.Path(), "*.bmp").size(), cues.size());
+
+  CueBatch batch = BatchInto(folder, cues);
+  batch.path_of = [&](std::size_t) { return folder.File("none/a.bmp"); };
+  NoProgress progress;
+  EXPECT_EQ(RenderCues(fonts, batch, 3, progress).error().kind, ErrorKind::Unwritable);
+}
+
+TEST(CueBatch, NamesBitmapsByTrackAndCue) {
+  EXPECT_EQ(BitmapFileName(0, 1), "bmp00001.bmp");
+  EXPECT_EQ(BitmapFileName(2, 12), "bmp20012.bmp");
+  EXPECT_EQ(BitmapFileName(7, 10000), "bmp710000.bmp");
+}
+
+}  // namespace
+}  // namespace captoria

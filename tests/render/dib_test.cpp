@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "render/dib.h"
+
+#include <gmock/gmock.h>
+
+#include "render/coverage.h"
+#include "tests/support/temp_folder.h"
+
+namespace captoria {
+namespace {
+
+using testing::ElementsAre;
+
+std::uint32_t Number(const std::string& bytes, std::size_t at, int size) {
+  std::uint32_t value = 0;
+  for (int i = size - 1; i >= 0; --i)
+    value = value << 8 | static_cast<unsigned char>(bytes[at + static_cast<std::size_t>(i)]);
+  return value;
+}
+
+TEST(Dib, SavesTheSizesOfAnEvenBitmap) {
+  const TempFolder folder;
+  cDIB dib;
+  ASSERT_TRUE(dib.Create(312, 50));
+  ASSERT_TRUE(dib.Save(folder.File("a.bmp")));
+  const std::string bytes = folder.Get("a.bmp");
+  EXPECT_EQ(bytes.size(), 7918u);
+  EXPECT_EQ(Number(bytes, 2, 4), 7918u);
+  EXPECT_EQ(Number(bytes, 10, 4), 118u);
+  EXPECT_EQ(Number(bytes, 14, 4), 40u);
+  EXPECT_EQ(Number(bytes, 18, 4), 312u);
+  EXPECT_EQ(Number(bytes, 22, 4), 50u);
+  EXPECT_EQ(Number(bytes, 26, 2), 1u);
+  EXPECT_EQ(Number(bytes, 28, 2), 4u);
+  EXPECT_EQ(Number(bytes, 34, 4), 7800u);
+}
+
+TEST(Dib, SavesRowsFromTheBottomWithTheLeftPixelInTheHighNibble) {
+  const TempFolder folder;
+  cDIB dib;
+  ASSERT_TRUE(dib.Create(3, 2));
+  dib.SetColorInPalette16(0x0000FF, 1);  // red
+  dib.Row(0)[0] = 1;
+  dib.Row(1)[2] = 2;
+  ASSERT_TRUE(dib.Save(folder.File("a.bmp")));
+  const std::string bytes = folder.Get("a.bmp");
+  EXPECT_EQ(bytes.substr(54 + 4, 4), (std::string{"\0\0\xFF\0", 4})) << "the colour table is blue, green, red";
+  EXPECT_EQ(bytes.substr(118), (std::string{"\x00\x20\0\0\x10\0\0\0", 8}));
+}
+
+TEST(Dib, RefusesWhatIsNoBitmap) {
+  cDIB dib;
+  EXPECT_FALSE(dib.Create(0, 10));
+  EXPECT_FALSE(dib.Create(10, cDIB::kLongestSide + 1));
+  const TempFolder folder;
+  EXPECT_FALSE(dib.Save(folder.File("a.bmp")));
+  ASSERT_TRUE(dib.Create(2, 2));
+  EXPECT_FALSE(dib.Save(folder.File("none/a.bmp")));
+  EXPECT_FALSE(FileExists(folder.File("a.bmp")));
+}
+
+TEST(Dib, DrawsInTheNearestOfTheFirstFourColours) {
+  cDIB dib;
+  dib.Create(1, 1);
+  dib.SetColorInPalette16(0xFF0000, 0);
+  dib.SetColorInPalette16(0xFFFFFF, 1);
+  dib.SetColorInPalette16(0x000000, 2);
+  dib.SetColorInPalette16(0x0000FF, 3);
+  dib.SetColorInPalette16(0x464646, 4);
+  EXPECT_EQ(dib.NearestEntry(0xF0F0F0), 1);
+  EXPECT_EQ(dib.NearestEntry(0x1000F0), 3);
+  EXPECT_EQ(dib.NearestEntry(0x464646), 2) << "the greys are not meant to be used";
+}
+
+TEST(Coverage, SpreadIsTheUnionOfAllMoves) {
+  const Rect area{-3, 2, 14, 11};
+  Coverage coverage(area);
+  const std::uint8_t bits[] = {0b10010000, 0b01000001, 0b00000000, 0b10000000};
+  coverage.AddBits(bits, 9, 2, 2, -4, 3);  // partly outside
+  coverage.AddRectangle({5, 6, 8, 40});
+  const Rect everything{-20, -20, 40, 40};
+  for (const int width : {0, 1, 4}) {
+    cDIB spread, moved;
+    spread.Create(30, 30);
+    moved.Create(30, 30);
+    for (cDIB* dib : {&spread, &moved}) dib->SetColorInPalette16(0xFFFFFF, 1);
+    coverage.Spread(width).Clipped(everything, 8, 5).Paint(spread, 1);
+    for (int dx = -width; dx <= width; ++dx) {
+      for (int dy = -width; dy <= width; ++dy) coverage.Clipped(everything, 8 + dx, 5 + dy).Paint(moved, 1);
+    }
+    for (int y = 0; y < 30; ++y) EXPECT_TRUE(std::ranges::equal(spread.Row(y), moved.Row(y))) << width << " " << y;
+  }
+}
+
+TEST(Coverage, BitsLandWhereTheyAreToldAndAreCutAtTheArea) {
+  Coverage coverage({0, 0, 4, 2});
+  const std::uint8_t bits[] = {0b10110000, 0b11110000};
+  coverage.AddBits(bits, 4, 2, 1, 1, -1);
+  cDIB dib;
+  dib.Create(4, 2);
+  coverage.Paint(dib, 2);
+  EXPECT_THAT(dib.Row(0), ElementsAre(0, 2, 2, 2));
+  EXPECT_THAT(dib.Row(1), ElementsAre(0, 0, 0, 0));
+}
+
+TEST(Colors, AreTakenApartAndTranslated) {
+  EXPECT_EQ(SplitColour(16711680), (Color{0, 0, 255}));
+  EXPECT_EQ(SplitColour(0x7F123456), (Color{0x56, 0x34, 0x12}));
+  EXPECT_EQ(TranslateColor(0x123456), 0x123456);
+  EXPECT_EQ(TranslateColor(static_cast<ColorValue>(0x80000005)), 0xFFFFFF) << "the window's background";
+  EXPECT_EQ(TranslateColor(static_cast<ColorValue>(0x80000100)), -1);
+  EXPECT_EQ(TranslateColor(0x02000000), -1);
+}
+
+}  // namespace
+}  // namespace captoria

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// A surface that notes what is asked of it. A byte is 10 pixels wide, 12 in bold, and 1 more in italic; a line is as
+// high as the font has points.
+#pragma once
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "render/text_surface.h"
+
+namespace captoria {
+
+class RecordingSurface : public TextSurface {
+ public:
+  // "abc/b" is abc in bold, "abc/" in the plain font. Fills and everything else that is drawn once are "abc/b@10,20
+  // FF8000"; an outline has its width in front: "4*abc/b@10,20 000000".
+  std::vector<std::string> drawn;
+  std::vector<std::string> measured;
+  std::vector<std::string> palette;  // "3=FF8000"
+  TextFlags draw_flags = 0;          // of the last call
+  std::vector<TextFlags> measure_flags;
+  Rect drawn_at;
+  bool expands_spreads = false;  // notes the single draws of an outline instead
+  Font font;
+
+  void SelectFont(const Font& selected) override { font = selected; }
+
+  Rect Measure(std::string_view text, const Rect& rect, TextFlags flags) override {
+    measured.push_back(Styled(text));
+    measure_flags.push_back(flags);
+    const int advance = (font.bold ? 12 : 10) + (font.italic ? 1 : 0);
+    const int height = text.empty() ? 0 : static_cast<int>(font.size);
+    return {rect.left, rect.top, rect.left + advance * static_cast<int>(text.size()), rect.top + height};
+  }
+
+  void Draw(std::string_view text, const Rect& rect, TextFlags flags) override {
+    drawn.push_back(Place(text, rect));
+    draw_flags = flags;
+    drawn_at = rect;
+  }
+
+  void DrawSpread(std::string_view text, const Rect& rect, int width, TextFlags flags) override {
+    if (expands_spreads) return TextSurface::DrawSpread(text, rect, width, flags);
+    drawn.push_back(std::to_string(width) + "*" + Place(text, rect));
+  }
+
+  ColorValue TextColor() const override { return color_; }
+  void SetTextColor(ColorValue color) override { color_ = color; }
+  void SetColorInPalette16(ColorValue color, int index) override {
+    palette.push_back(std::to_string(index) + "=" + Hex(color));
+  }
+
+ private:
+  std::string Styled(std::string_view text) const {
+    return std::string{text} + "/" + (font.bold ? "b" : "") + (font.italic ? "i" : "");
+  }
+
+  std::string Place(std::string_view text, const Rect& rect) const {
+    return Styled(text) + "@" + std::to_string(rect.left) + "," + std::to_string(rect.top) + " " + Hex(color_);
+  }
+
+  static std::string Hex(ColorValue color) {
+    const Color parts = SplitColour(color);
+    char text[7];
+    std::snprintf(text, sizeof text, "%02X%02X%02X", parts.red, parts.green, parts.blue);
+    return text;
+  }
+
+  ColorValue color_ = 0xFFFFFF;
+};
+
+}  // namespace captoria

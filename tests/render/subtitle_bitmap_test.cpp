@@ -1,0 +1,244 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "render/subtitle_bitmap.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <random>
+
+#include "render/styled_text.h"
+#include "settings/settings_values.h"
+#include "tests/support/temp_folder.h"
+
+namespace captoria {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Key;
+
+constexpr ColorValue kBlue = 16711680;
+const std::string kGolden = CAPTORIA_TEST_DATA "/bitmaps/";
+
+std::shared_ptr<FontCollection> Fonts() {
+  static const auto fonts = FontCollection::Open().value();
+  return fonts;
+}
+
+TrackStyle Style(const std::string& font = "Liberation Sans") {
+  TrackStyle style = DefaultTrackStyle();
+  style.font.name = font;
+  return style;
+}
+
+TrackStyle With(void (*change)(TrackStyle&), TrackStyle style = Style()) {
+  change(style);
+  return style;
+}
+
+// A drawing that must not change by a pixel. The pictures were looked at when they were made;
+// CAPTORIA_WRITE_GOLDEN=1 makes them anew.
+struct GoldenRow {
+  const char* name;
+  std::string text;
+  TrackStyle style;
+};
+
+class Golden : public testing::TestWithParam<GoldenRow> {};
+
+TEST_P(Golden, IsDrawnPixelByPixel) {
+  SubtitleBitmap bitmap(Fonts(), {720, kBlue});
+  bitmap.RenderCueBitmap(GetParam().text, GetParam().style);
+  EXPECT_THAT(bitmap.Report().missing, IsEmpty());
+  const TempFolder folder;
+  const std::string golden = kGolden + GetParam().name + ".bmp";
+  if (std::getenv("CAPTORIA_WRITE_GOLDEN") != nullptr) {
+    EXPECT_TRUE(bitmap.Dib().Save(golden)) << golden;
+  }
+  ASSERT_TRUE(bitmap.Dib().Save(folder.File("drawn.bmp")));
+  EXPECT_TRUE(folder.Get("drawn.bmp") == ReadWholeFile(golden).value_or("")) << golden;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cues, Golden,
+    testing::Values(
+        GoldenRow{"PlainTwoLines", "Plain text, two lines,\r\nnothing else.", Style()},
+        GoldenRow{"BoldAndItalicRuns", "One <b>bold</b>, one <i>italic</i>,\r\none <b><i>both</i></b>.", Style()},
+        GoldenRow{"NoOutline", "No outline", With([](TrackStyle& s) { s.OutlineWidth = 0; })},
+        GoldenRow{"WidestOutline", "Outline of four", With([](TrackStyle& s) { s.OutlineWidth = 4; })},
+        GoldenRow{"ShadowRightDown", "Shadow", With([](TrackStyle& s) { s.ShadowBevel = 3; })},
+        GoldenRow{"ShadowLeftUp", "Shadow", With([](TrackStyle& s) { s.ShadowBevel = -3; })},
+        GoldenRow{"AlignedLeft", "Left\r\nand longer", With([](TrackStyle& s) { s.InAlign = Alignment::Left; })},
+        GoldenRow{"AlignedRight", "Right\r\nand longer", With([](TrackStyle& s) { s.InAlign = Alignment::Right; })},
+        GoldenRow{"FontColour", "White, <font color=\"#FFC040\">amber</font>, white", Style()},
+        GoldenRow{"GreekAndCyrillic", "Ελληνικά, русский", Style()},
+        GoldenRow{"HebrewRightToLeft", "שלום, 12 abc!", With([](TrackStyle& s) { s.RightToLeft = true; })},
+        GoldenRow{"ArabicJoined", "مرحبا بالعالم",
+                  With([](TrackStyle& s) { s.RightToLeft = true; }, Style("Noto Sans Arabic"))},
+        GoldenRow{"ThaiMarks", "ที่นี่ สวัสดี", Style("Noto Sans Thai")},
+        GoldenRow{"Japanese", "日本語テスト", Style("Noto Sans CJK JP")},
+        GoldenRow{"SmallSize", "Small and dense: ilI1 rn m", With([](TrackStyle& s) { s.font.size = 9; })}),
+    [](const auto& row) { return std::string{row.param.name}; });
+
+// A surface that leaves spreading to the plain loops.
+class PlainSurface final : public TextSurface {
+ public:
+  explicit PlainSurface(FontSurface& surface) : surface_(surface) {}
+  void SelectFont(const Font& font) override { surface_.SelectFont(font); }
+  Rect Measure(std::string_view text, const Rect& rect, TextFlags flags) override {
+    return surface_.Measure(text, rect, flags);
+  }
+  void Draw(std::string_view text, const Rect& rect, TextFlags flags) override { surface_.Draw(text, rect, flags); }
+  ColorValue TextColor() const override { return surface_.TextColor(); }
+  void SetTextColor(ColorValue color) override { surface_.SetTextColor(color); }
+  void SetColorInPalette16(ColorValue color, int index) override { surface_.SetColorInPalette16(color, index); }
+
+ private:
+  FontSurface& surface_;
+};
+
+TEST(FontSurface, SpreadingAMaskDrawsWhatSingleDrawsWould) {
+  const DrawingStyle style{.font = Style().font,
+                           .outline_width = 3,
+                           .outline_color = 0,
+                           .alignment = Alignment::Center,
+                           .right_to_left = false,
+                           .shadow_bevel = -2,
+                           .shadow_color = 0x464646};
+  // Beside the ordinary place: cut off by the rectangle, and by each edge of the bitmap.
+  for (const Rect& rect : {Rect{5, 0, 200, 60}, Rect{5, 0, 60, 40}, Rect{-40, -30, 90, 25}, Rect{150, 40, 500, 75}}) {
+    cDIB spread, plain;
+    for (cDIB* dib : {&spread, &plain}) {
+      dib->Create(220, 64);
+      dib->SetColorInPalette16(kBlue, 0);
+      dib->SetColorInPalette16(0xFFFFFF, 1);
+      dib->SetColorInPalette16(0x464646, 3);
+    }
+    FontSurface spread_surface(Fonts(), spread), plain_font_surface(Fonts(), plain);
+    PlainSurface plain_surface(plain_font_surface);
+    for (TextSurface* surface :
+         {static_cast<TextSurface*>(&spread_surface), static_cast<TextSurface*>(&plain_surface)}) {
+      surface->SetTextColor(0xFFFFFF);
+      DrawStyledText(*surface, "A <i>fjord</i>, a jetty", rect, style);
+    }
+    for (int y = 0; y < spread.Height(); ++y) ASSERT_TRUE(std::ranges::equal(spread.Row(y), plain.Row(y))) << y;
+  }
+}
+
+TEST(SubtitleBitmap, IsSizedByTheText) {
+  SubtitleBitmap bitmap(Fonts(), {720, kBlue});
+  TrackStyle style = Style();
+  style.OutlineWidth = 2;
+  style.ShadowBevel = -3;
+  bitmap.SetDibProp(style, 1);
+  const int line = bitmap.Surface().Measure("Haik", {}, 0).Height();
+  const int width = MeasureStyledText(bitmap.Surface(), "Some text", {}, style.font, false).width;
+  bitmap.RenderCueBitmap("Some text\r\nab", style);
+  const int expected_width = 3 + width + 4 + 4, expected_height = 2 * line + 25;
+  EXPECT_EQ(bitmap.Dib().Width(), expected_width + expected_width % 2);
+  EXPECT_EQ(bitmap.Dib().Height(), expected_height + expected_height % 2);
+}
+
+TEST(SubtitleBitmap, IsNoWiderThanTheFrame) {
+  SubtitleBitmap bitmap(Fonts(), {640, kBlue});
+  bitmap.RenderCueBitmap(std::string(200, 'W'), Style());
+  EXPECT_EQ(bitmap.Dib().Width(), 640);
+}
+
+std::string RandomText(std::mt19937& random) {
+  static const std::vector<std::string> pieces{"word ",
+                                               "<b>",
+                                               "</b>",
+                                               "<i>",
+                                               "</i>",
+                                               "<font color=#12FE80>",
+                                               "<font color=\"red\">",
+                                               "</font>",
+                                               "\r\n",
+                                               "ÄÖÜ ",
+                                               "שלום ",
+                                               "日本 ",
+                                               "<u>",
+                                               "<",
+                                               ">",
+                                               "\t",
+                                               "\xFF",
+                                               "😀",
+                                               "مرحبا",
+                                               "x"};
+  std::string text;
+  for (auto i = random() % 12; i > 0; --i) text += pieces[random() % pieces.size()];
+  return text;
+}
+
+TEST(SubtitleBitmap, AThousandRandomCuesUseTheFirstFourEntriesAlone) {
+  std::mt19937 random(7);
+  SubtitleBitmap bitmap(Fonts(), {720, kBlue});
+  const auto color = [&] {
+    const auto byte = [&] { return static_cast<std::uint8_t>(random()); };
+    return Color{byte(), byte(), byte()};
+  };
+  for (int i = 0; i < 1000; ++i) {
+    TrackStyle style = Style();
+    style.ForeColor = color();
+    style.OutlineColor = color();
+    style.ShadowColor = color();
+    style.OutlineWidth = static_cast<int>(random() % 5);
+    style.ShadowBevel = static_cast<int>(random() % 21) - 10;
+    style.InAlign = AlignmentOf(static_cast<int>(random() % 3));
+    style.RightToLeft = random() % 2 == 0;
+    style.font.size = static_cast<double>(5 + random() % 40);
+    bitmap.RenderCueBitmap(RandomText(random), style);
+    for (int y = 0; y < bitmap.Dib().Height(); ++y) {
+      ASSERT_LT(std::ranges::max(bitmap.Dib().Row(y)), cDIB::kDrawnEntries) << "cue " << i;
+    }
+  }
+}
+
+TEST(SubtitleBitmap, HugeCuesAreCutNotRefused) {
+  const auto start = std::chrono::steady_clock::now();
+  SubtitleBitmap bitmap(Fonts(), {720, kBlue});
+  std::string lines = "first";
+  for (int i = 0; i < 199; ++i) lines += "\r\nline";
+  bitmap.RenderCueBitmap(lines, Style());
+  EXPECT_GT(bitmap.Dib().Height(), 200 * 20);
+
+  TrackStyle huge = Style();
+  huge.font.size = 1000;
+  huge.ShadowBevel = -32767;
+  huge.OutlineWidth = 4;
+  bitmap.RenderCueBitmap(lines, huge);
+  EXPECT_LE(bitmap.Dib().Height(), cDIB::kLongestSide);
+
+  for (const std::string& text : {std::string(20'000, 'W'), std::string(10'000'000, 'i'), std::string(500'000, '<')}) {
+    bitmap.RenderCueBitmap(text, Style());
+    EXPECT_EQ(bitmap.Dib().Width(), 720);
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+}
+
+TEST(FontReport, NamesTheFontsUsedAndTheCharactersNoFontHas) {
+  SubtitleBitmap bitmap(Fonts(), {720, kBlue});
+  bitmap.RenderCueBitmap("abc \xF3\xB0\x80\x81", Style("No Such Font"));
+  EXPECT_THAT(bitmap.Report().fonts, Contains(Key("No Such Font")));
+  EXPECT_THAT(bitmap.Report().fonts.at("No Such Font"), testing::Not(IsEmpty()));
+  EXPECT_THAT(bitmap.Report().missing, ElementsAre(0xF0001)) << "of a private plane";
+}
+
+TEST(StyleOfCue, HeedsTheFittedSizeOnlyWhenTheTrackFits) {
+  TrackStyle track = Style();
+  EXPECT_EQ(StyleOfCue(track, "12,75|l").font.size, 12.75);
+  EXPECT_EQ(StyleOfCue(track, "12,75|l").InAlign, Alignment::Left);
+  EXPECT_EQ(StyleOfCue(track, "|40").font.size, 22);
+  EXPECT_EQ(StyleOfCue(track, "|40").InAlign, Alignment::Center);
+  track.FitFont = false;
+  EXPECT_EQ(StyleOfCue(track, "12|r").font.size, 22);
+}
+
+}  // namespace
+}  // namespace captoria
