@@ -13,7 +13,7 @@ namespace {
 // Microsoft, BITMAPFILEHEADER and BITMAPINFOHEADER.
 constexpr std::size_t kFileHeader = 14;
 constexpr std::size_t kInfoHeader = 40;
-constexpr std::size_t kTable = 4 * cDIB::kEntries;
+constexpr std::size_t kTable = std::size_t{4} * cDIB::kEntries;
 constexpr std::size_t kRowsAt = kFileHeader + kInfoHeader + kTable;
 
 // Appends integers in little-endian order.

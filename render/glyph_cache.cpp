@@ -68,7 +68,8 @@ class ColourPicture {
     const unsigned top = bound(y, bitmap_.rows), bottom = std::max(bound(y + 1, bitmap_.rows), top + 1);
     Pixel sum;
     for (unsigned row = top; row < bottom; ++row) {
-      const unsigned char* at = bitmap_.buffer + static_cast<std::ptrdiff_t>(row) * bitmap_.pitch + left * 4;
+      const unsigned char* at =
+          bitmap_.buffer + static_cast<std::ptrdiff_t>(row) * bitmap_.pitch + std::ptrdiff_t{4} * left;
       for (unsigned column = left; column < right; ++column, at += 4) {
         sum.blue += at[0], sum.green += at[1], sum.red += at[2], sum.alpha += at[3];
       }
@@ -150,11 +151,12 @@ GlyphBitmap GlyphFace::FromColours() const {
                     .rows = picture.rows,
                     .pitch = (picture.width + 7) / 8,
                     .bits{}};
-  glyph.bits.resize(static_cast<std::size_t>(glyph.pitch) * static_cast<std::size_t>(glyph.rows));
+  const auto pitch = static_cast<std::size_t>(glyph.pitch);
+  glyph.bits.resize(pitch * static_cast<std::size_t>(glyph.rows));
   for (int y = 0; y < glyph.rows; ++y) {
+    std::uint8_t* row = glyph.bits.data() + pitch * static_cast<std::size_t>(y);
     for (int x = 0; x < glyph.width; ++x) {
-      if (picture.Covers(x, y))
-        glyph.bits[static_cast<std::size_t>(y * glyph.pitch + x / 8)] |= static_cast<std::uint8_t>(0x80 >> x % 8);
+      if (picture.Covers(x, y)) row[x / 8] = static_cast<std::uint8_t>(row[x / 8] | 0x80 >> x % 8);
     }
   }
   return glyph;

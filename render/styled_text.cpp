@@ -40,7 +40,7 @@ class RunningStyle {
  public:
   RunningStyle(const Font& own, Rules rules) : own_(own), font_(own), rules_(rules) {}
 
-  const Font& font() const { return font_; }
+  const Font& Current() const { return font_; }
 
   void Reset() { font_ = own_; }
 
@@ -93,7 +93,7 @@ void WalkLine(TextSurface& surface, std::string_view line, RunningStyle& style, 
   while (const auto run = reader.Next()) {
     style.Reach(*run);
     visit(*run);
-    surface.SelectFont(style.font());
+    surface.SelectFont(style.Current());
   }
 }
 
@@ -133,6 +133,7 @@ void Drawing::Draw(std::string_view text) {
   if (lines.empty()) return;
 
   std::vector<Wide> widths;
+  widths.reserve(lines.size());
   for (const std::string_view line : lines) widths.push_back(LineWidth(line));
   const Wide block_width = *std::ranges::max_element(widths);
   Wide top = rect_.bottom - static_cast<Wide>(lines.size()) * line_height - kBottomMargin;
@@ -146,7 +147,7 @@ void Drawing::Draw(std::string_view text) {
 template <typename Visit>
 void Drawing::WalkDrawnLine(std::string_view line, Visit visit) {
   running_.Reset();
-  surface_.SelectFont(running_.font());
+  surface_.SelectFont(running_.Current());
   ColorValue color = base_color_;
   WalkLine(surface_, line, running_, [&](const MarkupRun& run) {
     ColorValue next = color;

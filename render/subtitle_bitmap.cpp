@@ -65,7 +65,7 @@ void SubtitleBitmap::RenderCueBitmap(std::string_view text, const TrackStyle& st
   const int outline = style.OutlineWidth, bevel = style.ShadowBevel, offset = std::abs(bevel);
   surface_.SelectFont(style.font);  // sizing begins with the font that is selected
   const int text_width = MeasureStyledText(surface_, text, {}, style.font, false).width;
-  const std::int64_t width = std::int64_t{offset} + text_width + 2 * outline + kWidthBesideText;
+  const std::int64_t width = std::int64_t{offset} + text_width + outline + outline + kWidthBesideText;
   Prepare(style, Clamped(width, frame_.width), CountLines(text));
 
   const Rect rect{.left = bevel < 0 ? offset : bevel + 2 * outline,
