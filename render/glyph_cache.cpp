@@ -82,6 +82,12 @@ class ColourPicture {
   double scale_;
 };
 
+void SetSlant(FT_Face face, const FcMatrix& slant) {
+  const auto fixed = [](double number) { return static_cast<FT_Fixed>(std::lround(number * 0x10000)); };
+  FT_Matrix matrix{fixed(slant.xx), fixed(slant.xy), fixed(slant.yx), fixed(slant.yy)};
+  FT_Set_Transform(face, &matrix, nullptr);
+}
+
 }  // namespace
 
 GlyphFace::GlyphFace(FT_LibraryRec_* library, _FcPattern* pattern) {
@@ -95,21 +101,20 @@ GlyphFace::GlyphFace(FT_LibraryRec_* library, _FcPattern* pattern) {
     face_ = nullptr;
     return;
   }
+  FcMatrix* matrix = nullptr;
+  FcPatternGetMatrix(pattern, FC_MATRIX, 0, &matrix);
   if (FT_IS_SCALABLE(face_)) {
     FT_Set_Char_Size(face_, 0, static_cast<FT_F26Dot6>(std::lround(size * 64)), 0, 0);
+    if (matrix != nullptr) SetSlant(face_, *matrix);
   } else if (face_->num_fixed_sizes > 0) {
     FT_Select_Size(face_, face_->num_fixed_sizes - 1);
-    strike_scale_ = size / std::max(1.0, static_cast<double>(face_->size->metrics.y_ppem));
+    // Of pictures of one size the matcher tells that size, and by the matrix how much smaller they are wanted.
+    const double wanted = size * (matrix != nullptr ? matrix->yy : 1);
+    strike_scale_ = wanted / std::max(1.0, static_cast<double>(face_->size->metrics.y_ppem));
   }
   FcBool embolden = FcFalse;
   FcPatternGetBool(pattern, FC_EMBOLDEN, 0, &embolden);
   embolden_ = embolden != FcFalse;
-  FcMatrix* slant = nullptr;
-  if (FT_IS_SCALABLE(face_) && FcPatternGetMatrix(pattern, FC_MATRIX, 0, &slant) == FcResultMatch) {
-    const auto fixed = [](double number) { return static_cast<FT_Fixed>(std::lround(number * 0x10000)); };
-    FT_Matrix matrix{fixed(slant->xx), fixed(slant->xy), fixed(slant->yx), fixed(slant->yy)};
-    FT_Set_Transform(face_, &matrix, nullptr);
-  }
 }
 
 GlyphFace::~GlyphFace() {
