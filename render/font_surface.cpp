@@ -10,7 +10,7 @@ namespace captoria {
 namespace {
 
 // Enough for every run of any sensible cue, so that nothing of it is laid out twice.
-constexpr std::size_t kMostRunBytes = std::size_t{8} << 20;
+constexpr std::size_t kMostRunBytes = std::size_t{2} << 20;
 
 bool SameFont(const Font& a, const Font& b) {
   return a.size == b.size && a.bold == b.bold && a.italic == b.italic && a.charset == b.charset && a.name == b.name;
@@ -49,7 +49,7 @@ void FontSurface::SelectFont(const Font& font) {
   fonts_.push_back({font, shaper_.Metrics()});
 }
 
-FontSurface::Run& FontSurface::RunOf(std::string_view text, TextFlags flags) {
+const FontSurface::Run& FontSurface::RunOf(std::string_view text, TextFlags flags) {
   const bool right_to_left = (flags & kRightToLeftReading) != 0;
   std::string key = std::to_string(font_) + (right_to_left ? 'r' : 'l');
   key += text;
@@ -59,13 +59,12 @@ FontSurface::Run& FontSurface::RunOf(std::string_view text, TextFlags flags) {
     shaper_.Select(fonts_[font_].font);
     shaper_font_ = font_;
   }
-  Run run{.shaped = shaper_.Shape(text, right_to_left), .coverage{}, .covered{}, .metrics = fonts_[font_].metrics};
-  const auto pixels =
-      static_cast<std::size_t>(std::min(std::max(run.shaped.width, 0), dib_.Width()) * run.metrics.Height());
-  runs_size_ += key.size() + run.shaped.glyphs.size() * sizeof(PlacedGlyph) + pixels;
+  Run run{shaper_.Shape(text, right_to_left), fonts_[font_].metrics};
+  runs_size_ += key.size() + run.shaped.glyphs.size() * sizeof(PlacedGlyph);
   if (runs_size_ > kMostRunBytes) {
     runs_.clear();
     runs_size_ = 0;
+    mask_ = {};
   }
   return runs_.emplace(std::move(key), std::move(run)).first->second;
 }
@@ -76,21 +75,24 @@ Rect FontSurface::Measure(std::string_view text, const Rect& rect, TextFlags fla
   return {rect.left, rect.top, rect.left + run.shaped.width, rect.top + run.metrics.Height()};
 }
 
+const Coverage& FontSurface::MaskOf(const Run& run, const Rect& wanted) {
+  if (mask_.run == &run && Intersection(wanted, mask_.covered) == wanted) return mask_.coverage;
+  // A little more than asked for, so that the run's shadow and outline, a few pixels off, need no other.
+  constexpr int kMore = 64;
+  mask_.run = &run;
+  mask_.covered = {wanted.left - kMore, wanted.top - kMore, wanted.right + kMore, wanted.bottom + kMore};
+  const int height = run.metrics.Height();
+  // Glyphs of other fonts may rise above the line or hang below it.
+  mask_.coverage = Coverage(Intersection(mask_.covered, {-height, -height, run.shaped.width + height, 2 * height}));
+  for (const PlacedGlyph& glyph : run.shaped.glyphs) AddGlyph(glyph, run.metrics, mask_.coverage);
+  return mask_.coverage;
+}
+
 Coverage FontSurface::CoverageOf(std::string_view text, const Rect& rect, int margin, TextFlags flags) {
   const Rect visible = Intersection(rect, {-margin, -margin, dib_.Width() + margin, dib_.Height() + margin});
   if (text.empty() || IsEmpty(visible)) return {};
-  Run& run = RunOf(text, flags);
   const Rect wanted = visible.Moved(-rect.left, -rect.top);
-  if (Intersection(wanted, run.covered) != wanted) {
-    // A little more than asked for, so that the run's shadow and outline, a few pixels off, need no other.
-    constexpr int kMore = 64;
-    run.covered = {wanted.left - kMore, wanted.top - kMore, wanted.right + kMore, wanted.bottom + kMore};
-    const int height = run.metrics.Height();
-    // Glyphs of other fonts may rise above the line or hang below it.
-    run.coverage = Coverage(Intersection(run.covered, {-height, -height, run.shaped.width + height, 2 * height}));
-    for (const PlacedGlyph& glyph : run.shaped.glyphs) AddGlyph(glyph, run.metrics, run.coverage);
-  }
-  return run.coverage.Clipped(visible, rect.left, rect.top);
+  return MaskOf(RunOf(text, flags), wanted).Clipped(visible, rect.left, rect.top);
 }
 
 void FontSurface::Draw(std::string_view text, const Rect& rect, TextFlags flags) {

@@ -36,9 +36,15 @@ class FontSurface final : public TextSurface {
   // A piece of text in one font, laid out once for measuring, shadow, outline and letters.
   struct Run {
     ShapedText shaped;
-    Coverage coverage;    // from the left end of the line's top; of `covered` only
-    Rect covered;         // what part of the text has been turned into coverage
     LineMetrics metrics;  // of the chosen font
+  };
+
+  // What the run that was drawn last covers. Its shadow, its outline and its letters are drawn one after the other, so
+  // one mask is all there is to keep.
+  struct Mask {
+    const Run* run = nullptr;
+    Rect covered;       // the part of the run that was turned into coverage, from the left end of the line's top
+    Coverage coverage;  // of that part
   };
 
   // A font that was selected before, with its metrics.
@@ -47,7 +53,10 @@ class FontSurface final : public TextSurface {
     LineMetrics metrics;
   };
 
-  Run& RunOf(std::string_view text, TextFlags flags);
+  const Run& RunOf(std::string_view text, TextFlags flags);
+
+  // The coverage of at least the part `wanted` of `run`.
+  const Coverage& MaskOf(const Run& run, const Rect& wanted);
 
   // The coverage of the run drawn at `rect`, clipped to it and to what can show within `margin` pixels of the bitmap.
   Coverage CoverageOf(std::string_view text, const Rect& rect, int margin, TextFlags flags);
@@ -60,6 +69,7 @@ class FontSurface final : public TextSurface {
   std::size_t shaper_font_ = 0;  // the one the shaper has; changed only when something has to be laid out
   std::unordered_map<std::string, Run> runs_;
   std::size_t runs_size_ = 0;  // roughly, bytes
+  Mask mask_;
 };
 
 }  // namespace captoria
