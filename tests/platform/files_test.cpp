@@ -4,13 +4,12 @@
 #include "platform/files.h"
 
 #include <gmock/gmock.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <filesystem>
 
+#include "tests/support/full_disk.h"
 #include "tests/support/temp_folder.h"
 
 namespace captoria {
@@ -21,19 +20,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 std::size_t FilesIn(const TempFolder& folder) { return ListFiles(folder.Path(), "*").size(); }
-
-// Runs `work` while files may not grow past `bytes`, which is what a full disk looks like to a program.
-template <typename Work>
-void WithFullDisk(rlim_t bytes, Work work) {
-  rlimit before;
-  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-  const auto old_handler = std::signal(SIGXFSZ, SIG_IGN);
-  const rlimit tight{bytes, before.rlim_max};
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
-  work();
-  setrlimit(RLIMIT_FSIZE, &before);
-  std::signal(SIGXFSZ, old_handler);
-}
 
 TEST(Files, AFullDiskKeepsTheOldFileAndLeavesNothingBeside) {
   const TempFolder folder;

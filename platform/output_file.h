@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// A large file being made. Nobody sees it under its final name before it is whole, and where the file system can, a
+// process that is killed leaves nothing behind at all.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "platform/input_file.h"
+#include "platform/result.h"
+
+namespace captoria {
+
+class OutputFile {
+ public:
+  // Unwritable when the folder is not there or may not be written.
+  static Result<OutputFile> Create(const std::string& path);
+  OutputFile(OutputFile&& other) noexcept;
+  OutputFile& operator=(OutputFile&&) = delete;
+
+  // A file that was not committed is gone.
+  ~OutputFile();
+
+  // Bytes appended so far.
+  std::uint64_t Size() const { return size_; }
+
+  Result<void> Append(std::span<const std::uint8_t> bytes);
+  Result<void> Append(std::string_view bytes);
+
+  // Writes over what has been appended before.
+  Result<void> WriteAt(std::uint64_t offset, std::span<const std::uint8_t> bytes);
+
+  // Appends `size` bytes of `source` from `offset`, inside the system where it can. Damaged when the source ends
+  // before.
+  Result<void> AppendFrom(const InputFile& source, std::uint64_t offset, std::uint64_t size);
+
+  // Gives the file its name, in place of a file that has it. Not synced: like a copy, it can be made again.
+  Result<void> Commit();
+
+ private:
+  OutputFile(std::string path, std::string beside, int descriptor)
+      : path_(std::move(path)), beside_(std::move(beside)), descriptor_(descriptor) {}
+
+  tl::unexpected<Error> WriteFailure() const;
+  Result<void> Flush();
+
+  std::string path_;
+  std::string beside_;  // the name until the commit; empty while there is none
+  int descriptor_ = -1;
+  std::uint64_t size_ = 0;
+  std::string buffer_;  // appended and not yet written, the last bytes of `size_`
+};
+
+}  // namespace captoria

@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "platform/output_file.h"
+
+#include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "tests/support/full_disk.h"
+#include "tests/support/temp_folder.h"
+
+namespace captoria {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::vector<std::string> FilesIn(const TempFolder& folder) { return ListFiles(folder.Path(), "*"); }
+
+TEST(OutputFile, AppearsWholeOnCommitAndReplaces) {
+  const TempFolder folder;
+  folder.Put("film", "old");
+  auto file = OutputFile::Create(folder.File("film"));
+  ASSERT_TRUE(file);
+  ASSERT_TRUE(file->Append("0123456789"));
+  ASSERT_TRUE(file->Append(std::string(600'000, 'x')));
+  const std::uint8_t patch[] = {'A', 'B'};
+  ASSERT_TRUE(file->WriteAt(2, patch));
+  ASSERT_TRUE(file->Append("end"));
+  EXPECT_EQ(folder.Get("film"), "old");
+  ASSERT_TRUE(file->Commit());
+  EXPECT_EQ(folder.Get("film"), "01AB456789" + std::string(600'000, 'x') + "end");
+  EXPECT_THAT(FilesIn(folder), ElementsAre("film"));
+}
+
+TEST(OutputFile, CopiesParts) {
+  const TempFolder folder;
+  std::string content;
+  for (int i = 0; i < 700'000; ++i) content += static_cast<char>(i * 7 + i / 1000);
+  const auto source = InputFile::Open(folder.Put("source", content));
+  auto file = OutputFile::Create(folder.File("copy"));
+  ASSERT_TRUE(file->Append("head"));
+  ASSERT_TRUE(file->AppendFrom(*source, 100, 650'000));
+  EXPECT_EQ(file->Size(), 650'004u);
+  EXPECT_EQ(file->AppendFrom(*source, 650'000, 50'001).error().kind, ErrorKind::Damaged) << "a byte more than there is";
+  ASSERT_TRUE(file->Commit());
+  EXPECT_TRUE(folder.Get("copy").starts_with("head" + content.substr(100, 650'000)));
+}
+
+TEST(OutputFile, LeavesNothingWhenItIsDroppedOrTheDiskIsFull) {
+  const TempFolder folder;
+  { ASSERT_TRUE(OutputFile::Create(folder.File("film"))->Append("abc")); }
+  const auto source = InputFile::Open(folder.Put("source", std::string(300'000, 'x')));
+  WithFullDisk(100'000, [&] {
+    auto copied = OutputFile::Create(folder.File("film"));
+    EXPECT_EQ(copied->AppendFrom(*source, 0, source->Size()).error().kind, ErrorKind::Unwritable);
+    auto appended = OutputFile::Create(folder.File("film"));
+    EXPECT_TRUE(appended->Append(std::string(200'000, 'y'))) << "still in the buffer";
+    EXPECT_FALSE(appended->Commit());
+  });
+  EXPECT_THAT(FilesIn(folder), ElementsAre("source"));
+}
+
+TEST(OutputFile, LeavesNothingWhenTheProcessIsKilled) {
+  const TempFolder folder;
+  const pid_t child = fork();
+  if (child == 0) {
+    auto file = OutputFile::Create(folder.File("film"));
+    if (file) (void)file->Append(std::string(1'000'000, 'x'));
+    std::raise(SIGKILL);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  ASSERT_TRUE(WIFSIGNALED(status));
+  EXPECT_FALSE(FileExists(folder.File("film")));
+}
+
+TEST(OutputFile, NeedsAFolderToWriteInto) {
+  const TempFolder folder;
+  EXPECT_EQ(OutputFile::Create(folder.File("none/film")).error().kind, ErrorKind::Unwritable);
+}
+
+TEST(InputFile, ReadsPlacesAndKnowsItsEnd) {
+  const TempFolder folder;
+  auto file = InputFile::Open(folder.Put("a", "0123456789"));
+  ASSERT_TRUE(file);
+  EXPECT_EQ(file->Size(), 10u);
+  std::uint8_t four[4];
+  EXPECT_EQ(file->ReadAt(8, four).value(), 2u);
+  EXPECT_EQ(four[1], '9');
+  EXPECT_TRUE(file->ReadExactly(6, four));
+  EXPECT_EQ(file->ReadExactly(7, four).error().kind, ErrorKind::Damaged);
+  EXPECT_EQ(InputFile::Open(folder.Path()).error().kind, ErrorKind::Unreadable);
+  EXPECT_EQ(InputFile::Open(folder.File("none")).error().kind, ErrorKind::NotFound);
+}
+
+TEST(InputFile, OneFileByTwoNamesIsOneFile) {
+  const TempFolder folder;
+  const std::string a = folder.Put("a", "1"), b = folder.Put("b", "1");
+  std::filesystem::create_symlink("a", folder.File("link"));
+  EXPECT_TRUE(IsSameFile(a, folder.File("link")));
+  EXPECT_TRUE(IsSameFile(a, folder.Path() + "/./a"));
+  EXPECT_FALSE(IsSameFile(a, b));
+  EXPECT_FALSE(IsSameFile(a, folder.File("none")));
+}
+
+}  // namespace
+}  // namespace captoria
