@@ -2,20 +2,22 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# scripts/setup.sh [test] [ci]: installs the Debian packages that building needs, and those of the named groups.
+# scripts/setup.sh [test] [bench] [docs] [fuzz] [ci]: installs the Debian packages that building needs, and those of the named groups.
 # Silent, and done in an instant, when nothing is missing.
 set -euo pipefail
 
 build=(
   cmake g++ ninja-build pkg-config python3
-  libcli11-dev libexpected-dev libpango1.0-dev libuchardet-dev nlohmann-json3-dev
+  libavcodec-dev libavformat-dev libcli11-dev libexpected-dev libpango1.0-dev libswscale-dev libuchardet-dev
+  nlohmann-json3-dev
 )
 test=(
-  libgmock-dev libgtest-dev
+  ffmpeg libgmock-dev libgtest-dev
   fonts-dejavu-core fonts-liberation fonts-noto-cjk fonts-noto-core fonts-symbola
 )
 bench=(dvdauthor ffmpeg fonts-liberation)
 docs=(imagemagick)
+fuzz=(clang libclang-rt-14-dev)
 ci=(clang-format-14 clang-tidy-14)
 
 wanted=("${build[@]}")

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// bmptoxsub.exe: turns the bitmaps of a list file into the packets of a subtitle stream.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <string>
+
+#include "media/subtitle_list.h"
+#include "media/xsub_file.h"
+#include "platform/ascii.h"
+#include "platform/files.h"
+#include "platform/input_file.h"
+#include "tools/terminal_progress.h"
+
+namespace captoria {
+namespace {
+
+enum ExitStatus { kExitDone = 0, kExitFailed = 1, kExitUsage = 2, kExitInterrupted = 130 };
+
+struct Options {
+  std::string list;
+  std::string out;
+  std::string mode;
+};
+
+void Complain(const std::string& message) { std::fprintf(stderr, "bmptoxsub: %s\n", message.c_str()); }
+
+// Nothing that is still to be read may be replaced.
+Result<void> CheckTarget(const Options& options, const SubtitleList& list) {
+  if (!FileExists(options.out)) return {};
+  bool source = IsSameFile(options.out, options.list);
+  for (const ListedCue& cue : list.cues) source = source || IsSameFile(options.out, PathOf(list, cue));
+  if (!source) return {};
+  return Failure(ErrorKind::Unwritable, options.out + ": is the list or one of its bitmaps and is not written over");
+}
+
+Result<void> Convert(const Options& options) {
+  const ListFrame frame = options.mode.empty() ? ListFrame::AsListed : ListFrame::Ntsc;
+  auto list = ReadConverterList(options.list, frame);
+  if (!list) return tl::unexpected(list.error());
+  if (auto fine = CheckTarget(options, *list); !fine) return fine;
+  for (const std::string& warning : list->warnings) Complain(warning);
+  TerminalProgress progress("Converting bitmaps...");
+  return WriteXsubFile(options.out, *PacketsOf(std::move(*list)), progress);
+}
+
+int Run(const Options& options) {
+  const auto done = Convert(options);
+  if (done) return kExitDone;
+  if (done.error().kind == ErrorKind::Cancelled) return kExitInterrupted;
+  Complain(done.error().message);
+  return kExitFailed;
+}
+
+}  // namespace
+}  // namespace captoria
+
+int main(int argc, char** argv) {
+  using namespace captoria;
+  CLI::App app("Turns the bitmaps of a list file into a subtitle stream for DivXMux.", "bmptoxsub.exe");
+  app.set_version_flag("-V,--version", "Captoria " CAPTORIA_VERSION);
+  app.footer("Exit status: 0 done, 1 failed, 2 wrong usage, 130 interrupted.");
+  Options options;
+  app.add_option("LIST", options.list, "The list file; the bitmaps stand beside it")->required()->type_name("");
+  app.add_option("OUT.xsub", options.out, "The file to write")->required()->type_name("");
+  app.add_option("PALMODE1", options.mode,
+                 "PALMODE1 moves the subtitles of a 576-line frame to their place on the 480-line frame")
+      ->type_name("")
+      ->check([](const std::string& mode) {
+        return EqualsIgnoringCase(mode, "PALMODE1") ? std::string{} : "\"" + mode + "\" is no mode; there is PALMODE1";
+      });
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    if (error.get_exit_code() == 0) return app.exit(error);
+    Complain(std::string{error.what()} + "; see --help");
+    return kExitUsage;
+  }
+  return Run(options);
+}

@@ -1,0 +1,217 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// captoria-run: runs a mux script where there is no command interpreter of that kind. It reads the few lines such a
+// script has and starts the tools itself, never through a shell.
+#include <poll.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <system_error>
+
+#include "platform/ascii.h"
+#include "platform/files.h"
+#include "platform/input_file.h"
+#include "platform/mux_script.h"
+#include "platform/path_text.h"
+#include "platform/process.h"
+#include "platform/program_folder.h"
+
+namespace captoria {
+namespace {
+
+namespace fs = std::filesystem;
+using Kind = MuxScriptStep::Kind;
+
+constexpr int kFailed = 1;
+constexpr int kUsage = 2;
+constexpr int kInterrupted = 130;
+
+volatile std::sig_atomic_t interrupted = 0;
+
+// Ctrl-C, a request to end and a terminal that goes away all stop the tools. What whoever started us had ignored stays
+// ignored, as `nohup` wants it. A reader of our output that goes away stops nothing.
+void HandleSignals() {
+  for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
+    struct sigaction action {};
+    if (::sigaction(number, nullptr, &action) == 0 && action.sa_handler == SIG_IGN) continue;
+    action = {};
+    action.sa_handler = [](int) { interrupted = 1; };
+    ::sigaction(number, &action, nullptr);
+  }
+  std::signal(SIGPIPE, SIG_IGN);
+}
+
+class UntilInterrupted final : public JobProgress {
+ public:
+  bool Report(std::size_t, std::size_t) override { return interrupted == 0; }
+};
+
+std::string_view WithoutExe(std::string_view name) {
+  constexpr std::string_view kExe = ".exe";
+  const bool has = name.size() > kExe.size() && EqualsIgnoringCase(name.substr(name.size() - kExe.size()), kExe);
+  return has ? name.substr(0, name.size() - kExe.size()) : name;
+}
+
+// The file of `folder` that `name` means. One spelled alike goes before one in another case, and that before one with
+// or without ".exe".
+std::optional<std::string> FindToolIn(const std::string& folder, std::string_view name) {
+  std::optional<std::string> found;
+  int best = 3;
+  for (const std::string& file : ListFiles(folder, "*")) {
+    if (!EqualsIgnoringCase(WithoutExe(file), WithoutExe(name))) continue;
+    const int distance = file == name ? 0 : EqualsIgnoringCase(file, name) ? 1 : 2;
+    if (distance >= best) continue;
+    best = distance;
+    found = JoinPath(folder, file);
+  }
+  return found;
+}
+
+bool IsWindowsProgram(const std::string& path) {
+  const auto file = InputFile::Open(path);
+  std::array<std::uint8_t, 2> start{};
+  return file && file->ReadExactly(0, start) && start[0] == 'M' && start[1] == 'Z';
+}
+
+// Waits for a line where a person can type one. False: interrupted.
+bool Pause() {
+  if (::isatty(STDIN_FILENO) == 0) return true;
+  std::fputs("Press Enter to go on . . . ", stdout);
+  std::fflush(stdout);
+  while (interrupted == 0) {
+    pollfd input{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0};
+    if (::poll(&input, 1, 100) <= 0) continue;
+    std::array<char, 256> line;
+    const ssize_t got = ::read(STDIN_FILENO, line.data(), line.size());
+    if (got >= 0 || errno != EINTR) return true;
+  }
+  return false;
+}
+
+class ScriptRun {
+ public:
+  explicit ScriptRun(const std::string& script) {
+    std::error_code gone;  // our own folder, which leaves paths as they were given
+    folder_ = fs::current_path(gone).string();
+    script_ = (fs::path(folder_) / script).string();
+    script_folder_ = fs::path(script_).parent_path().string();
+  }
+
+  // The exit status: that of the first tool that fails, else of the last one.
+  int Run() {
+    const auto steps = ReadMuxScript(script_);
+    if (!steps && steps.error().kind == ErrorKind::NotFound) return Complain(steps.error().message);
+    BeginLog();
+    if (!steps) return Complain(steps.error().message);
+
+    int status = 0;
+    for (const MuxScriptStep& step : *steps) {
+      // A pause is kept after a failure too: it is what leaves time to read why.
+      if (step.kind == Kind::Pause && !Pause()) return kInterrupted;
+      if (status == 0 && step.kind == Kind::ChangeFolder) status = ChangeFolder(step);
+      if (status == 0 && step.kind == Kind::RunTool) status = RunTool(step);
+      if (interrupted != 0) return kInterrupted;
+    }
+    return status;
+  }
+
+ private:
+  void BeginLog() {
+    const std::string log = JoinPath(script_folder_, "divxmux.log");
+    const auto begun = WriteWholeFile(log, "", Sync::No);
+    if (!begun) Complain(begun.error().message);
+    if (begun) log_ = log;
+  }
+
+  // On standard error and in the log, where whoever looks after a failure finds it behind the tools' own words.
+  int Complain(const std::string& message) const {
+    const std::string line = "captoria-run: " + message + "\n";
+    std::fputs(line.c_str(), stderr);
+    if (!log_.empty()) std::ofstream(log_, std::ios::app | std::ios::binary) << line;
+    return kFailed;
+  }
+
+  int Complain(const MuxScriptStep& step, const std::string& message) const {
+    return Complain(script_ + ": line " + std::to_string(step.line) + ": " + message);
+  }
+
+  int ChangeFolder(const MuxScriptStep& step) {
+    const std::string folder = (fs::path(folder_) / step.words.front()).string();
+    if (!FolderExists(folder)) return Complain(step, folder + ": is no folder");
+    folder_ = folder;
+    return 0;
+  }
+
+  std::optional<std::string> FindTool(const std::string& name) const {
+    for (const std::string& folder : {folder_, script_folder_, ExecutableFolder()}) {
+      if (auto found = FindToolIn(folder, name)) return found;
+    }
+    return std::nullopt;
+  }
+
+  int RunTool(const MuxScriptStep& step) const {
+    const std::string& name = step.words.front();
+    const auto tool = FindTool(name);
+    if (!tool) return Complain(step, name + ": is neither in " + folder_ + " nor beside the script or captoria-run");
+
+    ProcessStart start{.program = *tool,
+                       .arguments{step.words.begin() + 1, step.words.end()},
+                       .folder = folder_,
+                       .environment{},
+                       .log_file = log_,
+                       .shows_output = true,
+                       .ends_with_us = true};
+    if (IsWindowsProgram(*tool)) {
+      const auto wine = FindOnPath("wine", ProcessEnvironment());
+      if (!wine) return Complain(step, *tool + ": is a Windows program, and wine, which would run it, is not on PATH");
+      start.program = *wine;
+      start.arguments.insert(start.arguments.begin(), *tool);
+    }
+    auto process = Process::Start(start);
+    if (!process) return Complain(step, process.error().message);
+    UntilInterrupted progress;
+    const auto status = process->Wait(progress);
+    if (!status)
+      return status.error().kind == ErrorKind::Cancelled ? kInterrupted : Complain(step, status.error().message);
+    if (*status != 0) Complain(step, name + " ended with status " + std::to_string(*status));
+    return *status;
+  }
+
+  std::string folder_;  // where the next tool runs
+  std::string script_;
+  std::string script_folder_;
+  std::string log_;  // empty while there is none
+};
+
+}  // namespace
+}  // namespace captoria
+
+int main(int argc, char** argv) {
+  using namespace captoria;
+  CLI::App app("Runs a mux script (divxmux.bat): its folder changes, its tools, its pause.", "captoria-run");
+  app.set_version_flag("-V,--version", "captoria-run " CAPTORIA_VERSION);
+  app.footer(
+      "A tool is looked up in the script's current folder, beside the script and beside\n"
+      "captoria-run, whatever the case of its name. What the tools write also goes to\n"
+      "divxmux.log beside the script.\n"
+      "Exit status: that of the last tool; 1 a step failed, 2 wrong usage, 130 interrupted.");
+  std::string script;
+  app.add_option("SCRIPT", script, "the script")->required();
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? 0 : kUsage;
+  }
+  HandleSignals();
+  return ScriptRun(script).Run();
+}

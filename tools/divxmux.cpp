@@ -1,0 +1,155 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// DivXMux.exe: puts a video, those of its other streams that are named, and new subtitle streams into one film.
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include "media/divx_mux.h"
+#include "media/subtitle_list.h"
+#include "media/vobsub_source.h"
+#include "media/xsub_file.h"
+#include "platform/ascii.h"
+#include "platform/input_file.h"
+#include "tools/divxmux_arguments.h"
+#include "tools/terminal_progress.h"
+
+namespace captoria {
+namespace {
+
+constexpr int kDone = 0, kFailed = 1, kUsage = 2, kInterrupted = 130;
+
+constexpr const char* kHelp =
+    R"(DivXMux puts subtitle pictures into a film, beside its untouched picture and sound.
+
+  DivXMux.exe -v (TITLE) VIDEO [STREAM]... -o OUT
+
+  -v (TITLE) VIDEO      the video stream of an AVI or DivX file
+  -a #N (TITLE) VIDEO   its audio stream number N, counted from 1
+  -s #N (TITLE) VIDEO   its subtitle stream number N, counted from 1
+  -s (TITLE) SOURCE     a new subtitle stream: an .xsub file, a list of bitmaps (.txt) or a VobSub index (.idx)
+  -o OUT                the film to write; a file of that name is replaced
+  --profile NAME        how headers of new subtitle streams are written: readers (what plays files, the default) or
+                        hardware (the form that a maker of players uses); also as DIVXMUX_PROFILE in the environment
+  --help, --version
+
+Streams get the order of the command; what is not named is left out. Titles stand in parentheses and may be empty: then
+a stream keeps its name.
+Exit status: 0 done, 1 failed, 2 wrong usage, 130 interrupted.
+)";
+
+void Complain(const std::string& message) { std::fprintf(stderr, "divxmux: %s\n", message.c_str()); }
+
+bool IsSubtitle(const AviStream& stream) { return stream.IsXsub() || stream.header.type == "txts"; }
+
+bool IsOfKind(const AviStream& stream, DivxMuxStream::Kind kind) {
+  switch (kind) {
+    case DivxMuxStream::Kind::Audio:
+      return stream.header.type == "auds";
+    case DivxMuxStream::Kind::Subtitle:
+      return IsSubtitle(stream);
+    default:
+      return (stream.header.type == "vids" || stream.header.type == "iavs") && !IsSubtitle(stream);
+  }
+}
+
+// Who counts streams by their names does not see a subtitle stream that is called something else. So the number goes by
+// all subtitle streams unless only the ones called "Subtitle..." have one of this very title there.
+std::size_t FindStream(std::span<const AviStream> streams, const DivxMuxStream& wanted) {
+  constexpr std::string_view kName = "subtitle";
+  std::size_t by_kind = streams.size(), by_name = streams.size();
+  int of_kind = 0, of_name = 0;
+  for (std::size_t i = 0; i < streams.size(); ++i) {
+    if (!IsOfKind(streams[i], wanted.kind)) continue;
+    if (++of_kind == wanted.number) by_kind = i;
+    const bool has_name = EqualsIgnoringCase(std::string_view{streams[i].name}.substr(0, kName.size()), kName);
+    if (has_name && ++of_name == wanted.number) by_name = i;
+  }
+  const auto is_titled = [&](std::size_t i) { return i < streams.size() && streams[i].name == wanted.title; };
+  return wanted.kind == DivxMuxStream::Kind::Subtitle && is_titled(by_name) ? by_name : by_kind;
+}
+
+Result<MuxStream> SourceStream(const AviFile& film, const DivxMuxStream& wanted) {
+  const std::string& path = film.File().Path();
+  if (wanted.path != path && !IsSameFile(wanted.path, path)) {
+    return Failure(ErrorKind::Unsupported,
+                   wanted.path + ": is not the video; streams are taken from " + path + " only");
+  }
+  const std::size_t found = FindStream(film.Streams(), wanted);
+  if (found < film.Streams().size()) {
+    return MuxStream{.source_stream = static_cast<int>(found), .subtitle = nullptr, .title = wanted.title};
+  }
+  if (wanted.kind == DivxMuxStream::Kind::Video) return Failure(ErrorKind::NotFound, path + ": holds no video stream");
+  const char* kind = wanted.kind == DivxMuxStream::Kind::Audio ? "audio" : "subtitle";
+  return Failure(ErrorKind::NotFound, path + ": holds no " + kind + " stream #" + std::to_string(wanted.number));
+}
+
+bool EndsIn(const std::string& path, std::string_view extension) {
+  return path.size() > extension.size() &&
+         EqualsIgnoringCase(std::string_view{path}.substr(path.size() - extension.size()), extension);
+}
+
+Result<std::shared_ptr<SubtitleSource>> OpenSubtitle(const std::string& path, std::vector<std::string>& warnings) {
+  if (EndsIn(path, ".xsub")) return OpenXsubFile(path);
+  if (EndsIn(path, ".txt")) return OpenMuxList(path, &warnings);
+  if (EndsIn(path, ".idx")) return OpenVobSub(path, &warnings);
+  return Failure(ErrorKind::Unsupported, path + ": is none of .xsub, .txt and .idx, so its form is not known");
+}
+
+Result<MuxStream> NewStream(const DivxMuxStream& wanted, const std::string& output,
+                            std::vector<std::string>& warnings) {
+  if (IsSameFile(wanted.path, output)) {
+    return Failure(ErrorKind::Unwritable, output + ": holds the subtitles, it is not written over");
+  }
+  auto subtitle = OpenSubtitle(wanted.path, warnings);
+  if (!subtitle) return tl::unexpected(subtitle.error());
+  return MuxStream{.source_stream = -1, .subtitle = std::move(*subtitle), .title = wanted.title};
+}
+
+Result<MuxReport> Run(const DivxMuxArguments& arguments) {
+  const auto film = AviFile::Open(arguments.Video().path);
+  if (!film) return tl::unexpected(film.error());
+  std::vector<std::string> warnings;
+  MuxJob job{.film = *film,
+             .streams = {},
+             .output = arguments.output,
+             .profile = arguments.hardware_profile ? PlayerProfile::Hardware : PlayerProfile::Readers};
+  for (const DivxMuxStream& wanted : arguments.streams) {
+    auto stream = wanted.kind == DivxMuxStream::Kind::NewSubtitle ? NewStream(wanted, arguments.output, warnings)
+                                                                  : SourceStream(*film, wanted);
+    if (!stream) return tl::unexpected(stream.error());
+    job.streams.push_back(std::move(*stream));
+  }
+  TerminalProgress progress("Writing the film, KiB");
+  auto report = Mux(job, progress);
+  if (report) report->warnings.insert(report->warnings.begin(), warnings.begin(), warnings.end());
+  return report;
+}
+
+int Main(const std::vector<std::string>& words) {
+  const char* profile = std::getenv("DIVXMUX_PROFILE");
+  const auto arguments = ParseDivxMuxArguments(words, profile != nullptr ? profile : "");
+  if (!arguments) {
+    Complain(arguments.error().message + "; see --help");
+    return kUsage;
+  }
+  if (arguments->help || arguments->version) {
+    std::fputs(arguments->help ? kHelp : "DivXMux of Captoria " CAPTORIA_VERSION "\n", stdout);
+    return std::fflush(stdout) == 0 ? kDone : kFailed;
+  }
+  const auto report = Run(*arguments);
+  if (!report) {
+    Complain(report.error().message);
+    return report.error().kind == ErrorKind::Cancelled ? kInterrupted : kFailed;
+  }
+  for (const std::string& warning : report->warnings) Complain("warning: " + warning);
+  std::printf("%s: %zu stream(s), %llu bytes\n", arguments->output.c_str(), arguments->streams.size(),
+              static_cast<unsigned long long>(report->size));
+  return kDone;
+}
+
+}  // namespace
+}  // namespace captoria
+
+int main(int argc, char** argv) { return captoria::Main({argv + 1, argv + argc}); }
