@@ -13,6 +13,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace captoria {
@@ -89,7 +90,7 @@ class ByteWriter {
 
   std::size_t Size() const { return bytes_.size(); }
   const Bytes& Written() const { return bytes_; }
-  Bytes Take() { return std::move(bytes_); }
+  Bytes Take() { return std::exchange(bytes_, {}); }
 
  private:
   ByteWriter& Little(std::uint64_t value, int size) {

@@ -58,6 +58,6 @@ struct PlacedPicture {
 // part larger than the frame keeps its top left corner and loses what no player could show.
 //
 // The picture has at least one pixel, the frame at least two columns and rows; an odd last one is not used.
-PlacedPicture FitToFrame(PlacedPicture placed, const SubtitleFrame& frame);
+PlacedPicture FitToFrame(const PlacedPicture& placed, const SubtitleFrame& frame);
 
 }  // namespace captoria

@@ -67,7 +67,7 @@ class VobSubSource final : public SubtitleSource {
 
   Result<Bytes> Packet(std::size_t index) const override {
     const TimedSpu& timed = spus_.at(index);
-    const auto spu = ReadSpu(sub_, timed.extent.position, timed.extent.end, substream_);
+    auto spu = ReadSpu(sub_, timed.extent.position, timed.extent.end, substream_);
     if (!spu) return spu;
     const auto display = ParseSpu(*spu, sub_.Path());
     if (!display) return tl::unexpected(display.error());
@@ -105,6 +105,7 @@ Result<std::optional<Showing>> VobSubSource::Look(const VobSubCue& cue, const Sp
 
 Result<void> VobSubSource::Schedule(const std::vector<VobSubCue>& cues) {
   std::vector<std::uint64_t> positions;
+  positions.reserve(cues.size());
   for (const VobSubCue& cue : cues) positions.push_back(cue.position);
   std::ranges::sort(positions);
 

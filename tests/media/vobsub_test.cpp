@@ -179,6 +179,22 @@ TEST(VobSubSource, LeavesOutWhatCannotBeShownAndSaysSo) {
   EXPECT_THAT(warnings, ElementsAre(HasSubstr("1 of 2 subtitles")));
 }
 
+TEST(VobSubSource, GathersUnitsWhoseSizeIsNonsense) {
+  const TempFolder folder;
+  const TestSpu large{.placed = Noise(600, 200, 0, 0)};
+  const auto whole = OpenCues(folder, {{1000, large}, {4000, kText}});
+  const Bytes packet = whole->Packet(0).value_or(Bytes{});
+  for (const int high_byte : {0x00, 0xFF}) {
+    std::string sub = folder.Get("film.sub");
+    sub[29] = static_cast<char>(high_byte);
+    folder.Put("film.sub", sub);
+    const auto source = OpenVobSub(folder.File("film.idx"));
+    ASSERT_TRUE(source);
+    EXPECT_EQ((*source)->Count(), 2u);
+    EXPECT_EQ((*source)->Packet(0).value_or(Bytes{}), packet);
+  }
+}
+
 TEST(VobSubSource, ShowsOnlyForcedPicturesWhenTheIndexAsksForThem) {
   const TempFolder folder;
   const auto source =
