@@ -38,7 +38,7 @@ class BlockWriter {
 
  private:
   // Full blocks end at multiples of this in the file: the system then takes them as whole pages.
-  static constexpr std::size_t kBlock = std::size_t{1} << 20;
+  static constexpr std::size_t kBlock = std::size_t{512} << 10;
 
   struct Block {
     Bytes bytes;  // kBlock of them, once it is used

@@ -75,7 +75,8 @@ Result<void> ChunkCopier::EndExtent() {
 Result<std::size_t> ChunkCopier::Read(std::uint64_t position, std::span<std::uint8_t> to, bool through_window) {
   if (!through_window) return source_.ReadExactly(position, to).map([&] { return to.size(); });
   if (position < window_position_ || position >= window_position_ + window_.size()) {
-    window_.resize(static_cast<std::size_t>(std::min<std::uint64_t>(kWindow, source_.Size() - position)));
+    const std::uint64_t left = source_.Size() - std::min(source_.Size(), position);
+    window_.resize(static_cast<std::size_t>(std::clamp<std::uint64_t>(left, 1, kWindow)));
     window_position_ = position;
     if (auto read = source_.ReadExactly(position, window_); !read) return tl::unexpected(read.error());
   }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "media/audio_languages.h"
 #include "media/avi_writer.h"
 #include "media/interleave_schedule.h"
 #include "media/xsub_stream.h"
@@ -90,7 +91,7 @@ class FilmMux {
     layout.open_dml = open_dml;
     layout.riff_limit = job_.riff_limit;
     layout.expected_size = ExpectedSize();
-    layout.extras.assign(job_.film.Extras().begin(), job_.film.Extras().end());
+    for (const RiffPiece& extra : job_.film.Extras()) layout.extras.push_back(WithAudioLanguages(extra, Sounds()));
     for (const MuxStream& stream : job_.streams) {
       if (stream.subtitle != nullptr) {
         const SubtitleSource& subtitle = *stream.subtitle;
@@ -101,6 +102,19 @@ class FilmMux {
       }
     }
     return layout;
+  }
+
+  // The numbers that the audio streams of the result had among those of the source, from 1.
+  std::vector<int> Sounds() const {
+    const auto is_sound = [](const AviStream& stream) { return stream.header.type == "auds"; };
+    const auto streams = job_.film.Streams();
+    std::vector<int> numbers;
+    for (const MuxStream& stream : job_.streams) {
+      if (stream.subtitle != nullptr || !is_sound(streams[static_cast<std::size_t>(stream.source_stream)])) continue;
+      const auto until = streams.first(static_cast<std::size_t>(stream.source_stream) + 1);
+      numbers.push_back(static_cast<int>(std::ranges::count_if(until, is_sound)));
+    }
+    return numbers;
   }
 
   InterleaveSchedule Schedule() const {

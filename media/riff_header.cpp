@@ -9,7 +9,8 @@ namespace {
 constexpr std::size_t kFewestRiffs = 64;
 
 void PutChunk(ByteWriter& out, std::string_view id, ByteView data) {
-  out.Text(id).U32(static_cast<std::uint32_t>(data.size())).Append(data).Zeros(data.size() % 2);
+  out.Text(id).U32(static_cast<std::uint32_t>(data.size())).Append(data);
+  if (data.size() % 2 != 0) out.U8(0);
 }
 
 void PutList(ByteWriter& out, std::string_view type, ByteView content) {
