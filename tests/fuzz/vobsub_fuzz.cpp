@@ -36,7 +36,9 @@ class PairFolder {
   }
 
  private:
-  std::string path_ = std::filesystem::exists("/dev/shm") ? "/dev/shm/vobsub-fuzz-XXXXXX" : "/tmp/vobsub-fuzz-XXXXXX";
+  std::string path_ = std::filesystem::exists("/dev/shm")
+                          ? std::string{"/dev/shm/vobsub-fuzz-XXXXXX"}
+                          : std::filesystem::temp_directory_path().string() + "/vobsub-fuzz-XXXXXX";
 };
 
 // Gives when the packet's picture goes.
