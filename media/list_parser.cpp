@@ -148,7 +148,7 @@ class ListParser {
 
   bool Palette(std::string_view opening) {
     for (int entry = 0; entry < 4; ++entry) {
-      const std::string start = std::to_string(entry) + std::string{opening};
+      const std::string start = std::to_string(entry).append(opening);
       const std::string form = "\"" + start + "R, G, B)\" with numbers from 0 to 255";
       if (!NextOf(form)) return false;
       LineScanner line(line_);

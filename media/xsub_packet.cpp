@@ -76,9 +76,9 @@ std::optional<XsubTimes> ReadXsubTimes(ByteView packet) {
   return XsubTimes{*show, *hide};
 }
 
-Result<Bytes> EncodeXsub(XsubCue cue, const SubtitleFrame& frame) {
+Result<Bytes> EncodeXsub(const XsubCue& cue, const SubtitleFrame& frame) {
   if (auto fine = CheckTimes(cue.times); !fine) return tl::unexpected(fine.error());
-  const PlacedPicture placed = FitToFrame(std::move(cue.picture), frame);
+  const PlacedPicture placed = FitToFrame(cue.picture, frame);
   const SubtitlePicture& picture = placed.picture;
 
   Bytes code;
@@ -106,8 +106,7 @@ Result<XsubCue> DecodeXsub(ByteView packet, XsubForm form) {
   ByteReader in(packet.subspan(kTimes));
   const int width = in.U16(), height = in.U16(), left = in.U16(), top = in.U16();
   in.Skip(6);
-  std::array<RgbColor, 4> colors;
-  for (RgbColor& color : colors) color = {in.U8(), in.U8(), in.U8()};
+  const ByteView table = in.Take(12);
   const ByteView opacity = in.Take(form == XsubForm::Dxsa ? 4 : 0);
   // A row takes a byte at least, so a short packet cannot ask for much memory.
   if (in.Failed() || width == 0 || height == 0 || in.Left() < static_cast<std::size_t>(height)) {
@@ -117,6 +116,8 @@ Result<XsubCue> DecodeXsub(ByteView packet, XsubForm form) {
     return Failure(ErrorKind::TooLarge, "holds a picture beyond any frame");
   }
 
+  std::array<RgbColor, 4> colors;
+  for (std::size_t i = 0; i < colors.size(); ++i) colors[i] = {table[3 * i], table[3 * i + 1], table[3 * i + 2]};
   XsubCue cue{*times, {SubtitlePicture(width, height), left, top}};
   SubtitlePicture& picture = cue.picture.picture;
   picture.colors = colors;
