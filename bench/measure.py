@@ -3,6 +3,7 @@
 """Runs commands against each other: in turns, so that a noisy machine is noisy for all of them."""
 
 import os
+import random
 import statistics
 import subprocess
 import time
@@ -31,13 +32,16 @@ class Run:
         self.memory = max(self.memory, usage.ru_maxrss * 1024)
 
 
-def compare(commands, rounds=7, statuses={}):
+def compare(commands, rounds=7, statuses={}, before=lambda: None):
     """{name: command} -> {name: Run}; every command runs once a round and ends with its status, 0 if not given.
 
-    A command may be a function that gives the command of the next round."""
+    A command may be a function that gives the command of the next round. The order changes from round to round, so that
+    what one leaves behind falls to each of the others; `before` runs before each."""
     runs = {name: Run() for name in commands}
+    order = random.Random(1)
     for _ in range(rounds):
-        for name, command in commands.items():
+        for name, command in order.sample(list(commands.items()), len(commands)):
+            before()
             runs[name].once(command() if callable(command) else command, statuses.get(name, 0))
     return runs
 

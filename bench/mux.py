@@ -4,7 +4,9 @@
 """Putting a subtitle stream of 1,500 cues into an AVI of 800 MB, against copying the file and against FFmpeg copying its
 streams. The film is of small chunks, as two hours of MPEG-4 and MP3 are."""
 
+import os
 import pathlib
+import shutil
 import struct
 import subprocess
 import sys
@@ -65,6 +67,18 @@ def main():
         film = write_film(folder)
         subtitles = write_subtitles(folder, duration(film))
         out = folder / "out.divx"
+
+        def level():
+            """No run pays for what an earlier one has left to be written to the disk, nor for memory that a virtual
+            machine has handed back meanwhile and must get again."""
+            out.unlink(missing_ok=True)
+            os.sync()
+            warm_up = [folder / "first.tmp", folder / "second.tmp"]
+            for path in warm_up:
+                shutil.copyfile(film, path)
+            for path in warm_up:
+                path.unlink()
+
         runs = compare({
             "DivXMux.exe": [BIN / "DivXMux.exe", "-v", "()", film, "-a", "#1", "()", film, "-s", "(Subtitle - en;02)",
                             subtitles, "-o", out],
@@ -72,7 +86,7 @@ def main():
                                             "-o", out],
             "cp": ["cp", film, out],
             "ffmpeg -c copy": [*FFMPEG, "-i", film, "-map", "0", "-c", "copy", "-f", "avi", out],
-        })
+        }, rounds=11, before=level)
         report(f"{film.stat().st_size / 1e6:.0f} MB and {CUES} cues", runs, "DivXMux.exe",
                "cp at least 0.87 times our time, ffmpeg twice; memory below 48 MiB")
     return 0

@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "media/bytes.h"
+#include "media/riff.h"
 #include "platform/input_file.h"
 #include "platform/result.h"
 
@@ -91,6 +92,9 @@ class AviChunkWalk {
 
   // The next chunk; nothing at the end. An error only when the disk cannot be read.
   virtual Result<std::optional<AviChunk>> Next() = 0;
+
+  // Through which the walk sees the file: where chunks are small, it holds most of those given last.
+  virtual FileWindow& Window() = 0;
 };
 
 class AviFile {

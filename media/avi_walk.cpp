@@ -13,9 +13,9 @@
 namespace captoria {
 namespace {
 
-constexpr std::size_t kBlock = 65536;
+constexpr std::size_t kBlock = std::size_t{256} << 10;
 constexpr std::size_t kLittle = 1024;
-constexpr std::uint32_t kSmallChunk = 4096;    // of such chunks, reading all costs less than a call for each
+constexpr std::uint32_t kSmallChunk = 16384;   // of such chunks, reading all costs less than a call for each
 constexpr std::uint64_t kMaxSearch = 1 << 20;  // for chunks behind damage
 constexpr int kMaxProbes = 200'000;            // that led nowhere, in all searches together
 constexpr std::uint64_t kNowhere = UINT64_MAX;
@@ -64,6 +64,8 @@ class Walk final : public AviChunkWalk {
     }
     return chunk;
   }
+
+  FileWindow& Window() override { return window_; }
 
  private:
   // What lies at `position`; Foreign at the end of the file.

@@ -28,6 +28,19 @@ std::uint32_t Fit32(std::uint64_t value) {
   return static_cast<std::uint32_t>(std::min<std::uint64_t>(value, std::numeric_limits<std::uint32_t>::max()));
 }
 
+// What the window holds is taken from it; larger parts go straight into the blocks that are written.
+Result<void> CopyData(FileWindow& source, std::uint64_t position, std::uint32_t size, BlockWriter& out) {
+  for (const std::uint64_t end = position + size; position < end;) {
+    const auto room = out.Room();
+    if (!room) return tl::unexpected(room.error());
+    const auto to = room->first(static_cast<std::size_t>(std::min<std::uint64_t>(end - position, room->size())));
+    if (auto read = source.ReadExactly(position, to); !read) return read;
+    out.Advance(to.size());
+    position += to.size();
+  }
+  return {};
+}
+
 // For a stream that has no chunk, or before its first one.
 std::string UsualChunkType(const AviStream& stream) {
   if (stream.IsXsub()) return "sb";
@@ -37,17 +50,16 @@ std::string UsualChunkType(const AviStream& stream) {
 
 }  // namespace
 
-Result<std::unique_ptr<AviWriter>> AviWriter::Create(const std::string& path, const InputFile& source,
-                                                     AviLayout layout) {
+Result<std::unique_ptr<AviWriter>> AviWriter::Create(const std::string& path, AviLayout layout) {
   auto file = OutputFile::Create(path);
   if (!file) return tl::unexpected(file.error());
-  std::unique_ptr<AviWriter> writer(new AviWriter(std::move(*file), source, std::move(layout)));
+  std::unique_ptr<AviWriter> writer(new AviWriter(std::move(*file), std::move(layout)));
   if (auto begun = writer->BeginRiff(); !begun) return tl::unexpected(begun.error());
   return writer;
 }
 
-AviWriter::AviWriter(OutputFile file, const InputFile& source, AviLayout layout)
-    : file_(std::move(file)), layout_(std::move(layout)), out_(source, file_) {
+AviWriter::AviWriter(OutputFile file, AviLayout layout)
+    : file_(std::move(file)), layout_(std::move(layout)), out_(file_) {
   for (const AviStream& stream : layout_.streams) {
     streams_.emplace_back(stream);
     indices_.push_back({.type = UsualChunkType(stream), .entries = {}});
@@ -56,9 +68,12 @@ AviWriter::AviWriter(OutputFile file, const InputFile& source, AviLayout layout)
   }
 }
 
-Result<void> AviWriter::Copy(const AviChunk& chunk, int stream) {
+Result<void> AviWriter::Copy(FileWindow& source, const AviChunk& chunk, int stream) {
   if (auto begun = BeginChunk(stream, chunk.type, chunk.key, chunk.size); !begun) return begun;
-  return out_.Copy(chunk, stream);
+  if (auto written = out_.Append(ChunkHeader(stream, chunk.type, chunk.size)); !written) return written;
+  if (auto copied = CopyData(source, chunk.DataPosition(), chunk.size, out_); !copied) return copied;
+  constexpr std::uint8_t kPad[]{0};
+  return chunk.size % 2 == 0 ? Result<void>{} : out_.Append(kPad);
 }
 
 Result<void> AviWriter::Append(int stream, std::string_view type, bool key, ByteView data) {
@@ -68,7 +83,7 @@ Result<void> AviWriter::Append(int stream, std::string_view type, bool key, Byte
   appended.largest_appended = std::max(appended.largest_appended, size);
   appended_bytes_ += 8 + data.size();
   ByteWriter chunk;
-  chunk.Text(ChunkId(stream, type)).U32(size).Append(data);
+  chunk.Append(ChunkHeader(stream, type, size)).Append(data);
   if (size % 2 != 0) chunk.U8(0);
   return out_.Append(chunk.Written());
 }
@@ -128,7 +143,7 @@ Result<void> AviWriter::EndRiff() {
     if (video_ >= 0) layout_.main.total_frames = Fit32(streams_[static_cast<std::size_t>(video_)].total.Count());
   }
   const std::uint64_t riff_size = out_.Position() - riff_.begin - 8;
-  if (auto flushed = out_.Flush(); !flushed) return flushed;
+  if (auto flushed = out_.Drain(); !flushed) return flushed;
   if (riffs_ == 1) {
     sizes_.riff = Fit32(riff_size);
     sizes_.movi = Fit32(movi_size);

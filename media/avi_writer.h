@@ -12,7 +12,8 @@
 #include <string>
 #include <vector>
 
-#include "media/chunk_copier.h"
+#include "media/block_writer.h"
+#include "media/riff.h"
 #include "media/riff_header.h"
 #include "media/riff_index.h"
 #include "platform/output_file.h"
@@ -24,12 +25,12 @@ class AviWriter {
   // Old software reads sizes as signed numbers.
   static constexpr std::uint64_t kLargestPlain = (std::uint64_t{2} << 30) - (std::uint64_t{1} << 20);
 
-  // `source` is where copied chunks come from and outlives the writer.
-  static Result<std::unique_ptr<AviWriter>> Create(const std::string& path, const InputFile& source, AviLayout layout);
+  static Result<std::unique_ptr<AviWriter>> Create(const std::string& path, AviLayout layout);
 
-  // Copies a chunk of the source into the stream `stream` of the new file. TooLarge, here and below, when a plain AVI
-  // cannot hold it; an OpenDML file could.
-  Result<void> Copy(const AviChunk& chunk, int stream);
+  // Copies a chunk, as the walk that gave it sees it through `source`, into the stream `stream` of the new file: its
+  // data as they are, with a header and a pad byte that are right whatever the source has there. TooLarge, here and
+  // below, when a plain AVI cannot hold it; an OpenDML file could.
+  Result<void> Copy(FileWindow& source, const AviChunk& chunk, int stream);
 
   // Writes a chunk that is not of the source.
   Result<void> Append(int stream, std::string_view type, bool key, ByteView data);
@@ -52,7 +53,7 @@ class AviWriter {
     std::uint32_t largest_appended = 0;
   };
 
-  AviWriter(OutputFile file, const InputFile& source, AviLayout layout);
+  AviWriter(OutputFile file, AviLayout layout);
 
   Result<void> BeginChunk(int stream, std::string_view type, bool key, std::uint32_t size);
   Result<void> BeginRiff();
@@ -63,7 +64,7 @@ class AviWriter {
 
   OutputFile file_;
   AviLayout layout_;
-  ChunkCopier out_;
+  BlockWriter out_;
   Riff riff_;
   RiffIndex index_{0};
   std::vector<Stream> streams_;

@@ -4,6 +4,7 @@
 #include "media/block_writer.h"
 
 #include <algorithm>
+#include <cstring>
 #include <system_error>
 
 namespace captoria {
@@ -46,7 +47,7 @@ Result<void> BlockWriter::Append(ByteView bytes) {
     const auto room = Room();
     if (!room) return tl::unexpected(room.error());
     const std::size_t count = std::min(bytes.size(), room->size());
-    std::ranges::copy(bytes.first(count), room->begin());
+    std::memcpy(room->data(), bytes.data(), count);
     Advance(count);
     bytes = bytes.subspan(count);
   }

@@ -77,7 +77,7 @@ class FilmMux {
   }
 
   Result<std::uint64_t> Run(bool open_dml) {
-    auto writer = AviWriter::Create(job_.output, job_.film.File(), Layout(open_dml));
+    auto writer = AviWriter::Create(job_.output, Layout(open_dml));
     if (!writer) return tl::unexpected(writer.error());
     auto copied = CopyChunks(**writer);
     if (!copied) return tl::unexpected(copied.error());
@@ -149,7 +149,7 @@ class FilmMux {
         }
         ++frame;
       }
-      if (auto copied = writer.Copy(chunk, number); !copied) return copied;
+      if (auto copied = writer.Copy(walk->Window(), chunk, number); !copied) return copied;
       ++chunks;
     }
     if (chunks == 0) return Failure(ErrorKind::Damaged, job_.film.File().Path() + ": holds nothing of these streams");

@@ -4,6 +4,7 @@
 #include "media/riff.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace captoria {
 
@@ -41,6 +42,17 @@ Result<ByteView> FileWindow::At(std::uint64_t position, std::size_t count, std::
   }
   const std::size_t at = static_cast<std::size_t>(position - begin_);
   return ByteView(buffer_).subspan(at, std::min(count, filled_ - at));
+}
+
+Result<void> FileWindow::ReadExactly(std::uint64_t position, std::span<std::uint8_t> to) const {
+  if (position >= begin_ && position - begin_ < filled_) {
+    const auto at = static_cast<std::size_t>(position - begin_);
+    const ByteView held = ByteView(buffer_).subspan(at, std::min(to.size(), filled_ - at));
+    std::memcpy(to.data(), held.data(), held.size());
+    position += held.size();
+    to = to.subspan(held.size());
+  }
+  return to.empty() ? Result<void>{} : file_.ReadExactly(position, to);
 }
 
 }  // namespace captoria

@@ -55,6 +55,10 @@ class FileWindow {
   // read with `read_ahead` bytes, or `count` when that is more.
   Result<ByteView> At(std::uint64_t position, std::size_t count, std::size_t read_ahead);
 
+  // Fills `to` with what lies at `position`; of that, what is not in memory is read and not kept. Damaged when the file
+  // ends before.
+  Result<void> ReadExactly(std::uint64_t position, std::span<std::uint8_t> to) const;
+
  private:
   const InputFile& file_;
   std::uint64_t begin_ = 0;

@@ -23,12 +23,27 @@ std::uint32_t BlockAlign(const AviStream& stream) {
 }
 
 // Gathers what is appended, so that an index of a million entries is neither held twice nor written by the entry.
-Result<void> AppendWhenFull(ByteWriter& bytes, ChunkCopier& out, std::size_t full) {
+Result<void> AppendWhenFull(ByteWriter& bytes, BlockWriter& out, std::size_t full) {
   if (bytes.Size() < full) return {};
   return out.Append(bytes.Take());
 }
 
 }  // namespace
+
+std::string ChunkId(int stream, std::string_view type) {
+  std::string id{static_cast<char>('0' + stream / 10), static_cast<char>('0' + stream % 10)};
+  return id.append(type);
+}
+
+std::array<std::uint8_t, 8> ChunkHeader(int stream, std::string_view type, std::uint32_t size) {
+  // There is one for every chunk of a film: not worth an allocation each.
+  std::array<std::uint8_t, 8> header{};
+  header[0] = static_cast<std::uint8_t>('0' + stream / 10);
+  header[1] = static_cast<std::uint8_t>('0' + stream % 10);
+  for (std::size_t i = 0; i < 2 && i < type.size(); ++i) header[2 + i] = static_cast<std::uint8_t>(type[i]);
+  for (std::size_t i = 0; i < 4; ++i) header[4 + i] = static_cast<std::uint8_t>(size >> (8 * i));
+  return header;
+}
 
 StreamUnits::StreamUnits(const AviStream& stream)
     : sample_size_(stream.header.sample_size), block_(BlockAlign(stream)) {}
@@ -39,7 +54,7 @@ void StreamUnits::Add(std::uint32_t chunk_size, bool is_palette) {
   units_ += block_ == 0 ? 1 : (chunk_size + std::uint64_t{block_} - 1) / block_;
 }
 
-Result<void> RiffIndex::AppendIdx1(ChunkCopier& out) const {
+Result<void> RiffIndex::AppendIdx1(BlockWriter& out) const {
   ByteWriter bytes;
   bytes.Text("idx1").U32(static_cast<std::uint32_t>(entries_.size() * 16));
   for (const IndexEntry& entry : entries_) {
@@ -51,7 +66,7 @@ Result<void> RiffIndex::AppendIdx1(ChunkCopier& out) const {
   return AppendWhenFull(bytes, out, 1);
 }
 
-Result<SuperIndexEntry> RiffIndex::AppendStandardIndex(ChunkCopier& out, int stream, std::string_view type,
+Result<SuperIndexEntry> RiffIndex::AppendStandardIndex(BlockWriter& out, int stream, std::string_view type,
                                                        std::uint32_t duration) const {
   // Palette changes have no time of their own; counted here, they would shift all that follows by a frame.
   const auto belongs = [stream](const IndexEntry& entry) { return entry.stream == stream && !entry.IsPalette(); };

@@ -8,13 +8,20 @@
 #include <array>
 #include <cstdint>
 #include <deque>
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "media/avi_file.h"
-#include "media/chunk_copier.h"
+#include "media/block_writer.h"
 
 namespace captoria {
+
+// "01wb" for stream 1 and "wb".
+std::string ChunkId(int stream, std::string_view type);
+
+// The same with the size behind it.
+std::array<std::uint8_t, 8> ChunkHeader(int stream, std::string_view type, std::uint32_t size);
 
 // How the bytes and chunks of a stream turn into its units, the ones its header counts its length in.
 class StreamUnits {
@@ -58,11 +65,11 @@ class RiffIndex {
   void Add(const IndexEntry& entry) { entries_.push_back(entry); }
   std::size_t Count() const { return entries_.size(); }
 
-  Result<void> AppendIdx1(ChunkCopier& out) const;
+  Result<void> AppendIdx1(BlockWriter& out) const;
 
   // The `ix##` of a stream, whose chunks last `duration` of its units; a stream without chunks gets an empty one, for
   // readers that want one of each.
-  Result<SuperIndexEntry> AppendStandardIndex(ChunkCopier& out, int stream, std::string_view type,
+  Result<SuperIndexEntry> AppendStandardIndex(BlockWriter& out, int stream, std::string_view type,
                                               std::uint32_t duration) const;
 
  private:
