@@ -114,7 +114,7 @@ class AviFile {
   // once a walk has come to its end.
   const std::vector<std::string>& Warnings() const { return *warnings_; }
 
-  // Frames in the whole file by its headers (`dmlh`, or `avih`).
+  // Frames in the whole file by its main headers (`dmlh`, or `avih`). FFmpeg counts packets of all streams in `dmlh`.
   std::uint32_t TotalFrames() const { return total_frames_; }
 
   // Holds a bounded amount of memory, whatever the file's size. The file outlives the walk.

@@ -62,6 +62,15 @@ std::string MadeName(const AviFile& file, std::size_t stream) {
   return path.substr(path.rfind('/') + 1).substr(0, kMaxName - tail.size()) + tail;
 }
 
+// The header of the whole film is not to be trusted where the picture has its own: some writers count the packets of
+// all streams there.
+std::uint32_t FramesOf(const AviFile& file) {
+  for (const AviStream& stream : file.Streams()) {
+    if (stream.header.type == "vids" && !stream.IsXsub() && stream.header.length > 0) return stream.header.length;
+  }
+  return file.TotalFrames();
+}
+
 }  // namespace
 
 AviFileInfo InfoOf(const AviFile& file) {
@@ -74,7 +83,7 @@ AviFileInfo InfoOf(const AviFile& file) {
                    .height = main.height,
                    .scale = scale,
                    .rate = rate,
-                   .length = file.TotalFrames()};
+                   .length = FramesOf(file)};
   for (const AviStream& stream : file.Streams()) {
     info.suggested_buffer_size = std::max(info.suggested_buffer_size, stream.header.suggested_buffer_size);
   }

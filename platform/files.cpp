@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "platform/ascii.h"
+#include "platform/input_file.h"
 
 namespace captoria {
 namespace {
@@ -40,56 +41,6 @@ class Descriptor {
 
  private:
   int fd_;
-};
-
-// A file beside its final name that is gone again unless it was renamed.
-class FileBeside {
- public:
-  // Named after the process too, so that two programs writing the same file never write into each other's.
-  explicit FileBeside(const std::string& target)
-      : path_(target + ".new-" + std::to_string(::getpid())),
-        descriptor_(::open(path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)) {}
-  FileBeside(const FileBeside&) = delete;
-  FileBeside& operator=(const FileBeside&) = delete;
-  ~FileBeside() {
-    if (!renamed_ && created_) ::unlink(path_.c_str());
-  }
-
-  bool Valid() const { return descriptor_.Valid(); }
-
-  bool Write(std::string_view content) {
-    while (!content.empty()) {
-      const ssize_t written = ::write(descriptor_.Get(), content.data(), content.size());
-      if (written < 0 && errno == EINTR) continue;
-      if (written < 0) return false;
-      content.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-  }
-
-  bool TakePermissionsOf(const std::string& path) {
-    struct stat status {};
-    if (::stat(path.c_str(), &status) != 0) return errno == ENOENT;
-    return ::fchmod(descriptor_.Get(), status.st_mode & 07777) == 0;
-  }
-
-  bool RenameTo(const std::string& target, Sync sync) {
-    if (sync == Sync::Yes && ::fsync(descriptor_.Get()) != 0) return false;
-    if (!descriptor_.Close()) return false;
-    renamed_ = ::rename(path_.c_str(), target.c_str()) == 0;
-    if (renamed_ && sync == Sync::Yes) {
-      // The name itself is only safe once its folder is on disk. A file system that cannot sync folders is no failure.
-      Descriptor folder(::open(fs::path(target).parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-      if (folder.Valid()) ::fsync(folder.Get());
-    }
-    return renamed_;
-  }
-
- private:
-  std::string path_;
-  Descriptor descriptor_;
-  bool created_ = descriptor_.Valid();
-  bool renamed_ = false;
 };
 
 // Where a write to `path` has to go so that a symbolic link is kept.
@@ -178,39 +129,30 @@ Result<std::string> ReadWholeFile(const std::string& path, std::uint64_t limit) 
 
 Result<void> WriteWholeFile(const std::string& path, std::string_view content, Sync sync) {
   const std::string target = LinkTarget(path);
-  FileBeside beside(target);
-  if (!beside.Valid() || !beside.Write(content) || !beside.TakePermissionsOf(target) ||
-      !beside.RenameTo(target, sync)) {
-    return Failure(ErrorKind::Unwritable, path + ": cannot be written: " + Reason(errno));
-  }
-  return {};
+  auto file = OutputFile::Create(target);
+  if (!file) return tl::unexpected(file.error());
+  if (auto written = file->Append(content); !written) return written;
+  if (auto taken = file->TakePermissionsOf(target); !taken) return taken;
+  return file->Commit(sync);
 }
 
 Result<void> CopyWholeFile(const std::string& from, const std::string& to) {
-  std::error_code none;
-  if (fs::equivalent(from, to, none)) {
+  if (IsSameFile(from, to)) {
     return Failure(ErrorKind::Unwritable, to + ": cannot be written: it is the file to copy");
   }
-  Descriptor source(::open(from.c_str(), O_RDONLY | O_CLOEXEC));
-  if (!source.Valid()) {
-    const auto kind = errno == ENOENT ? ErrorKind::NotFound : ErrorKind::Unreadable;
-    return Failure(kind, from + ": cannot be opened: " + Reason(errno));
+  const auto source = InputFile::Open(from);
+  if (!source) return tl::unexpected(source.error());
+  auto file = OutputFile::Create(to);
+  if (!file) return tl::unexpected(file.error());
+  std::vector<std::uint8_t> block(std::size_t{1} << 20);
+  for (;;) {
+    const auto got = source->ReadAt(file->Size(), block);
+    if (!got) return tl::unexpected(got.error());
+    if (auto written = file->Append(std::span{block}.first(*got)); !written) return written;
+    if (*got < block.size()) break;
   }
-  FileBeside beside(to);
-  std::array<char, 1 << 16> buffer;
-  while (beside.Valid()) {
-    const ssize_t got = ::read(source.Get(), buffer.data(), buffer.size());
-    if (got < 0 && errno == EINTR) continue;
-    if (got < 0) return Failure(ErrorKind::Unreadable, from + ": cannot be read: " + Reason(errno));
-    if (got == 0) break;
-    if (!beside.Write({buffer.data(), static_cast<std::size_t>(got)})) {
-      return Failure(ErrorKind::Unwritable, to + ": cannot be written: " + Reason(errno));
-    }
-  }
-  if (!beside.Valid() || !beside.TakePermissionsOf(from) || !beside.RenameTo(to, Sync::No)) {
-    return Failure(ErrorKind::Unwritable, to + ": cannot be written: " + Reason(errno));
-  }
-  return {};
+  if (auto taken = file->TakePermissionsOf(from); !taken) return taken;
+  return file->Commit();
 }
 
 Result<void> CreateFolder(const std::string& path) {

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/output_file.h"
 #include "platform/result.h"
 
 namespace captoria {
@@ -26,8 +27,6 @@ std::vector<std::string> ListFiles(const std::string& folder, std::string_view p
 
 // The whole file. More than `limit` bytes is TooLarge, found out before they are held in memory.
 Result<std::string> ReadWholeFile(const std::string& path, std::uint64_t limit = std::uint64_t{1} << 30);
-
-enum class Sync { No, Yes };
 
 // Puts `content` under `path` so that a reader sees the old file or the new one, whole, whatever fails and whenever the
 // power goes: it is written beside, synced when asked, and renamed. On failure the old file is untouched and nothing

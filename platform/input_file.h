@@ -31,9 +31,6 @@ class InputFile {
   // The same for exactly `buffer.size()` bytes; Damaged when the file ends before.
   Result<void> ReadExactly(std::uint64_t offset, std::span<std::uint8_t> buffer) const;
 
-  // For copying inside the system.
-  int Descriptor() const { return descriptor_; }
-
  private:
   InputFile(std::string path, int descriptor, std::uint64_t size)
       : path_(std::move(path)), descriptor_(descriptor), size_(size) {}

@@ -12,16 +12,12 @@
 #include <cstring>
 #include <filesystem>
 #include <utility>
-#include <vector>
 
 namespace captoria {
 namespace {
 
 // Small pieces are gathered to writes of this size; larger ones go out as they are.
 constexpr std::size_t kBuffer = std::size_t{256} << 10;
-
-// What is read and written at once where the system cannot copy by itself.
-constexpr std::size_t kCopyBlock = std::size_t{1} << 20;
 
 bool WriteAll(int descriptor, std::uint64_t offset, std::span<const std::uint8_t> bytes) {
   while (!bytes.empty()) {
@@ -39,13 +35,24 @@ std::string FolderOf(const std::string& path) {
   return folder.empty() ? "." : folder;
 }
 
+// Named after the process too, so that two programs writing the same file never write into each other's.
+std::string BesideOf(const std::string& path) { return path + ".new-" + std::to_string(::getpid()); }
+
+// A new name is only safe once its folder is on disk. A file system that cannot sync folders is no failure.
+void SyncFolder(const std::string& folder) {
+  const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return;
+  ::fsync(descriptor);
+  ::close(descriptor);
+}
+
 }  // namespace
 
 Result<OutputFile> OutputFile::Create(const std::string& path) {
   // A file without a name vanishes with the process. Not every file system has them.
   int descriptor = ::open(FolderOf(path).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666);
   if (descriptor >= 0) return OutputFile(path, {}, descriptor);
-  const std::string beside = path + ".new-" + std::to_string(::getpid());
+  const std::string beside = BesideOf(path);
   descriptor = ::open(beside.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
   if (descriptor >= 0) return OutputFile(path, beside, descriptor);
   return Failure(ErrorKind::Unwritable, path + ": cannot be written: " + std::strerror(errno));
@@ -97,47 +104,34 @@ Result<void> OutputFile::WriteAt(std::uint64_t offset, std::span<const std::uint
   return {};
 }
 
-Result<void> OutputFile::AppendFrom(const InputFile& source, std::uint64_t offset, std::uint64_t size) {
-  if (auto flushed = Flush(); !flushed) return flushed;
-  bool inside_system = true;
-  std::vector<std::uint8_t> block;
-  while (size > 0) {
-    if (inside_system) {
-      auto from = static_cast<off_t>(offset), to = static_cast<off_t>(size_);
-      const ssize_t copied = ::copy_file_range(source.Descriptor(), &from, descriptor_, &to, size, 0);
-      if (copied < 0 && errno == EINTR) continue;
-      if (copied < 0 && (errno == ENOSPC || errno == EFBIG || errno == EDQUOT)) return WriteFailure();
-      if (copied > 0) {
-        offset += static_cast<std::uint64_t>(copied);
-        size_ += static_cast<std::uint64_t>(copied);
-        size -= static_cast<std::uint64_t>(copied);
-        continue;
-      }
-      inside_system = false;  // another file system, an old kernel, or the end of the source: reading will tell
-    }
-    block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(size, kCopyBlock)));
-    if (auto read = source.ReadExactly(offset, block); !read) return read;
-    if (!WriteAll(descriptor_, size_, block)) return WriteFailure();
-    offset += block.size();
-    size_ += block.size();
-    size -= block.size();
-  }
+Result<void> OutputFile::TakePermissionsOf(const std::string& path) {
+  struct stat status {};
+  const bool there = ::stat(path.c_str(), &status) == 0;
+  if (there ? ::fchmod(descriptor_, status.st_mode & 07777) != 0 : errno != ENOENT) return WriteFailure();
   return {};
 }
 
-Result<void> OutputFile::Commit() {
+// A name can be given to a nameless file, but not one that is taken; so the last step is a rename either way.
+bool OutputFile::GiveName() {
+  const std::string beside = BesideOf(path_);
+  const std::string handle = "/proc/self/fd/" + std::to_string(descriptor_);
+  const auto link = [&] {
+    return ::linkat(AT_FDCWD, handle.c_str(), AT_FDCWD, beside.c_str(), AT_SYMLINK_FOLLOW) == 0;
+  };
+  // A process of our number may have been killed at this very place.
+  const bool named = link() || (errno == EEXIST && ::unlink(beside.c_str()) == 0 && link());
+  if (named) beside_ = beside;
+  return named;
+}
+
+Result<void> OutputFile::Commit(Sync sync) {
   if (auto flushed = Flush(); !flushed) return flushed;
-  if (beside_.empty()) {
-    // A name can be given to a nameless file, but not one that is taken; so the last step is a rename either way.
-    const std::string beside = path_ + ".new-" + std::to_string(::getpid());
-    const std::string handle = "/proc/self/fd/" + std::to_string(descriptor_);
-    ::unlink(beside.c_str());
-    if (::linkat(AT_FDCWD, handle.c_str(), AT_FDCWD, beside.c_str(), AT_SYMLINK_FOLLOW) != 0) return WriteFailure();
-    beside_ = beside;
-  }
+  if (sync == Sync::Yes && ::fsync(descriptor_) != 0) return WriteFailure();
+  if (beside_.empty() && !GiveName()) return WriteFailure();
   const int descriptor = std::exchange(descriptor_, -1);
   if (::close(descriptor) != 0 || ::rename(beside_.c_str(), path_.c_str()) != 0) return WriteFailure();
   beside_.clear();
+  if (sync == Sync::Yes) SyncFolder(FolderOf(path_));
   return {};
 }
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A large file being made. Nobody sees it under its final name before it is whole, and where the file system can, a
-// process that is killed leaves nothing behind at all.
+// A file being made. Nobody sees it under its final name before it is whole, and where the file system can, a process
+// that is killed leaves nothing behind at all.
 #pragma once
 
 #include <cstdint>
@@ -10,10 +10,12 @@
 #include <string>
 #include <string_view>
 
-#include "platform/input_file.h"
 #include "platform/result.h"
 
 namespace captoria {
+
+// Whether a file has to survive the power going. What can be made again has not.
+enum class Sync { No, Yes };
 
 class OutputFile {
  public:
@@ -34,12 +36,11 @@ class OutputFile {
   // Writes over what has been appended before.
   Result<void> WriteAt(std::uint64_t offset, std::span<const std::uint8_t> bytes);
 
-  // Appends `size` bytes of `source` from `offset`, inside the system where it can. Damaged when the source ends
-  // before.
-  Result<void> AppendFrom(const InputFile& source, std::uint64_t offset, std::uint64_t size);
+  // The permissions of the file `path`, if there is one; else the file gets those that new files get.
+  Result<void> TakePermissionsOf(const std::string& path);
 
-  // Gives the file its name, in place of a file that has it. Not synced: like a copy, it can be made again.
-  Result<void> Commit();
+  // Gives the file its name, in place of a file that has it.
+  Result<void> Commit(Sync sync = Sync::No);
 
  private:
   OutputFile(std::string path, std::string beside, int descriptor)
@@ -47,6 +48,7 @@ class OutputFile {
 
   tl::unexpected<Error> WriteFailure() const;
   Result<void> Flush();
+  bool GiveName();
 
   std::string path_;
   std::string beside_;  // the name until the commit; empty while there is none

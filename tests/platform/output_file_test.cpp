@@ -10,6 +10,7 @@
 #include <csignal>
 #include <filesystem>
 
+#include "platform/input_file.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/temp_folder.h"
 
@@ -37,32 +38,17 @@ TEST(OutputFile, AppearsWholeOnCommitAndReplaces) {
   EXPECT_THAT(FilesIn(folder), ElementsAre("film"));
 }
 
-TEST(OutputFile, CopiesParts) {
-  const TempFolder folder;
-  std::string content;
-  for (int i = 0; i < 700'000; ++i) content += static_cast<char>(i * 7 + i / 1000);
-  const auto source = InputFile::Open(folder.Put("source", content));
-  auto file = OutputFile::Create(folder.File("copy"));
-  ASSERT_TRUE(file->Append("head"));
-  ASSERT_TRUE(file->AppendFrom(*source, 100, 650'000));
-  EXPECT_EQ(file->Size(), 650'004u);
-  EXPECT_EQ(file->AppendFrom(*source, 650'000, 50'001).error().kind, ErrorKind::Damaged) << "a byte more than there is";
-  ASSERT_TRUE(file->Commit());
-  EXPECT_TRUE(folder.Get("copy").starts_with("head" + content.substr(100, 650'000)));
-}
-
 TEST(OutputFile, LeavesNothingWhenItIsDroppedOrTheDiskIsFull) {
   const TempFolder folder;
   { ASSERT_TRUE(OutputFile::Create(folder.File("film"))->Append("abc")); }
-  const auto source = InputFile::Open(folder.Put("source", std::string(300'000, 'x')));
   WithFullDisk(100'000, [&] {
-    auto copied = OutputFile::Create(folder.File("film"));
-    EXPECT_EQ(copied->AppendFrom(*source, 0, source->Size()).error().kind, ErrorKind::Unwritable);
+    auto written = OutputFile::Create(folder.File("film"));
+    EXPECT_EQ(written->Append(std::string(300'000, 'x')).error().kind, ErrorKind::Unwritable);
     auto appended = OutputFile::Create(folder.File("film"));
     EXPECT_TRUE(appended->Append(std::string(200'000, 'y'))) << "still in the buffer";
     EXPECT_FALSE(appended->Commit());
   });
-  EXPECT_THAT(FilesIn(folder), ElementsAre("source"));
+  EXPECT_THAT(FilesIn(folder), IsEmpty());
 }
 
 TEST(OutputFile, LeavesNothingWhenTheProcessIsKilled) {

@@ -3,7 +3,11 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <csignal>
 #include <cstdlib>
+#include <filesystem>
+#include <thread>
 
 #include "media/avi_file.h"
 #include "tests/support/run_program.h"
@@ -14,6 +18,7 @@ namespace {
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::UnorderedElementsAre;
 using Words = std::vector<std::string>;
 
 class DivxMuxProgram : public testing::Test {
@@ -97,6 +102,40 @@ TEST_F(DivxMuxProgram, TellsWhatFailed) {
   fails({"-v", "()", film_, "-s", "()", list_}, 1, "holds the subtitles", "list.txt");
   EXPECT_EQ(folder_.Get("in film.avi"), film);
   EXPECT_EQ(folder_.Get("list.txt"), list);
+}
+
+TEST_F(DivxMuxProgram, KilledAtAnyMomentLeavesNothingBehind) {
+  const std::string large = folder_.File("large.avi"), out = folder_.File("out.divx");
+  const std::string command = "ffmpeg -nostdin -v error -f lavfi -i testsrc2=s=640x480:r=25:d=3 -c:v rawvideo '";
+  ASSERT_EQ(std::system((command + large + "'").c_str()), 0);
+  const auto before = std::filesystem::last_write_time(large);
+  ASSERT_EQ(Run({"-v", "()", large, "-s", "()", list_}).status, 0);
+  const auto whole = std::filesystem::file_size(out);
+  const std::string program = CAPTORIA_BIN "/DivXMux.exe";
+  int killed = 0;
+  for (int milliseconds = 1; milliseconds < 100; milliseconds += 4) {
+    const pid_t child = fork();
+    if (child == 0) {
+      freopen("/dev/null", "w", stdout);
+      execl(program.c_str(), program.c_str(), "-v", "()", large.c_str(), "-s", "()", list_.c_str(), "-o", out.c_str(),
+            nullptr);
+      _exit(127);
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    kill(child, SIGKILL);
+    int status = 0;
+    waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0);
+    killed += WIFSIGNALED(status) ? 1 : 0;
+    EXPECT_TRUE(WIFSIGNALED(status) || FileExists(out));
+    if (FileExists(out)) {
+      EXPECT_EQ(std::filesystem::file_size(out), whole);
+    }
+    std::filesystem::remove(out);
+    EXPECT_THAT(ListFiles(folder_.Path(), "*"), UnorderedElementsAre("a.bmp", "in film.avi", "large.avi", "list.txt"));
+  }
+  EXPECT_GT(killed, 0);
+  EXPECT_EQ(std::filesystem::last_write_time(large), before);
 }
 
 }  // namespace
