@@ -5,28 +5,53 @@
 
 #include <utility>
 
+#include "app/open_video.h"
 #include "app/safe_area_commands.h"
 #include "platform/ascii.h"
 #include "platform/files.h"
+#include "platform/path_text.h"
 #include "subtitles/subtitle_file.h"
 
 namespace captoria {
 namespace {
 
 Result<void> FillTrack(SubtitleTrack& track, const std::string& file, const LoadOptions& options) {
-  track.path = file;
-  track.cues.clear();
-  track.outside.clear();
-  track.source = {};
-  if (track.IsIdx()) {
-    track.cues.push_back(IdxPlaceholder());
-    track.outside.push_back(IdxPlaceholder());
-    return {};
+  CueSource source;
+  std::vector<SubtitleCue> cues, outside;
+  if (IsIdxFile(file)) {
+    cues.push_back(IdxPlaceholder());
+    outside.push_back(IdxPlaceholder());
+  } else {
+    auto read = ReadSubtitleFile(file, {.charset = track.style.font.charset, .forced = options.encoding});
+    if (!read) return tl::unexpected(read.error());
+    cues = std::move(read->reading.cues);
+    source = {read->encoding, read->undecodable, std::move(read->reading.problem)};
   }
-  auto read = ReadSubtitleFile(file, {.charset = track.style.font.charset, .forced = options.encoding});
-  if (!read) return tl::unexpected(read.error());
-  track.cues = std::move(read->reading.cues);
-  track.source = {read->encoding, read->undecodable, std::move(read->reading.problem)};
+  track.path = file;
+  track.cues = std::move(cues);
+  track.outside = std::move(outside);
+  track.source = std::move(source);
+  return {};
+}
+
+// The video of the subtitle's name, where the settings say to look for it.
+void FindVideo(Session& session, const std::string& file, const LoadOptions& options) {
+  const std::string name = std::string{RemoveExt(GetFileNameOnly(file))} + ".avi";
+  const auto open_in = [&](const std::string& folder) {
+    std::string path = JoinPath(folder, name);
+    if (!session.video.AviPath.empty() || !FileExists(path)) return;
+    (void)OpenAnAviFile(session, path, {.ignore_auto_srt = true, .is_batch = options.is_batch});
+  };
+  const Settings& settings = session.settings;
+  if (settings.LoadAviAuto) open_in(file == GetFileNameOnly(file) ? "./" : std::string{GetPathOnly(file)} + "/");
+  const std::string folder{Trim(settings.LoadAviAutoFolderText)};
+  if (settings.LoadAviAutoFolder && !folder.empty() && FolderExists(folder)) open_in(folder);
+}
+
+Result<void> CheckCues(Session& session, const LoadOptions& options) {
+  const auto outside = CheckSafeArea(session, options.is_batch);
+  if (!outside) return tl::unexpected(outside.error());
+  if (*outside > 0 && !options.is_batch) TellOutsideCues(session, *outside);
   return {};
 }
 
@@ -37,17 +62,18 @@ Result<void> LoadFileToList(Session& session, const std::string& file, const Loa
   if (FolderExists(file)) return Failure(ErrorKind::NotFound, file + ": is a folder, not a subtitle file");
   if (!FileExists(file)) return Failure(ErrorKind::NotFound, file + ": there is no such file");
 
-  session.current_file = file;
   SubtitleTrack& track = session.tracks.Current();
   if (auto filled = FillTrack(track, file, options); !filled) return filled;
-  if (track.source.problem && !options.is_batch) {
-    session.prompts.ShowMessage(kProgramTitle, DescribeProblem(file, *track.source.problem));
+  session.current_file = file;
+  if (options.find_video) FindVideo(session, file, options);
+  if (track.source.problem) {
+    const std::string text = DescribeProblem(file, *track.source.problem);
+    options.is_batch ? session.view.Warn(text) : session.prompts.ShowMessage(kProgramTitle, text);
   }
-  if (track.IsIdx() || !options.measure) return {};
-  const auto outside = CheckSafeArea(session, options.is_batch);
-  if (!outside) return tl::unexpected(outside.error());
-  if (*outside > 0 && !options.is_batch) TellOutsideCues(session, *outside);
-  return {};
+  Result<void> checked;
+  if (!track.IsIdx() && options.measure) checked = CheckCues(session, options);
+  session.view.ShowTracks();
+  return checked;
 }
 
 Result<void> OpenSubtitleFile(Session& session, const std::string& file, const LoadOptions& options) {

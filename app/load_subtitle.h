@@ -12,14 +12,15 @@
 namespace captoria {
 
 struct LoadOptions {
-  bool is_batch = false;  // an unattended caller: nothing is shown
-  std::string encoding;   // the file's, when the user chose it; else it is found out
-  bool measure = true;    // check the safe viewing area; listing a file needs no fonts
+  bool is_batch = false;   // an unattended caller: no message box is shown
+  std::string encoding;    // the file's, when the user chose it; else it is found out
+  bool measure = true;     // check the safe viewing area; listing a file needs no fonts
+  bool find_video = true;  // where none is open, open the one of the file's name that the settings look for
 };
 
 // Loads `file`, a SubRip file or a VobSub index, into the current track in place of what it held. When the name is
-// blank or the file is not there, nothing changes and the error is NotFound. A SubRip file at fault half-way is loaded
-// up to there: the track's source says where and why, and unless `is_batch` so does a message.
+// blank or the file is not there or cannot be read, nothing changes; the error of the former is NotFound. A SubRip file
+// at fault half-way is loaded up to there: the track's source says where and why, and so does a message, or the view.
 Result<void> LoadFileToList(Session& session, const std::string& file, const LoadOptions& options);
 
 // What the Open command and a dropped file do: as many tracks as the settings say (`LoadSubManyTimes`) get a SubRip

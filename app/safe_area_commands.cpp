@@ -13,7 +13,7 @@ Result<int> CheckSafeArea(Session& session, bool is_batch) {
   const auto bitmap = session.Bitmap();
   if (!bitmap) return tl::unexpected(bitmap.error());
   const SafeAreaCheck check = ReCheckSrt(session.tracks.Current(), **bitmap);
-  if (check.has_font_tag && !is_batch) {
+  if (check.has_font_tag && !is_batch && !session.BatchConverting) {
     session.prompts.ShowMessage(kProgramTitle, "This subtitle has a '<font color=...>' tag. Outline will be 0");
   }
   if (check.outside == 0) ShowEditOnly(session, false);
@@ -21,14 +21,9 @@ Result<int> CheckSafeArea(Session& session, bool is_batch) {
 }
 
 void TellOutsideCues(Session& session, int outside) {
-  const std::string count = std::to_string(outside);
-  session.prompts.ShowMessage(kProgramTitle, session.tracks.Current().style.FitFont
-                                                 ? count +
-                                                       " subtitle(s) are outside safe viewing area, but program will "
-                                                       "fit these subtitles by decreasing font size."
-                                                 : count +
-                                                       " subtitle(s) are outside safe viewing area and program will "
-                                                       "NOT fit these subtitles by decreasing font size.");
+  const bool fitted = session.tracks.Current().style.FitFont;
+  const Message& message = fitted ? messages::kOutsideFitted : messages::kOutsideNotFitted;
+  session.prompts.ShowMessage(kProgramTitle, std::to_string(outside) + session.TextFor(message));
 }
 
 void ShowEditOnly(Session& session, bool only_outside) { session.only_outside = only_outside; }

@@ -12,8 +12,11 @@
 
 namespace captoria {
 
-Session::Session(ProgramFolders program_folders, Prompts& user_prompts)
-    : folders(std::move(program_folders)), prompts(user_prompts), ini_(user_prompts, folders.data, kProgramTitle) {
+Session::Session(ProgramFolders program_folders, Prompts& user_prompts, SessionView& session_view)
+    : folders(std::move(program_folders)),
+      prompts(user_prompts),
+      view(session_view),
+      ini_(user_prompts, folders.data, kProgramTitle) {
   OpenedSettings opened = OpenSettingsFile(ini_.FullPath());
   if (opened.report) prompts.ShowMessage(kProgramTitle, *opened.report);
   stored_ = std::move(opened.document);
@@ -32,6 +35,12 @@ Result<void> Session::Override(std::string_view key, std::string_view value) {
   auto applied = ApplySetting(stored_, key, value);
   if (applied) TakeSettings();
   return applied;
+}
+
+Result<void> Session::Store(std::string_view key, const std::string& value) {
+  if (auto applied = Override(key, value); !applied || !remembers) return applied;
+  if (auto created = CreateFolder(folders.data); !created) return created;
+  return ini_.Update([&](IniDocument& document) { (void)ApplySetting(document, key, value); });
 }
 
 void Session::SelectLastTab() {
@@ -63,11 +72,13 @@ Result<void> Session::Save() {
   std::vector<TrackValues> open;
   for (const SubtitleTrack& track : tracks.Open()) open.push_back({track.style, track.list_font});
 
+  const auto save = [&](IniDocument& document) {
+    return SaveValues(document, settings, open, static_cast<std::size_t>(tracks.CurrentIndex()));
+  };
   Result<void> stored;
-  const auto written = ini_.Update([&](IniDocument& document) {
-    stored = SaveValues(document, settings, open, static_cast<std::size_t>(tracks.CurrentIndex()));
-    stored_ = document;
-  });
+  const auto written = ini_.Update([&](IniDocument& document) { stored = save(document); });
+  // What was overridden stays so in this session, and is not in the file.
+  if (stored) stored = save(stored_);
   return written ? stored : written;
 }
 

@@ -10,6 +10,9 @@
 #include <optional>
 #include <string>
 
+#include "app/session_view.h"
+#include "localisation/messages.h"
+#include "pipeline/avi_inspection.h"
 #include "platform/program_folder.h"
 #include "platform/prompts.h"
 #include "platform/result.h"
@@ -23,17 +26,27 @@ namespace captoria {
 
 inline constexpr const char* kProgramTitle = "Captoria";
 
+// The video that subtitles are put beside.
+struct OpenVideo {
+  std::string AviPath;  // empty while none was opened; set also when the file cannot be read
+  VideoFormat format;
+  StreamTable streams;
+};
+
 class Session {
  public:
   // Start-up: one empty track, all settings read, the first track styled. Never fails: a settings file that cannot be
-  // used is put aside and told through `prompts`, which outlives the session. Nothing is written.
-  Session(ProgramFolders program_folders, Prompts& user_prompts);
+  // used is put aside and told through the prompts. Prompts and view outlive the session. Nothing is written.
+  Session(ProgramFolders program_folders, Prompts& user_prompts, SessionView& session_view);
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
   // Puts `value` in the place of what the settings file holds under `key`, for this session. Unsupported when there is
   // no such setting or the value is not of its kind.
   Result<void> Override(std::string_view key, std::string_view value);
+
+  // The same, written to the settings file at once.
+  Result<void> Store(std::string_view key, const std::string& value);
 
   // Selects the tab "<New>" or, with eight tracks, the last one.
   void SelectLastTab();
@@ -47,12 +60,20 @@ class Session {
   // Shutdown, and before a video is opened: writes all that is to be remembered (`SaveValues`), whole or not at all.
   Result<void> Save();
 
+  // The message in the language of the session.
+  std::string TextFor(const Message& message) const { return MessageText(language, message); }
+
   ProgramFolders folders;
   Prompts& prompts;
+  SessionView& view;
+  LanguageDocument language;
   Settings settings;
   TrackSet tracks;
-  std::string current_file;   // the file the last load used
-  bool only_outside = false;  // the list on screen is that of the cues beyond the safe viewing area
+  OpenVideo video;
+  std::string current_file;      // the file the last load used
+  bool only_outside = false;     // the list on screen is that of the cues beyond the safe viewing area
+  bool BatchConverting = false;  // a list of videos is worked through: nothing waits for a person
+  bool remembers = true;         // settings are saved where the program saves them by itself
 
  private:
   void TakeSettings();

@@ -35,8 +35,13 @@ std::string FolderOf(const std::string& path) {
   return folder.empty() ? "." : folder;
 }
 
-// Named after the process too, so that two programs writing the same file never write into each other's.
-std::string BesideOf(const std::string& path) { return path + ".new-" + std::to_string(::getpid()); }
+// Named after the process too, so that two programs writing the same file never write into each other's; and not after
+// all of a name that is as long as names can be.
+std::string BesideOf(const std::string& path) {
+  constexpr std::size_t kMostOfName = 200;
+  const std::size_t name = path.rfind('/') + 1;
+  return path.substr(0, name + kMostOfName) + ".new-" + std::to_string(::getpid());
+}
 
 // A new name is only safe once its folder is on disk. A file system that cannot sync folders is no failure.
 void SyncFolder(const std::string& folder) {

@@ -29,8 +29,15 @@ std::string HomeFolder(const Environment& environment) {
 
 ProgramFolders FindProgramFolders(const std::string& chosen, const std::string& executable_folder,
                                   const Environment& environment) {
-  ProgramFolders folders{.executable = executable_folder, .data = chosen};
-  if (!chosen.empty()) return folders;
+  ProgramFolders folders{.executable = executable_folder, .data = {}};
+  if (!chosen.empty()) {
+    // Scripts that change their folder name files in it.
+    std::error_code gone;
+    const auto absolute = std::filesystem::absolute(chosen, gone);
+    folders.data = gone ? chosen : absolute.lexically_normal().string();
+    if (folders.data.size() > 1 && folders.data.ends_with('/')) folders.data.pop_back();
+    return folders;
+  }
   if (::access(executable_folder.c_str(), W_OK) == 0) {
     folders.data = executable_folder;
   } else if (const auto xdg = AbsoluteFolder(environment("XDG_DATA_HOME"))) {

@@ -18,9 +18,9 @@ struct ProgramFolders {
 // Gives an environment variable, or nothing when it is not set. Ours to replace so that tests need no environment.
 using Environment = std::function<std::optional<std::string>(const std::string& name)>;
 
-// `chosen` (from --data) is the data folder when not empty. Otherwise it is the executable's folder when that can be
-// written, else "captoria" in the user's XDG data folder ($XDG_DATA_HOME, or ~/.local/share; a relative or empty value
-// counts as unset, as the XDG Base Directory text 0.8 asks). Nothing is created here.
+// `chosen` (from --data) is the data folder when not empty, made absolute. Otherwise it is the executable's folder when
+// that can be written, else "captoria" in the user's XDG data folder ($XDG_DATA_HOME, or ~/.local/share; a relative or
+// empty value counts as unset, as the XDG Base Directory text 0.8 asks). Nothing is created here.
 ProgramFolders FindProgramFolders(const std::string& chosen, const std::string& executable_folder,
                                   const Environment& environment);
 

@@ -20,12 +20,6 @@ constexpr int kWidthBesideText = 4;
 
 constexpr int Even(int length) { return length + length % 2; }
 
-int CountLines(std::string_view text) {
-  int lines = 1;
-  for (auto at = text.find(kLineBreak); at != text.npos; at = text.find(kLineBreak, at + kLineBreak.size())) ++lines;
-  return lines;
-}
-
 int Clamped(std::int64_t length, int most) { return static_cast<int>(std::clamp<std::int64_t>(length, 1, most)); }
 
 }  // namespace

@@ -2,18 +2,19 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# scripts/setup.sh [test] [bench] [docs] [fuzz] [ci]: installs the Debian packages that building needs, and those of the named groups.
-# Silent, and done in an instant, when nothing is missing.
+# scripts/setup.sh [test] [bench] [docs] [fuzz] [ci]: installs the Debian packages that building and running need, and
+# those of the named groups. Silent, and done in an instant, when nothing is missing.
 set -euo pipefail
 
 build=(
   cmake g++ ninja-build pkg-config python3
-  libavcodec-dev libavformat-dev libcli11-dev libexpected-dev libpango1.0-dev libswscale-dev libuchardet-dev
-  nlohmann-json3-dev
+  libavcodec-dev libavformat-dev libcli11-dev libexpected-dev libpango1.0-dev libpugixml-dev libswscale-dev
+  libuchardet-dev nlohmann-json3-dev
+  fonts-dejavu-core  # Latin, Hebrew and Arabic, so that there is something to draw with
 )
 test=(
   ffmpeg libgmock-dev libgtest-dev
-  fonts-dejavu-core fonts-liberation fonts-noto-cjk fonts-noto-core fonts-symbola
+  fonts-liberation fonts-noto-cjk fonts-noto-core fonts-symbola
 )
 bench=(dvdauthor ffmpeg fonts-liberation)
 docs=(imagemagick)

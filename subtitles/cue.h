@@ -20,6 +20,12 @@ struct SubtitleCue {
 
 inline constexpr std::string_view kLineBreak = "\r\n";
 
+inline int CountLines(std::string_view text) {
+  int lines = 1;
+  for (auto at = text.find(kLineBreak); at != text.npos; at = text.find(kLineBreak, at + kLineBreak.size())) ++lines;
+  return lines;
+}
+
 // The one row of a track whose file is a VobSub index: it carries no cues and is passed on as a file.
 inline SubtitleCue IdxPlaceholder() { return {.Number{}, .Show{}, .Hide = "idx file", .Text{}, .Tag{}}; }
 

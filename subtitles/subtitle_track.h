@@ -33,6 +33,7 @@ struct SubtitleTrack {
 
   bool HasFile() const { return !path.empty(); }
   bool IsIdx() const { return IsIdxFile(path); }
+  bool IsRendered() const { return HasFile() && !IsIdx(); }  // a VobSub file holds pictures already
 };
 
 }  // namespace captoria

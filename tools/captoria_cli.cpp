@@ -5,7 +5,9 @@
 #include <CLI/CLI.hpp>
 
 #include "tools/cli_context.h"
+#include "tools/convert_command.h"
 #include "tools/cues_command.h"
+#include "tools/info_command.h"
 #include "tools/render_command.h"
 
 int main(int argc, char** argv) {
@@ -16,6 +18,8 @@ int main(int argc, char** argv) {
   app.footer("Exit status: 0 done, 1 failed or stopped half-way, 2 wrong usage, 130 interrupted.");
 
   CliContext context;
+  AddConvertCommand(app, context);
+  AddInfoCommand(app, context);
   AddCuesCommand(app, context);
   AddRenderCommand(app, context);
   try {

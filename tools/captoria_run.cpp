@@ -3,8 +3,10 @@
 
 // captoria-run: runs a mux script where there is no command interpreter of that kind. It reads the few lines such a
 // script has and starts the tools itself, never through a shell.
+#include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
@@ -13,6 +15,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -126,11 +129,19 @@ class ScriptRun {
   }
 
  private:
+  // Whoever has started us through a terminal sees by the lock on the log that we are at work. So the log is locked
+  // before it gets its name, and until the system closes it at our end. No tool inherits it.
   void BeginLog() {
     const std::string log = JoinPath(script_folder_, "divxmux.log");
-    const auto begun = WriteWholeFile(log, "", Sync::No);
-    if (!begun) Complain(begun.error().message);
-    if (begun) log_ = log;
+    const std::string beside = log + ".new-" + std::to_string(::getpid());
+    const int locked = ::open(beside.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666);
+    if (locked >= 0) ::flock(locked, LOCK_EX | LOCK_NB);  // without locks there is still a log
+    if (locked < 0 || ::rename(beside.c_str(), log.c_str()) != 0) {
+      Complain(log + ": cannot be written: " + std::strerror(errno));
+      ::unlink(beside.c_str());
+      return;
+    }
+    log_ = log;
   }
 
   // On standard error and in the log, where whoever looks after a failure finds it behind the tools' own words.

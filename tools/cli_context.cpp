@@ -6,11 +6,14 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <string>
 
 namespace captoria {
 
 void Complain(std::string_view message) {
-  std::fprintf(stderr, "captoria-cli: %.*s\n", static_cast<int>(message.size()), message.data());
+  std::string text{message};
+  std::erase(text, '\r');  // message boxes end their lines in CR LF
+  std::fprintf(stderr, "captoria-cli: %s\n", text.c_str());
 }
 
 bool Print(std::string_view text) {

@@ -12,8 +12,11 @@
 namespace captoria {
 
 CliSession::CliSession(const std::string& data_folder)
-    : prompts_(std::cin, std::cerr, ::isatty(STDIN_FILENO) != 0),
-      session(FindProgramFolders(data_folder, ExecutableFolder(), ProcessEnvironment()), prompts_) {}
+    : prompts_(std::cin, std::cerr, ::isatty(STDIN_FILENO) != 0), session(CliFolders(data_folder), prompts_, view_) {}
+
+ProgramFolders CliFolders(const std::string& data_folder) {
+  return FindProgramFolders(data_folder, ExecutableFolder(), ProcessEnvironment());
+}
 
 Result<void> ApplyAssignments(Session& session, std::span<const std::string> assignments) {
   for (const std::string& assignment : assignments) {

@@ -10,6 +10,7 @@
 #include "app/session.h"
 #include "platform/result.h"
 #include "platform/terminal_prompts.h"
+#include "tools/cli_view.h"
 
 namespace captoria {
 
@@ -20,10 +21,14 @@ class CliSession {
 
  private:
   TerminalPrompts prompts_;
+  CliView view_;
 
  public:
   Session session;
 };
+
+// The folders of a command; an empty `data_folder` is the program's own.
+ProgramFolders CliFolders(const std::string& data_folder);
 
 // Overrides settings by texts of the form KEY=VALUE.
 Result<void> ApplyAssignments(Session& session, std::span<const std::string> assignments);

@@ -26,16 +26,14 @@ int RunCues(const CuesOptions& options, const std::string& data_folder) {
   Session& session = cli.session;
 
   const auto loaded =
-      LoadFileToList(session, options.file, {.is_batch = true, .encoding = options.encoding, .measure = options.json});
+      LoadFileToList(session, options.file,
+                     {.is_batch = true, .encoding = options.encoding, .measure = options.json, .find_video = false});
   if (!loaded) {
     Complain(loaded.error().message);
     return kExitFailed;
   }
   const SubtitleTrack& track = session.tracks.Current();
   const bool listed = options.json ? ListCuesAsJson(track, Print) : ListCuesAsTable(track, Print);
-  if (const auto& problem = track.source.problem) {
-    Complain(DescribeProblem(options.file, *problem));
-  }
   return listed && !track.source.problem ? kExitDone : kExitFailed;
 }
 

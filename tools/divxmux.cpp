@@ -121,7 +121,7 @@ Result<MuxReport> Run(const DivxMuxArguments& arguments) {
     if (!stream) return tl::unexpected(stream.error());
     job.streams.push_back(std::move(*stream));
   }
-  TerminalProgress progress("Writing the film, KiB");
+  TerminalProgress progress("Writing the film:", TerminalProgress::Show::Percent);
   auto report = Mux(job, progress);
   if (report) report->warnings.insert(report->warnings.begin(), warnings.begin(), warnings.end());
   return report;

@@ -72,7 +72,8 @@ bool ListAsText(const RenderOptions& options, const RenderedBatch& rendered) {
 }
 
 Result<RenderedBatch> Render(Session& session, const RenderOptions& options, CueBatch& batch) {
-  if (auto loaded = LoadFileToList(session, options.file, {.is_batch = true, .encoding{}}); !loaded) {
+  if (auto loaded = LoadFileToList(session, options.file, {.is_batch = true, .encoding{}, .find_video = false});
+      !loaded) {
     return tl::unexpected(loaded.error());
   }
   const SubtitleTrack& track = session.tracks.Current();
@@ -105,10 +106,9 @@ int RunRender(const RenderOptions& options, const std::string& data_folder) {
     Complain(rendered.error().message);
     return rendered.error().kind == ErrorKind::Cancelled ? kExitInterrupted : kExitFailed;
   }
-  const auto& problem = session.tracks.Current().source.problem;
-  if (problem) Complain(DescribeProblem(options.file, *problem));
+  const bool whole = !session.tracks.Current().source.problem;  // if not, the view has told
   const bool listed = options.json ? ListAsJson(options, batch, *rendered) : ListAsText(options, *rendered);
-  return listed && !problem ? kExitDone : kExitFailed;
+  return listed && whole ? kExitDone : kExitFailed;
 }
 
 }  // namespace

@@ -5,49 +5,42 @@
 
 #include <unistd.h>
 
-#include <csignal>
 #include <cstdio>
 #include <utility>
 
+#include "platform/program_folder.h"
+
 namespace captoria {
-namespace {
 
-volatile std::sig_atomic_t interrupted = 0;
+TerminalProgress::TerminalProgress(std::string label, Show show)
+    : label_(std::move(label)),
+      show_(::isatty(STDERR_FILENO) != 0 ? show : Show::Nothing),
+      file_(ProcessEnvironment()(kProgressVariable).value_or("")) {}
 
-void Interrupt(int) { interrupted = 1; }
-
-void Handle(void (*handler)(int)) {
-  for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, handler);
-}
-
-}  // namespace
-
-TerminalProgress::TerminalProgress(std::string label)
-    : label_(std::move(label)), visible_(::isatty(STDERR_FILENO) != 0) {
-  interrupted = 0;
-  Handle(Interrupt);
-}
-
-TerminalProgress::~TerminalProgress() {
-  Clear();
-  Handle(SIG_DFL);
-}
+TerminalProgress::~TerminalProgress() { Clear(); }
 
 void TerminalProgress::Clear() {
-  if (visible_ && last_.count() > 0) std::fputs("\r\033[K", stderr);
+  if (last_.count() > 0) std::fputs("\r\033[K", stderr);
 }
 
 bool TerminalProgress::Report(std::size_t done, std::size_t total) {
   constexpr std::chrono::milliseconds kPause{100};
+  file_.Write(done, total);
   const auto now = clock_.Elapsed();
-  if (visible_ && done > 0 && now - last_ >= kPause) {
-    Clear();
-    last_ = now;
-    const auto left = now / static_cast<long>(done) * static_cast<long>(total - done);
-    const auto seconds = std::chrono::ceil<std::chrono::seconds>(left).count();
-    std::fprintf(stderr, "%s %zu of %zu, %lld s left", label_.c_str(), done, total, static_cast<long long>(seconds));
+  if (show_ != Show::Nothing && done > 0 && done <= total && now - last_ >= kPause) ShowLine(done, total, now);
+  return !Interrupt::Requested();
+}
+
+void TerminalProgress::ShowLine(std::size_t done, std::size_t total, std::chrono::nanoseconds now) {
+  Clear();
+  last_ = now;
+  const auto left = now / static_cast<long>(done) * static_cast<long>(total - done);
+  const auto seconds = static_cast<long long>(std::chrono::ceil<std::chrono::seconds>(left).count());
+  if (show_ == Show::Percent) {
+    std::fprintf(stderr, "%s %zu %%, %lld s left", label_.c_str(), done * 100 / total, seconds);
+  } else {
+    std::fprintf(stderr, "%s %zu of %zu, %lld s left", label_.c_str(), done, total, seconds);
   }
-  return interrupted == 0;
 }
 
 }  // namespace captoria

@@ -9,14 +9,18 @@
 
 #include "platform/clock.h"
 #include "platform/job_progress.h"
+#include "platform/progress_file.h"
+#include "tools/interrupt.h"
 
 namespace captoria {
 
-// Shows "LABEL 120 of 1500, 2 s left" on standard error when that is a terminal, nothing otherwise. While an object
-// lives, an interrupt or a termination signal stops the job instead of the process.
+// Shows "LABEL 120 of 1500, 2 s left" on standard error when that is a terminal; where the environment names a progress
+// file, it is written there as well. While an object lives, an interrupt stops the job instead of the process.
 class TerminalProgress final : public JobProgress {
  public:
-  explicit TerminalProgress(std::string label);
+  enum class Show { Count, Percent, Nothing };
+
+  explicit TerminalProgress(std::string label, Show show = Show::Count);
   TerminalProgress(const TerminalProgress&) = delete;
   TerminalProgress& operator=(const TerminalProgress&) = delete;
   ~TerminalProgress() override;
@@ -25,9 +29,12 @@ class TerminalProgress final : public JobProgress {
 
  private:
   void Clear();
+  void ShowLine(std::size_t done, std::size_t total, std::chrono::nanoseconds now);
 
+  Interrupt interrupt_;
   std::string label_;
-  bool visible_;
+  Show show_;
+  ProgressFile file_;
   SteadyClock clock_;
   std::chrono::nanoseconds last_{0};
 };

@@ -6,8 +6,9 @@
 #include <gmock/gmock.h>
 
 #include "app/load_subtitle.h"
+#include "tests/support/quiet_view.h"
 #include "tests/support/scripted_prompts.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -35,8 +36,9 @@ class SafeAreaCommands : public testing::Test {
 
   const std::string wide_ = std::string(60, 'W');
   ScriptedPrompts prompts_;
-  TempFolder folder_;
-  Session session_{{.executable = folder_.Path(), .data = folder_.Path()}, prompts_};
+  QuietView view_;
+  TestFolder folder_;
+  Session session_{{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_};
 };
 
 TEST_F(SafeAreaCommands, ALoadTellsHowManyCuesAreOutsideAndWhetherTheyWillBeFitted) {

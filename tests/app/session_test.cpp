@@ -6,8 +6,9 @@
 #include <gmock/gmock.h>
 
 #include "app/load_subtitle.h"
+#include "tests/support/quiet_view.h"
 #include "tests/support/scripted_prompts.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -21,10 +22,11 @@ constexpr const char* kFaulty = "1\n00:00:01,000 --> 00:00:02,000\nHello\n\n2\n0
 
 class SessionTest : public testing::Test {
  protected:
-  Session Start() { return {{.executable = folder_.Path(), .data = folder_.Path()}, prompts_}; }
+  Session Start() { return {{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_}; }
 
   ScriptedPrompts prompts_;
-  TempFolder folder_;
+  QuietView view_;
+  TestFolder folder_;
 };
 
 // Opens `count` tracks and gives each a vertical position of its own.
@@ -72,7 +74,7 @@ TEST_F(SessionTest, ADamagedSettingsFileIsSetAsideToldAndReplacedOnlyByTheNextSa
 }
 
 TEST_F(SessionTest, AFirstSaveCreatesTheDataFolder) {
-  Session session{{.executable = folder_.Path(), .data = folder_.File("new/captoria")}, prompts_};
+  Session session{{.executable = folder_.Path(), .data = folder_.File("new/captoria")}, prompts_, view_};
   ASSERT_TRUE(session.Save());
   EXPECT_TRUE(FileExists(folder_.File("new/captoria/Captoria.ini")));
 }

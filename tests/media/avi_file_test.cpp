@@ -12,7 +12,7 @@
 
 #include "media/avi_info.h"
 #include "tests/support/avi_maker.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -179,7 +179,7 @@ const std::vector<Oddity>& Oddities() {
 class OddAvi : public testing::TestWithParam<Oddity> {};
 
 TEST_P(OddAvi, GivesItsChunks) {
-  const TempFolder folder;
+  const TestFolder folder;
   const auto file = AviFile::Open(folder.Put("film.avi", GetParam().file));
   ASSERT_TRUE(file) << file.error().message;
   EXPECT_EQ(ChunksOf(*file), GetParam().chunks);
@@ -195,7 +195,7 @@ INSTANTIATE_TEST_SUITE_P(Made, OddAvi, testing::ValuesIn(Oddities()),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(AviFile, KeepsWhatTheHeadersSay) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string name("Subtitle - English\0left over", 28);
   const std::string info = List("INFO", Piece("ISFT", "maker"));
   const std::string film = Riff(
@@ -222,7 +222,7 @@ TEST(AviFile, KeepsWhatTheHeadersSay) {
 }
 
 TEST(AviFile, TakesAHundredStreamsAndNoMore) {
-  const TempFolder folder;
+  const TestFolder folder;
   std::string streams;
   for (int i = 0; i < 101; ++i) streams += AudioStream();
   const auto file =
@@ -234,7 +234,7 @@ TEST(AviFile, TakesAHundredStreamsAndNoMore) {
 }
 
 TEST(AviFile, RefusesWhatIsNoFilm) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::vector<std::pair<const char*, std::string>> rows{
       {"is no AVI file", ""},
       {"is no AVI file", "RIFF"},
@@ -253,7 +253,7 @@ TEST(AviFile, RefusesWhatIsNoFilm) {
 }
 
 TEST(AviFile, GivesABeginningOfItsChunksWhereverTheFileBreaksOff) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string whole = Film(Content(), Headers(), "");
   for (std::size_t size = 0; size < whole.size(); ++size) {
     const auto file = AviFile::Open(folder.Put("film.avi", whole.substr(0, size)));
@@ -267,7 +267,7 @@ TEST(AviFile, GivesABeginningOfItsChunksWhereverTheFileBreaksOff) {
 }
 
 TEST(AviFile, EndsSoonInAGigabyteOfZeros) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string path = folder.File("film.avi");
   for (const auto& content :
        {Film(Content(), Headers(), ""), Riff(Headers() + List("movi", Content(), 0), "AVI ", 0)}) {

@@ -10,7 +10,7 @@
 
 #include "media/avi_file.h"
 #include "media/avi_info.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -77,7 +77,7 @@ class FilmByFfmpeg : public testing::TestWithParam<Film> {};
 
 TEST_P(FilmByFfmpeg, HasTheSameChunksForBothWithAndWithoutItsIndex) {
   const Film& film = GetParam();
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string path = folder.File("film.avi");
   OutputOf(
       "ffmpeg -v error -y -f lavfi -i testsrc2=size=96x64:rate=30000/1001 -f lavfi -i sine=sample_rate=44100 "

@@ -6,14 +6,14 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/avi_maker.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
 
 namespace make = avi_maker;
 
-AviFile Open(const TempFolder& folder, const std::string& headers) {
+AviFile Open(const TestFolder& folder, const std::string& headers) {
   auto file = AviFile::Open(folder.Put("film.avi", make::Film(make::Content(), headers, "")));
   EXPECT_TRUE(file) << file.error().message;
   return *std::move(file);
@@ -40,7 +40,7 @@ TEST(AviInfo, FrameRateIsThePeriodsMadeExactByTheFirstPictures) {
       {"stream without a time base", 40000, Video(0, 0), 1'000'000, 40000},
       {"nothing", 0, make::AudioStream(), 0, 1},
   };
-  const TempFolder folder;
+  const TestFolder folder;
   for (const Row& row : rows) {
     const AviFileInfo info = InfoOf(Open(folder, make::List("hdrl", make::MainHeader(row.period) + row.streams)));
     EXPECT_EQ(info.rate, row.rate) << row.name;
@@ -49,7 +49,7 @@ TEST(AviInfo, FrameRateIsThePeriodsMadeExactByTheFirstPictures) {
 }
 
 TEST(AviInfo, StreamIsNamedAndFramedByItsHeadersOrElseByWhatItIs) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string plain("\0\0\0\0", 4);
   std::string framed = make::StreamHeader("vids", 1, 25, 812);
   framed.replace(48, 8, std::string("\0\0\0\0\xD0\x02\x40\x02", 8));

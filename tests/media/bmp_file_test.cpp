@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -101,7 +101,7 @@ TEST(BmpFile, RefusesWhatBreaksOffAnywhere) {
   for (std::size_t size = 0; size < whole.size(); ++size) {
     EXPECT_FALSE(ParseBmp(ByteView{whole}.first(size), "a.bmp")) << size;
   }
-  EXPECT_EQ(ReadBmp(TempFolder().File("none.bmp")).error().kind, ErrorKind::NotFound);
+  EXPECT_EQ(ReadBmp(TestFolder().File("none.bmp")).error().kind, ErrorKind::NotFound);
 }
 
 }  // namespace

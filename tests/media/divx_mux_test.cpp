@@ -19,7 +19,7 @@
 #include "media/riff_header.h"
 #include "platform/files.h"
 #include "tests/support/avi_maker.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -124,7 +124,7 @@ class DivxMux : public testing::Test {
     return streams;
   }
 
-  TempFolder folder_;
+  TestFolder folder_;
 };
 
 void Overwrite(const std::string& path, std::uint64_t at, const std::string& bytes) {

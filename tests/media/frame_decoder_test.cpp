@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -19,7 +19,7 @@ using testing::HasSubstr;
 NoProgress nobody;
 
 // Runs the ffmpeg program in `folder`.
-void Ffmpeg(const TempFolder& folder, const std::string& arguments) {
+void Ffmpeg(const TestFolder& folder, const std::string& arguments) {
   const std::string command = "cd '" + folder.Path() + "' && ffmpeg -v error -nostdin -y " + arguments;
   ASSERT_EQ(std::system(command.c_str()), 0) << command;
 }
@@ -28,7 +28,7 @@ void Ffmpeg(const TempFolder& folder, const std::string& arguments) {
 constexpr const char* kMoving = "-f lavfi -i testsrc2=size=92x62:rate=25 ";
 
 // Every frame in turn, as ffmpeg decodes the film from its beginning.
-std::string AllFrames(const TempFolder& folder, const std::string& film) {
+std::string AllFrames(const TestFolder& folder, const std::string& film) {
   Ffmpeg(folder, "-i " + film + " -map 0:v:0 -vsync passthrough -sws_flags bicubic -pix_fmt bgra -f rawvideo all.raw");
   return folder.Get("all.raw");
 }
@@ -44,7 +44,7 @@ struct Film {
 class EveryFrame : public testing::TestWithParam<Film> {};
 
 TEST_P(EveryFrame, IsTheOneOfAFilmDecodedInWhole) {
-  const TempFolder folder;
+  const TestFolder folder;
   const Film& row = GetParam();
   Ffmpeg(folder, kMoving + row.making + " -frames:v 60 -threads 1 " + row.file);
   const std::string all = AllFrames(folder, row.file);
@@ -90,7 +90,7 @@ std::string FrameBytes(FrameDecoder& film, std::int64_t number) {
 }
 
 TEST(FrameDecoder, ShowsTheFrameBeforeWhereOneWasLeftOut) {
-  const TempFolder folder;
+  const TestFolder folder;
   Ffmpeg(folder, std::string{kMoving} +
                      "-vf \"select='not(between(n,7,8))*lt(n,30)'\" -vsync vfr -c:v mpeg4 -frames:v 28 a.avi");
   auto film = FrameDecoder::Open(folder.File("a.avi"), nobody);
@@ -102,7 +102,7 @@ TEST(FrameDecoder, ShowsTheFrameBeforeWhereOneWasLeftOut) {
 }
 
 TEST(FrameDecoder, ReadsOnlyAsFarAsABrokenFilmGoes) {
-  const TempFolder folder;
+  const TestFolder folder;
   Ffmpeg(folder, std::string{kMoving} + "-c:v mpeg4 -g 12 -frames:v 60 a.avi");
   const std::string whole = folder.Get("a.avi");
   auto film = FrameDecoder::Open(folder.Put("b.avi", whole.substr(0, whole.size() / 2)), nobody);
@@ -113,7 +113,7 @@ TEST(FrameDecoder, ReadsOnlyAsFarAsABrokenFilmGoes) {
 }
 
 TEST(FrameDecoder, FindsFramesWithoutAnIndex) {
-  const TempFolder folder;
+  const TestFolder folder;
   Ffmpeg(folder, std::string{kMoving} + "-c:v mpeg4 -g 12 -bf 1 -frames:v 60 a.avi");
   std::string bytes = folder.Get("a.avi");
   auto indexed = FrameDecoder::Open(folder.File("a.avi"), nobody);
@@ -123,7 +123,7 @@ TEST(FrameDecoder, FindsFramesWithoutAnIndex) {
 }
 
 TEST(FrameDecoder, SurvivesDamageAnywhere) {
-  const TempFolder folder;
+  const TestFolder folder;
   Ffmpeg(folder, std::string{kMoving} + "-c:v mpeg4 -g 12 -bf 1 -frames:v 30 a.avi");
   const std::string whole = folder.Get("a.avi");
   std::size_t opened = 0;
@@ -142,7 +142,7 @@ TEST(FrameDecoder, SurvivesDamageAnywhere) {
 }
 
 TEST(FrameDecoder, RefusesWhatIsNoFilm) {
-  const TempFolder folder;
+  const TestFolder folder;
   const auto kind_of = [&](const std::string& path) {
     const auto film = FrameDecoder::Open(path, nobody);
     return film ? std::nullopt : std::optional{film.error().kind};
@@ -174,7 +174,7 @@ class StopAt final : public JobProgress {
 };
 
 TEST(FrameDecoder, StopsWhenTheUserSaysSoAndGoesOnLater) {
-  const TempFolder folder;
+  const TestFolder folder;
   Ffmpeg(folder, std::string{kMoving} + "-c:v mpeg4 -g 600 -frames:v 300 a.avi");
   StopAt now(1);
   EXPECT_EQ(FrameDecoder::Open(folder.File("a.avi"), now).error().kind, ErrorKind::Cancelled);

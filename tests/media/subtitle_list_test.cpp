@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -51,7 +51,7 @@ class SubtitleListTest : public testing::Test {
   }
   Result<SubtitleList> Mux(const std::string& cues) { return ReadMuxList(folder_.Put("a.txt", kMuxHead + cues)); }
 
-  TempFolder folder_;
+  TestFolder folder_;
 };
 
 TEST_F(SubtitleListTest, TheConvertersFormGivesTimesSizeAndPlace) {

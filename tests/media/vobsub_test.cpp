@@ -11,7 +11,7 @@
 #include "media/vobsub_source.h"
 #include "media/xsub_packet.h"
 #include "tests/support/seen_subtitle.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 #include "tests/support/vobsub_pair.h"
 
 namespace captoria {
@@ -75,7 +75,7 @@ struct Pair {
 };
 
 // FFmpeg loses a unit whose packs are mixed with those of others, so its pair has them one after the other.
-std::string Save(const Pair& row, bool mixed, const TempFolder& folder) {
+std::string Save(const Pair& row, bool mixed, const TestFolder& folder) {
   VobSubPair pair;
   std::vector<std::string> languages(row.language + 1u);
   int time = 1234;
@@ -102,7 +102,7 @@ class AgainstFfmpeg : public testing::TestWithParam<Pair> {};
 
 TEST_P(AgainstFfmpeg, PacketsShowWhatTheDvdDecoderShows) {
   const Pair& row = GetParam();
-  const TempFolder ours, reference;
+  const TestFolder ours, reference;
   const std::string path = Save(row, true, ours), reference_path = Save(row, false, reference);
 
   std::vector<std::string> warnings;
@@ -140,7 +140,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return std::string{row.param.name}; });
 
 // One cue a time, each beginning where `times` says.
-std::shared_ptr<SubtitleSource> OpenCues(const TempFolder& folder, const std::vector<std::pair<int, TestSpu>>& cues,
+std::shared_ptr<SubtitleSource> OpenCues(const TestFolder& folder, const std::vector<std::pair<int, TestSpu>>& cues,
                                          const std::string& head = "", std::vector<std::string>* warnings = nullptr,
                                          std::size_t cut_off = 0) {
   VobSubPair pair;
@@ -162,7 +162,7 @@ std::vector<std::pair<std::int64_t, std::int64_t>> TimesOf(const SubtitleSource&
 }
 
 TEST(VobSubSource, GivesEveryCueAnEndBeforeTheNext) {
-  const TempFolder folder;
+  const TestFolder folder;
   const TestSpu endless{.placed = kText.placed, .stop = {}}, long_one{.placed = kText.placed, .stop = 900};
   const auto source =
       OpenCues(folder, {{9000, endless}, {1000, endless}, {3000, long_one}, {5000, kText}, {5000, kText}});
@@ -171,7 +171,7 @@ TEST(VobSubSource, GivesEveryCueAnEndBeforeTheNext) {
 }
 
 TEST(VobSubSource, LeavesOutWhatCannotBeShownAndSaysSo) {
-  const TempFolder folder;
+  const TestFolder folder;
   std::vector<std::string> warnings;
   // The last unit's control sequences are in the pack that is cut off.
   const auto source = OpenCues(folder, {{1000, kText}, {4000, {.placed = Noise(600, 200, 0, 0)}}}, "", &warnings, 2048);
@@ -180,7 +180,7 @@ TEST(VobSubSource, LeavesOutWhatCannotBeShownAndSaysSo) {
 }
 
 TEST(VobSubSource, GathersUnitsWhoseSizeIsNonsense) {
-  const TempFolder folder;
+  const TestFolder folder;
   const TestSpu large{.placed = Noise(600, 200, 0, 0)};
   const auto whole = OpenCues(folder, {{1000, large}, {4000, kText}});
   const Bytes packet = whole->Packet(0).value_or(Bytes{});
@@ -196,14 +196,14 @@ TEST(VobSubSource, GathersUnitsWhoseSizeIsNonsense) {
 }
 
 TEST(VobSubSource, ShowsOnlyForcedPicturesWhenTheIndexAsksForThem) {
-  const TempFolder folder;
+  const TestFolder folder;
   const auto source =
       OpenCues(folder, {{1000, kText}, {3000, {.placed = kText.placed, .forced = true}}}, "forced subs: ON\n");
   EXPECT_THAT(TimesOf(*source), ElementsAre(std::pair{3000, 4001}));
 }
 
 TEST(VobSubSource, TakesCodesOverAsTheyAre) {
-  const TempFolder folder;
+  const TestFolder folder;
   // Rows that end with a run to the end of the row, which a row of eight pixels would not need.
   const std::array<Bytes, 2> codes{Bytes{0xD0, 0x00, 0x20, 0x00, 0x03}, Bytes{0x00, 0x01}};
   const TestSpu spu{.placed = {SubtitlePicture(8, 3), 4, 6}, .codes = codes};
@@ -225,7 +225,7 @@ TEST(VobSubSource, TakesCodesOverAsTheyAre) {
 }
 
 TEST(VobSubSource, ShowsCustomColorsInPlaceOfThePictures) {
-  const TempFolder folder;
+  const TestFolder folder;
   SubtitlePicture picture(4, 2);
   picture.pixels = {0, 1, 2, 3, 3, 2, 1, 0};
   const auto source = OpenCues(folder, {{1000, {.placed = {picture, 10, 20}}}},
@@ -239,7 +239,7 @@ TEST(VobSubSource, ShowsCustomColorsInPlaceOfThePictures) {
 }
 
 TEST(VobSubSource, NamesTheFileThatIsMissing) {
-  const TempFolder folder;
+  const TestFolder folder;
   VobSubPair pair;
   const std::string path = pair.Save(folder, std::string{kHead} + "id: en, index: 0\n" + pair.Timestamp(0, 0));
   EXPECT_EQ(OpenVobSub(path).error().kind, ErrorKind::Damaged);

@@ -9,7 +9,7 @@
 #include "media/subtitle_rle.h"
 #include "media/xsub_file.h"
 #include "media/xsub_packet.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -277,7 +277,7 @@ class XsubFile : public testing::Test {
     return OpenXsubFile(folder_.Put("b.xsub", bytes));
   }
 
-  TempFolder folder_;
+  TestFolder folder_;
   std::string path_ = folder_.File("a.xsub");
   Packets packets_;
   NoProgress quiet_;

@@ -10,7 +10,7 @@
 #include <filesystem>
 
 #include "tests/support/full_disk.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -19,10 +19,10 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-std::size_t FilesIn(const TempFolder& folder) { return ListFiles(folder.Path(), "*").size(); }
+std::size_t FilesIn(const TestFolder& folder) { return ListFiles(folder.Path(), "*").size(); }
 
 TEST(Files, AFullDiskKeepsTheOldFileAndLeavesNothingBeside) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string path = folder.Put("a.ini", "old");
   WithFullDisk(4096, [&] {
     const auto written = WriteWholeFile(path, std::string(100'000, 'x'));
@@ -35,14 +35,14 @@ TEST(Files, AFullDiskKeepsTheOldFileAndLeavesNothingBeside) {
 }
 
 TEST(Files, AFullDiskLeavesNoHalfCopy) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string from = folder.Put("from", std::string(200'000, 'x'));
   WithFullDisk(100'000, [&] { EXPECT_FALSE(CopyWholeFile(from, folder.File("to"))); });
   EXPECT_EQ(FilesIn(folder), 1u);
 }
 
 TEST(Files, WritingThroughALinkKeepsTheLinkAndThePermissions) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string target = folder.Put("target", "old");
   ASSERT_EQ(chmod(target.c_str(), 0640), 0);
   fs::create_symlink("target", folder.File("link"));
@@ -53,7 +53,7 @@ TEST(Files, WritingThroughALinkKeepsTheLinkAndThePermissions) {
 }
 
 TEST(Files, CopyingAFileOntoItselfIsRefused) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string path = folder.Put("a", "content");
   fs::create_hard_link(path, folder.File("b"));
   EXPECT_FALSE(CopyWholeFile(path, folder.File("b")));
@@ -61,7 +61,7 @@ TEST(Files, CopyingAFileOntoItselfIsRefused) {
 }
 
 TEST(Files, CopiedToolsStayExecutable) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string from = folder.Put("tool", "#!");
   ASSERT_EQ(chmod(from.c_str(), 0755), 0);
   ASSERT_TRUE(CopyWholeFile(from, folder.File("copy")));
@@ -69,7 +69,7 @@ TEST(Files, CopiedToolsStayExecutable) {
 }
 
 TEST(Files, RenamingNeverReplaces) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string from = folder.Put("from", "1");
   const std::string taken = folder.Put("taken", "2");
   EXPECT_FALSE(RenameWithoutReplacing(from, taken));
@@ -80,7 +80,7 @@ TEST(Files, RenamingNeverReplaces) {
 }
 
 TEST(Files, ReadingIsBoundedAndSaysWhatIsWrong) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string path = folder.Put("a", "12345");
   EXPECT_EQ(ReadWholeFile(path, 5).value(), "12345");
   EXPECT_EQ(ReadWholeFile(path, 4).error().kind, ErrorKind::TooLarge);
@@ -91,7 +91,7 @@ TEST(Files, ReadingIsBoundedAndSaysWhatIsWrong) {
 }
 
 TEST(Files, ListingMatchesWildcardsWithoutRegardToCase) {
-  const TempFolder folder;
+  const TestFolder folder;
   for (const char* name : {"Film.srt", "film.en.SRT", "Film 2.srt", "film.avi", "[x]*.srt"}) folder.Put(name, "");
   fs::create_directory(folder.File("film.folder.srt"));
   EXPECT_THAT(ListFiles(folder.Path(), "film*.srt"), ElementsAre("Film 2.srt", "Film.srt", "film.en.SRT"));

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/mux_script.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -101,7 +101,7 @@ TEST(MuxScript, LengthIsBounded) {
   EXPECT_TRUE(ParseMuxScript(text));
   EXPECT_EQ(ParseMuxScript(text + "\n").error().kind, ErrorKind::TooLarge);
 
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string path = folder.Put("a.bat", "t " + std::string((1 << 20) - 2, 'a'));
   EXPECT_TRUE(ReadMuxScript(path));
   folder.Put("a.bat", "t " + std::string((1 << 20) - 1, 'a'));
@@ -109,7 +109,7 @@ TEST(MuxScript, LengthIsBounded) {
 }
 
 TEST(MuxScript, ErrorsOfAFileBeginWithItsName) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string path = folder.Put("a.bat", "cd\n");
   EXPECT_THAT(ReadMuxScript(path).error().message, StartsWith(path + ": line 1: "));
 }

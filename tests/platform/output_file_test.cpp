@@ -12,7 +12,7 @@
 
 #include "platform/input_file.h"
 #include "tests/support/full_disk.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -20,10 +20,10 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::vector<std::string> FilesIn(const TempFolder& folder) { return ListFiles(folder.Path(), "*"); }
+std::vector<std::string> FilesIn(const TestFolder& folder) { return ListFiles(folder.Path(), "*"); }
 
 TEST(OutputFile, AppearsWholeOnCommitAndReplaces) {
-  const TempFolder folder;
+  const TestFolder folder;
   folder.Put("film", "old");
   auto file = OutputFile::Create(folder.File("film"));
   ASSERT_TRUE(file);
@@ -39,7 +39,7 @@ TEST(OutputFile, AppearsWholeOnCommitAndReplaces) {
 }
 
 TEST(OutputFile, LeavesNothingWhenItIsDroppedOrTheDiskIsFull) {
-  const TempFolder folder;
+  const TestFolder folder;
   { ASSERT_TRUE(OutputFile::Create(folder.File("film"))->Append("abc")); }
   WithFullDisk(100'000, [&] {
     auto written = OutputFile::Create(folder.File("film"));
@@ -52,7 +52,7 @@ TEST(OutputFile, LeavesNothingWhenItIsDroppedOrTheDiskIsFull) {
 }
 
 TEST(OutputFile, LeavesNothingWhenTheProcessIsKilled) {
-  const TempFolder folder;
+  const TestFolder folder;
   const pid_t child = fork();
   if (child == 0) {
     auto file = OutputFile::Create(folder.File("film"));
@@ -66,12 +66,12 @@ TEST(OutputFile, LeavesNothingWhenTheProcessIsKilled) {
 }
 
 TEST(OutputFile, NeedsAFolderToWriteInto) {
-  const TempFolder folder;
+  const TestFolder folder;
   EXPECT_EQ(OutputFile::Create(folder.File("none/film")).error().kind, ErrorKind::Unwritable);
 }
 
 TEST(InputFile, ReadsPlacesAndKnowsItsEnd) {
-  const TempFolder folder;
+  const TestFolder folder;
   auto file = InputFile::Open(folder.Put("a", "0123456789"));
   ASSERT_TRUE(file);
   EXPECT_EQ(file->Size(), 10u);
@@ -85,7 +85,7 @@ TEST(InputFile, ReadsPlacesAndKnowsItsEnd) {
 }
 
 TEST(InputFile, OneFileByTwoNamesIsOneFile) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string a = folder.Put("a", "1"), b = folder.Put("b", "1");
   std::filesystem::create_symlink("a", folder.File("link"));
   EXPECT_TRUE(IsSameFile(a, folder.File("link")));

@@ -12,7 +12,7 @@
 
 #include "platform/process.h"
 #include "tests/support/other_process.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -48,7 +48,7 @@ class ProcessTest : public testing::Test {
   }
   std::string Log() const { return folder_.Get("log"); }
 
-  TempFolder folder_;
+  TestFolder folder_;
 };
 
 TEST_F(ProcessTest, ArgumentsArriveAsTheyStand) {
@@ -196,7 +196,7 @@ TEST_F(ProcessTest, EndsWithItsOwnerUnlessLeftRunning) {
 }
 
 TEST(FindOnPath, TakesTheFirstThatCanBeRun) {
-  const TempFolder folder;
+  const TestFolder folder;
   for (const char* part : {"a", "b", "c"}) std::filesystem::create_directory(folder.File(part));
   std::filesystem::create_directory(folder.File("a/tool"));
   folder.Put("b/tool", "");

@@ -7,7 +7,7 @@
 
 #include <map>
 
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -24,7 +24,7 @@ Environment Of(std::map<std::string, std::string> variables) {
 constexpr const char* kReadOnly = "/nonexistent/bin";
 
 TEST(ProgramFolders, TheExecutablesFolderServesWhereItCanBeWritten) {
-  const TempFolder folder;
+  const TestFolder folder;
   EXPECT_EQ(FindProgramFolders("", folder.Path(), Of({})).data, folder.Path());
 }
 

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "settings/settings_values.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -20,7 +20,7 @@ std::vector<SubtitleCue> ManyCues() {
   return cues;
 }
 
-CueBatch BatchInto(const TempFolder& folder, const std::vector<SubtitleCue>& cues) {
+CueBatch BatchInto(const TestFolder& folder, const std::vector<SubtitleCue>& cues) {
   return {cues, DefaultTrackStyle(), {720, 0xFF0000}, [&folder](std::size_t i) {
             return folder.File(BitmapFileName(0, i + 1));
           }};
@@ -29,7 +29,7 @@ CueBatch BatchInto(const TempFolder& folder, const std::vector<SubtitleCue>& cue
 TEST(CueBatch, GivesTheSameFilesOnAnyNumberOfThreads) {
   const auto fonts = FontCollection::Open().value();
   const auto cues = ManyCues();
-  const TempFolder one, many;
+  const TestFolder one, many;
   NoProgress progress;
   const auto alone = RenderCues(fonts, BatchInto(one, cues), 1, progress);
   const auto shared = RenderCues(fonts, BatchInto(many, cues), 5, progress);
@@ -55,7 +55,7 @@ class StopAfter final : public JobProgress {
 TEST(CueBatch, StopsWhenToldAndAtTheFirstFailure) {
   const auto fonts = FontCollection::Open().value();
   const auto cues = ManyCues();
-  const TempFolder folder;
+  const TestFolder folder;
   StopAfter stop(20);
   const auto stopped = RenderCues(fonts, BatchInto(folder, cues), 1, stop);
   ASSERT_FALSE(stopped);

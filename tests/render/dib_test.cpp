@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 
 #include "render/coverage.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -21,7 +21,7 @@ std::uint32_t Number(const std::string& bytes, std::size_t at, int size) {
 }
 
 TEST(Dib, SavesTheSizesOfAnEvenBitmap) {
-  const TempFolder folder;
+  const TestFolder folder;
   cDIB dib;
   ASSERT_TRUE(dib.Create(312, 50));
   ASSERT_TRUE(dib.Save(folder.File("a.bmp")));
@@ -38,7 +38,7 @@ TEST(Dib, SavesTheSizesOfAnEvenBitmap) {
 }
 
 TEST(Dib, SavesRowsFromTheBottomWithTheLeftPixelInTheHighNibble) {
-  const TempFolder folder;
+  const TestFolder folder;
   cDIB dib;
   ASSERT_TRUE(dib.Create(3, 2));
   dib.SetColorInPalette16(0x0000FF, 1);  // red
@@ -54,7 +54,7 @@ TEST(Dib, RefusesWhatIsNoBitmap) {
   cDIB dib;
   EXPECT_FALSE(dib.Create(0, 10));
   EXPECT_FALSE(dib.Create(10, cDIB::kLongestSide + 1));
-  const TempFolder folder;
+  const TestFolder folder;
   EXPECT_FALSE(dib.Save(folder.File("a.bmp")));
   ASSERT_TRUE(dib.Create(2, 2));
   EXPECT_FALSE(dib.Save(folder.File("none/a.bmp")));

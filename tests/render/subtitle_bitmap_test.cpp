@@ -12,7 +12,7 @@
 
 #include "render/styled_text.h"
 #include "settings/settings_values.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -55,7 +55,7 @@ TEST_P(Golden, IsDrawnPixelByPixel) {
   SubtitleBitmap bitmap(Fonts(), {720, kBlue});
   bitmap.RenderCueBitmap(GetParam().text, GetParam().style);
   EXPECT_THAT(bitmap.Report().missing, IsEmpty());
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string golden = kGolden + GetParam().name + ".bmp";
   if (std::getenv("CAPTORIA_WRITE_GOLDEN") != nullptr) {
     EXPECT_TRUE(bitmap.Dib().Save(golden)) << golden;

@@ -13,7 +13,7 @@
 #include "settings/ini_path.h"
 #include "settings/ini_store.h"
 #include "tests/support/scripted_prompts.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -22,7 +22,7 @@ using namespace std::string_literals;
 
 class IniFile : public testing::Test {
  protected:
-  TempFolder folder_;
+  TestFolder folder_;
   ScriptedPrompts prompts_;
   clsIniFile ini_{prompts_, folder_.Path(), " CAPTORIA "};
 };

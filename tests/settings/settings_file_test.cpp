@@ -10,7 +10,7 @@
 #include <filesystem>
 
 #include "settings/ini_store.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -21,7 +21,7 @@ using testing::HasSubstr;
 const std::string kZeroed(64, '\0');
 
 TEST(SettingsFile, AGoodOrMissingFileIsNotReported) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string path = folder.File("Captoria.ini");
   EXPECT_FALSE(OpenSettingsFile(path).report);
   folder.Put("Captoria.ini", "[General]\nx=1\n");
@@ -31,7 +31,7 @@ TEST(SettingsFile, AGoodOrMissingFileIsNotReported) {
 }
 
 TEST(SettingsFile, ADamagedFileIsPutAsideUnderAFreeName) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string path = folder.Put("Captoria.ini", kZeroed);
   folder.Put("Captoria.ini.damaged", "older");
   const OpenedSettings opened = OpenSettingsFile(path);
@@ -45,7 +45,7 @@ TEST(SettingsFile, ADamagedFileIsPutAsideUnderAFreeName) {
 }
 
 TEST(SettingsFile, ATooLargeFileIsPutAside) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string path = folder.Put("Captoria.ini", std::string(kLargestIniFile + 1, '\n'));
   EXPECT_TRUE(OpenSettingsFile(path).report);
   EXPECT_EQ(ListFiles(folder.Path(), "*"), std::vector<std::string>{"Captoria.ini.damaged"});
@@ -63,7 +63,7 @@ class AsOrdinaryUser {
 
 TEST(SettingsFile, AForbiddenFileIsPutAsideWhereItsFolderAllowsIt) {
   const AsOrdinaryUser user;
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string path = folder.Put("Captoria.ini", "[General]\nx=1\n");
   fs::permissions(path, fs::perms::none);
   fs::permissions(folder.Path(), fs::perms::owner_read | fs::perms::owner_exec);
@@ -77,7 +77,7 @@ TEST(SettingsFile, AForbiddenFileIsPutAsideWhereItsFolderAllowsIt) {
 }
 
 TEST(SettingsFile, AFolderOfThatNameIsLeftAlone) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string path = folder.File("Captoria.ini");
   ASSERT_TRUE(CreateFolder(path));
   EXPECT_THAT(OpenSettingsFile(path).report.value_or(""), HasSubstr("cannot be saved"));

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 
@@ -26,7 +26,7 @@ struct ProgramRun {
 // standard output goes there instead of into the result.
 inline ProgramRun RunProgram(const std::string& name, const std::vector<std::string>& arguments,
                              const std::string& out_file = {}) {
-  const TempFolder folder;
+  const TestFolder folder;
   const std::string program = std::string{CAPTORIA_BIN} + "/" + name;
   const std::string out = out_file.empty() ? folder.File("out") : out_file;
   std::vector<char*> argv{const_cast<char*>(program.c_str())};

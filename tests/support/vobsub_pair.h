@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "media/subtitle_rle.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/test_folder.h"
 
 namespace captoria {
 
@@ -113,7 +113,7 @@ class VobSubPair {
   Bytes& Sub() { return sub_; }
 
   // Gives the path of the index.
-  std::string Save(const TempFolder& folder, const std::string& index) const {
+  std::string Save(const TestFolder& folder, const std::string& index) const {
     folder.Put("film.sub", {sub_.begin(), sub_.end()});
     return folder.Put("film.idx", index);
   }

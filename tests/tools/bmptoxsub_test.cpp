@@ -45,7 +45,7 @@ class BmpToXsub : public testing::Test {
     return tops;
   }
 
-  TempFolder folder_;
+  TestFolder folder_;
   std::string text_ =
       "[HEADER]\r\nTITLE\r\nFRAMERATE PAL\r\nDROPFRAME NO\r\nCONTRAST    (0 15 15 15)\r\nCOLOR       (0 2 1 3)\r\n\r\n"
       "[PALETTE]\r\n0 (0, 0, 255)\r\n1 (255, 255, 255)\r\n2 (0, 0, 0)\r\n3 (70, 70, 70)\r\n\r\n[LIST]\r\n"

@@ -34,7 +34,7 @@ class CaptoriaRun : public testing::Test {
   ProgramRun Run(const std::string& lines) const { return RunProgram("captoria-run", {PutScript(lines)}); }
   std::string Log() const { return folder_.Get("script/divxmux.log"); }
 
-  TempFolder folder_;
+  TestFolder folder_;
 };
 
 // captoria-run on a terminal of its own.

@@ -23,7 +23,7 @@ class CuesCommand : public testing::Test {
     return RunProgram("captoria-cli", arguments);
   }
 
-  TempFolder folder_;
+  TestFolder folder_;
 };
 
 constexpr const char* kTwoCues =
@@ -56,7 +56,7 @@ TEST_F(CuesCommand, AFaultListsTheCuesKeptNamesTheLineAndFails) {
   const std::string file = folder_.Put("a.srt", std::string{kTwoCues} + "\n3\n00:00:05 --> 00:00:06\nd\n");
   const auto run = Cues({file, "--json"});
   EXPECT_EQ(run.status, 1);
-  EXPECT_THAT(run.err, StartsWith("captoria-cli: " + file + ": line 11: "));
+  EXPECT_THAT(run.err, StartsWith("captoria-cli: warning: " + file + ": line 11: "));
   const Json listed = Json::parse(run.out);
   EXPECT_EQ(listed["cues"].size(), 1u);
   EXPECT_EQ(listed["problem"]["line"], 11);

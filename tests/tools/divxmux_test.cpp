@@ -49,7 +49,7 @@ class DivxMuxProgram : public testing::Test {
     return names;
   }
 
-  TempFolder folder_;
+  TestFolder folder_;
   std::string film_ = folder_.File("in film.avi");
   std::string list_ = folder_.File("list.txt");
 };

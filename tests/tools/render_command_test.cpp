@@ -22,7 +22,7 @@ class RenderCommand : public testing::Test {
   }
   std::string Out() const { return folder_.File("out/bitmaps"); }
 
-  TempFolder folder_;
+  TestFolder folder_;
   std::string file_ = folder_.Put("a.srt",
                                   "1\n00:00:01,000 --> 00:00:02,000\nOne\n\n"
                                   "2\n00:00:03,000 --> 00:00:04,000\nTwo\n\n"

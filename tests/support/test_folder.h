@@ -14,16 +14,16 @@
 
 namespace captoria {
 
-class TempFolder {
+class TestFolder {
  public:
-  TempFolder() {
+  TestFolder() {
     std::string name = (std::filesystem::temp_directory_path() / "captoria-test-XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr) ADD_FAILURE() << "no temporary folder";
     path_ = name;
   }
-  TempFolder(const TempFolder&) = delete;
-  TempFolder& operator=(const TempFolder&) = delete;
-  ~TempFolder() {
+  TestFolder(const TestFolder&) = delete;
+  TestFolder& operator=(const TestFolder&) = delete;
+  ~TestFolder() {
     std::error_code ignored;
     std::filesystem::remove_all(path_, ignored);
   }
@@ -31,8 +31,9 @@ class TempFolder {
   const std::string& Path() const { return path_; }
   std::string File(const std::string& name) const { return path_ + "/" + name; }
 
-  // Writes `content` to the file `name` and gives its path.
+  // Writes `content` to the file `name`, which may lie in folders yet to be made, and gives its path.
   std::string Put(const std::string& name, const std::string& content) const {
+    EXPECT_TRUE(CreateFolder(std::filesystem::path(File(name)).parent_path()));
     EXPECT_TRUE(WriteWholeFile(File(name), content, Sync::No));
     return File(name);
   }

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "app/locate_tool.h"
+
+#include "platform/ascii.h"
+#include "platform/files.h"
+
+namespace captoria {
+namespace {
+
+const std::string& StoredPath(const Session& session, Tool tool) {
+  return tool == Tool::DivXMux ? session.settings.DivXMuxPath : session.settings.bmpToxSubPath;
+}
+
+}  // namespace
+
+std::optional<std::string> AcceptToolPath(Session& session, Tool tool, const std::string& path) {
+  const char* window = tool == Tool::DivXMux ? "frmAskForDivXMux" : "frmAskForbmptoxsub";
+  const std::string trimmed{Trim(path)};
+  if (trimmed.empty()) return session.TextFor({window, 1, "Please set a path"});
+  if (!FileExists(trimmed)) return session.TextFor({window, 2, "Please set a valid path"});
+  const auto stored = session.Store(tool == Tool::DivXMux ? "DivXMuxPath" : "bmpToxSubPath", trimmed);
+  if (!stored) return stored.error().message;
+  return std::nullopt;
+}
+
+std::optional<std::string> ToolPath(Session& session, Tool tool) {
+  const std::string name = FileNameOf(tool);
+  while (!FileExists(StoredPath(session, tool))) {
+    const auto path = session.prompts.AskFileToOpen("File " + name + " not found. Please, set the path for this file",
+                                                    {{name, name}}, StoredPath(session, tool));
+    if (!path) return std::nullopt;
+    const auto refused = AcceptToolPath(session, tool, *path);
+    if (refused) session.prompts.ShowMessage(kProgramTitle, *refused);
+  }
+  return StoredPath(session, tool);
+}
+
+}  // namespace captoria

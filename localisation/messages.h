@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// The texts of message boxes. A window numbers its messages; a language document may replace each.
+#pragma once
+
+#include <string>
+
+#include "localisation/language_document.h"
+
+namespace captoria {
+
+struct Message {
+  const char* window;  // part of the format of language files
+  int number;
+  const char* text;  // English, built in
+};
+
+namespace messages {
+
+constexpr Message kOutsideFitted{"Form1", 2,
+                                 " subtitle(s) are outside safe viewing area, but program will fit these subtitles by "
+                                 "decreasing font size."};  // behind a count
+constexpr Message kLoadAvi{"Form1", 3, "Load a valid avi file"};
+constexpr Message kLoadSubtitle{"Form1", 4, "Load a subtitle file"};
+constexpr Message kNoFileInfo{"Form1", 5, "Error geting info for file"};
+constexpr Message kFinished{"Form1", 8, "Creation Finished!"};
+constexpr Message kUnknownStreams{"Form1", 10,
+                                  "There are unknown streams at loaded avi file. You want to remove them?"};
+constexpr Message kOutsideNotFitted{"Form1", 11,
+                                    " subtitle(s) are outside safe viewing area and program will NOT fit these "
+                                    "subtitles by decreasing font size."};  // behind a count
+constexpr Message kFailed{"Form1", 12, "Creation failed"};
+
+}  // namespace messages
+
+// The message in the document's language, else its English text.
+std::string MessageText(const LanguageDocument& language, const Message& message);
+
+}  // namespace captoria

@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "pipeline/mux_script_text.h"
+
+#include <algorithm>
+
+#include "pipeline/bitmap_job.h"
+#include "platform/ascii.h"
+#include "platform/files.h"
+#include "platform/mux_script.h"
+#include "platform/path_text.h"
+
+namespace captoria {
+namespace {
+
+constexpr const char* kLineEnd = "\r\n";
+constexpr std::string_view kExtension = ".divx";
+constexpr std::size_t kLongestName = 255;  // bytes, on the file systems of our time
+
+bool EndsInDivx(std::string_view path) {
+  return path.size() >= kExtension.size() &&
+         EqualsIgnoringCase(path.substr(path.size() - kExtension.size()), kExtension);
+}
+
+std::string Quoted(const std::string& path) { return "\"" + path + "\""; }
+
+// What the script's quoting would not bring across is replaced: a name is there to be read.
+std::string Readable(std::string title) {
+  std::ranges::replace(title, '"', '\'');
+  std::ranges::replace_if(
+      title, [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+  return title;
+}
+
+// The title of a stream, as long as it says what the stream is. Others are left to the tool.
+std::string TitleOf(const StreamRow& row, std::string_view beginning) {
+  const std::string title = row.Title();
+  const bool says_so = EqualsIgnoringCase(std::string_view{title}.substr(0, beginning.size()), beginning);
+  return says_so ? Readable(title) : std::string{};
+}
+
+std::string SourceOf(const MuxScript& script, int number, const SubtitleTrack& track) {
+  if (track.IsIdx()) return Quoted(track.path);
+  return script.form == ListForm::Converter ? XsubFileName(number) : ListFileName(number);
+}
+
+std::string MuxCommand(const MuxScript& script) {
+  const std::string video = Quoted(script.avi_path);
+  const std::string title = script.streams.empty() ? std::string{} : TitleOf(script.streams.front(), "video");
+  std::string command = "divxmux.exe -v (" + title + ") " + video;
+  int subtitles = 0, sounds = 0;
+  for (const StreamRow& row : script.streams) {
+    if (row.type == StreamType::Subtitle) {
+      command += " -s #" + std::to_string(++subtitles) + " (" + TitleOf(row, "subtitle") + ") " + video;
+    } else if (row.type == StreamType::Audio) {
+      command += " -a #" + std::to_string(++sounds) + " (" + TitleOf(row, "audio") + ") " + video;
+    }
+  }
+  int number = 0;
+  for (const SubtitleTrack& track : script.tracks) {
+    if (track.HasFile()) {
+      command += " -s (" + Readable(SubtitleTitle(track.style)) + ") " + SourceOf(script, number, track);
+    }
+    ++number;
+  }
+  return command + " -o " + Quoted(script.output);
+}
+
+}  // namespace
+
+std::string OutputPath(const std::string& avi_path, bool replace) {
+  const std::string_view name = GetFileNameOnly(avi_path);
+  std::string base = avi_path.substr(0, avi_path.size() - name.size()).append(RemoveExt(name));
+  const auto path = [&] { return base + std::string{kExtension}; };
+  if (replace) return EndsInDivx(avi_path) ? path() + std::string{kExtension} : path();
+  while (FileExists(path()) || FolderExists(path())) base += "_";
+  return path();
+}
+
+std::string LanguageCode(std::string_view language) {
+  const auto blank = language.find(' ');
+  return blank == language.npos ? "en" : std::string{language.substr(0, blank)};
+}
+
+std::string SubtitleTitle(const TrackStyle& style) {
+  const std::string type = std::to_string(style.SubType);
+  return "Subtitle - " + LanguageCode(style.Language) + ";" + (type.size() < 2 ? "0" : "") + type;
+}
+
+Result<void> CheckNames(const MuxScript& script) {
+  std::vector<std::string> paths{script.temp_folder, script.avi_path, script.output};
+  for (const SubtitleTrack& track : script.tracks) {
+    if (track.IsIdx()) paths.push_back(track.path);
+  }
+  for (const std::string& path : paths) {
+    if (CanBeQuoted(path)) continue;
+    return Failure(ErrorKind::Unsupported,
+                   path + ": a quotation mark or line break in a name cannot be passed on to the tools; rename it");
+  }
+  if (GetFileNameOnly(script.output).size() > kLongestName) {
+    return Failure(ErrorKind::Unsupported, script.output + ": the name of the film would be longer than " +
+                                               std::to_string(kLongestName) + " bytes; give the video a shorter one");
+  }
+  return {};
+}
+
+std::string TextOf(const MuxScript& script) {
+  std::string text = script.program_folder.substr(0, 2) + kLineEnd + "cd " + Quoted(script.temp_folder) + kLineEnd;
+  int number = 0;
+  for (const SubtitleTrack& track : script.tracks) {
+    if (script.form == ListForm::Converter && track.IsRendered()) {
+      text += "bmptoxsub.exe " + ListFileName(number) + " " + XsubFileName(number) +
+              (script.pal_mode1 ? " PALMODE1" : "") + kLineEnd;
+    }
+    ++number;
+  }
+  text += MuxCommand(script) + kLineEnd;
+  return script.pause ? text + "pause" + kLineEnd : text;
+}
+
+}  // namespace captoria

@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "pipeline/temp_folder.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+#include "pipeline/tool_copies.h"
+#include "platform/files.h"
+#include "tests/support/test_folder.h"
+
+namespace captoria {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(TempFolder, EachConversionHasOneOfItsOwn) {
+  const TestFolder program;
+  const std::string data = program.File("new/data");
+  {
+    const auto first = TempFolder::Open(data), second = TempFolder::Open(data);
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(first->Path(), data + "/tmp");
+    EXPECT_EQ(second->Path(), data + "/tmp-2");
+    EXPECT_EQ(TempFolder::Open(data)->Path(), data + "/tmp-3");
+  }
+  EXPECT_EQ(TempFolder::Open(data)->Path(), data + "/tmp") << "it is free again";
+  program.Put("file", "");
+  EXPECT_EQ(TempFolder::Open(program.File("file")).error().kind, ErrorKind::Unwritable);
+}
+
+struct Cleaned {
+  const char* name;
+  CleanUp wanted;
+  std::vector<std::string> left;
+};
+
+class CleaningUp : public testing::TestWithParam<Cleaned> {};
+
+TEST_P(CleaningUp, DeletesFilesOfTheWantedKindsAndNoFolder) {
+  const TestFolder program;
+  const auto temp = TempFolder::Open(program.Path());
+  ASSERT_TRUE(temp);
+  for (const char* name : {"bmp00001.bmp", "B.BMP", "linkerfile0.txt", ".hidden"}) {
+    ASSERT_TRUE(WriteWholeFile(temp->File(name), "", Sync::No));
+  }
+  ASSERT_TRUE(CreateFolder(temp->File("folder.bmp")));
+  temp->Clean(GetParam().wanted);
+  EXPECT_EQ(ListFiles(temp->Path(), "*"), GetParam().left);
+  EXPECT_TRUE(FolderExists(temp->File("folder.bmp")));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Settings, CleaningUp,
+    testing::Values(Cleaned{"Everything", {.everything = true}, {}},
+                    Cleaned{"Bitmaps", {.everything = false, .bitmaps = true}, {".hidden", "linkerfile0.txt"}},
+                    Cleaned{"Others", {.everything = false, .others = true}, {"B.BMP", "bmp00001.bmp"}},
+                    Cleaned{"Nothing", {.everything = false}, {".hidden", "B.BMP", "bmp00001.bmp", "linkerfile0.txt"}}),
+    [](const auto& row) { return std::string{row.param.name}; });
+
+TEST(CopyTool, TakesTheFirstThatIsThere) {
+  const TestFolder program;
+  const auto temp = TempFolder::Open(program.Path());
+  ASSERT_TRUE(CreateFolder(program.File("bin")));
+  const std::string elsewhere = program.Put("my muxer", "mine");
+  int asked = 0;
+  const auto locate = [&](Tool) {
+    ++asked;
+    return std::optional{elsewhere};
+  };
+  const std::vector<std::string> folders{program.Path(), program.File("bin")};
+  const auto copied = [&] {
+    EXPECT_TRUE(CopyTool(Tool::DivXMux, *temp, folders, locate));
+    return program.Get("tmp/DivXMux.exe");
+  };
+  EXPECT_EQ(copied(), "mine");
+  EXPECT_EQ(asked, 1);
+  program.Put("DivXMux.exe", "first");
+  program.Put("bin/DivXMux.exe", "second");
+  EXPECT_EQ(copied(), "mine") << "a working copy stays";
+  temp->Clean({});
+  EXPECT_EQ(copied(), "first");
+  temp->Clean({});
+  std::filesystem::remove(program.File("DivXMux.exe"));
+  EXPECT_EQ(copied(), "second");
+  EXPECT_EQ(asked, 1);
+  const auto given_up = CopyTool(Tool::BmpToXSub, *temp, folders, [](Tool) { return std::optional<std::string>{}; });
+  EXPECT_EQ(given_up.error().kind, ErrorKind::NotFound);
+}
+
+}  // namespace
+}  // namespace captoria

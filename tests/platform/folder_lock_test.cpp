@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "platform/folder_lock.h"
+
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "tests/support/other_process.h"
+#include "tests/support/test_folder.h"
+
+namespace captoria {
+namespace {
+
+bool IsFree(const TestFolder& folder) { return FolderLock::TryLock(folder.Path()).value().has_value(); }
+
+TEST(FolderLock, IsHeldByOneObjectUntilThatIsGone) {
+  const TestFolder folder, other;
+  {
+    auto first = FolderLock::TryLock(folder.Path()).value();
+    ASSERT_TRUE(first);
+    FolderLock moved(std::move(*first));
+    EXPECT_FALSE(IsFree(folder)) << "moving keeps it";
+    first.reset();
+    EXPECT_FALSE(IsFree(folder));
+    EXPECT_TRUE(IsFree(other));
+    moved = FolderLock::TryLock(other.Path()).value().value();
+    EXPECT_TRUE(IsFree(folder)) << "the one replaced is freed";
+    EXPECT_FALSE(IsFree(other));
+  }
+  EXPECT_TRUE(IsFree(other));
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+}
+
+TEST(FolderLock, OfAProcessThatIsKilledIsFree) {
+  const TestFolder folder;
+  const pid_t child = ::fork();
+  if (child == 0) {
+    std::optional<FolderLock> lock;
+    while (!lock) lock = FolderLock::TryLock(folder.Path()).value();  // the parent may be looking just now
+    while (true) ::pause();
+  }
+  EXPECT_TRUE(Soon([&] { return !IsFree(folder); }));
+  ::kill(child, SIGKILL);
+  EXPECT_EQ(::waitpid(child, nullptr, 0), child);
+  EXPECT_TRUE(IsFree(folder));
+}
+
+TEST(FolderLock, NeedsAFolder) {
+  const TestFolder folder;
+  for (const std::string& path : {folder.File("none"), folder.Put("file", "")}) {
+    const auto lock = FolderLock::TryLock(path);
+    ASSERT_FALSE(lock);
+    EXPECT_EQ(lock.error().kind, ErrorKind::NotFound);
+    EXPECT_TRUE(lock.error().message.starts_with(path + ": ")) << lock.error().message;
+  }
+}
+
+}  // namespace
+}  // namespace captoria

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// A session's view that remembers what it was told, and stops work when a test wants it.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "app/session_view.h"
+
+namespace captoria {
+
+class QuietView final : public SessionView {
+ public:
+  void Warn(const std::string& text) override { warnings.push_back(text); }
+
+  std::unique_ptr<JobProgress> BeginWork(Work work) override {
+    class Asking final : public JobProgress {
+     public:
+      explicit Asking(std::function<bool()> goes_on) : goes_on_(std::move(goes_on)) {}
+      bool Report(std::size_t, std::size_t) override { return goes_on_(); }
+
+     private:
+      std::function<bool()> goes_on_;
+    };
+    return std::make_unique<Asking>([this, work] { return goes_on(work); });
+  }
+
+  std::vector<std::string> warnings;
+  std::function<bool(Work)> goes_on = [](Work) { return true; };
+};
+
+}  // namespace captoria
