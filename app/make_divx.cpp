@@ -140,7 +140,7 @@ class Conversion {
 
   void WarnOfMissing(const FontReport& report) {
     if (report.missing.empty()) return;
-    std::string text = "no installed font has";
+    std::string text = script_.avi_path + ": no installed font has";
     for (const char32_t character : report.missing) {
       char name[16];
       std::snprintf(name, sizeof name, " U+%04X", static_cast<unsigned>(character));
@@ -197,7 +197,7 @@ class Conversion {
     const FileStamp after = FileStamp::Of(script_.output);
     const ScriptLog log = ReadScriptLog(temp_.File(kLogName));
     const bool made = after.Exists() && after != before;
-    for (const std::string& warning : log.warnings) session_.view.Warn(warning);
+    for (const std::string& warning : log.warnings) session_.view.Warn(script_.avi_path + ": " + warning);
     if (!options_.is_batch) {
       session_.prompts.ShowMessage(kProgramTitle, made ? session_.TextFor(messages::kFinished)
                                                        : session_.TextFor(messages::kFailed) + LastLines(log));

@@ -10,7 +10,11 @@ import time
 
 
 class Run:
-    """What one command took: the median of its wall times in seconds, and its largest resident memory in bytes."""
+    """What one command took: the median of its wall times in seconds, and its largest resident memory in bytes.
+
+    The memory is that of the largest single process among the command and all that it and its descendants started and
+    waited for: Linux hands the maximum up at every wait, and wait4 tells it for the child as for its children. It is no
+    sum, and never below what this interpreter has, which a new process is a copy of."""
 
     def __init__(self):
         self.times = []

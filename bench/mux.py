@@ -2,33 +2,21 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 """Putting a subtitle stream of 1,500 cues into an AVI of 800 MB, against copying the file and against FFmpeg copying its
-streams. The film is of small chunks, as two hours of MPEG-4 and MP3 are."""
+streams."""
 
-import os
 import pathlib
-import shutil
 import struct
 import subprocess
 import sys
 import tempfile
 
+from film import FFMPEG, duration, level, write_film
 from measure import compare, report
 from read_srt import stamp
 
 BIN = pathlib.Path(__file__).resolve().parent.parent / "build/bin"
-FFMPEG = ["ffmpeg", "-nostdin", "-v", "error", "-y"]
-SIZE = 800_000_000
 CUES = 1500
 WIDTH, HEIGHT = 480, 60
-
-
-def write_film(folder):
-    part, film = folder / "part.avi", folder / "film.avi"
-    subprocess.run([*FFMPEG, "-f", "lavfi", "-i", "testsrc2=s=640x352:r=25:d=60", "-f", "lavfi", "-i", "sine=d=60", "-c:v",
-                    "mpeg4", "-b:v", "900k", "-c:a", "libmp3lame", "-b:a", "128k", part], check=True)
-    subprocess.run([*FFMPEG, "-stream_loop", "-1", "-i", part, "-map", "0", "-c", "copy", "-fs", str(SIZE), film],
-                   check=True)
-    return film
 
 
 def write_bitmap(path):
@@ -56,29 +44,12 @@ def write_subtitles(folder, seconds):
     return subtitles
 
 
-def duration(film):
-    show = ["ffprobe", "-v", "error", "-show_entries", "format=duration", "-of", "csv=p=0", film]
-    return float(subprocess.run(show, check=True, capture_output=True).stdout)
-
-
 def main():
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
         film = write_film(folder)
         subtitles = write_subtitles(folder, duration(film))
         out = folder / "out.divx"
-
-        def level():
-            """No run pays for what an earlier one has left to be written to the disk, nor for memory that a virtual
-            machine has handed back meanwhile and must get again."""
-            out.unlink(missing_ok=True)
-            os.sync()
-            warm_up = [folder / "first.tmp", folder / "second.tmp"]
-            for path in warm_up:
-                shutil.copyfile(film, path)
-            for path in warm_up:
-                path.unlink()
-
         runs = compare({
             "DivXMux.exe": [BIN / "DivXMux.exe", "-v", "()", film, "-a", "#1", "()", film, "-s", "(Subtitle - en;02)",
                             subtitles, "-o", out],
@@ -86,7 +57,7 @@ def main():
                                             "-o", out],
             "cp": ["cp", film, out],
             "ffmpeg -c copy": [*FFMPEG, "-i", film, "-map", "0", "-c", "copy", "-f", "avi", out],
-        }, rounds=11, before=level)
+        }, rounds=11, before=lambda: level(film, out))
         report(f"{film.stat().st_size / 1e6:.0f} MB and {CUES} cues", runs, "DivXMux.exe",
                "cp at least 0.87 times our time, ffmpeg twice; memory below 48 MiB")
     return 0

@@ -18,14 +18,16 @@ WORDS = ("the boat left before dawn and nobody on the pier could tell whether it
          "stood there waiting until the lamps went out again").split()
 
 
-def write_film(path, cues):
+def write_cues(path, cues, seconds):
+    """Cues of two seconds, evenly over `seconds`."""
     chance = random.Random(4)
     with open(path, "w") as file:
         for i in range(cues):
             lines = [" ".join(chance.choices(WORDS, k=chance.randint(3, 7))).capitalize() + "."
                      for _ in range(chance.randint(1, 2))]
             text = "\n".join(lines)
-            file.write(f"{i + 1}\n{stamp(i * 3600 + 1000)} --> {stamp(i * 3600 + 3000)}\n{text}\n\n")
+            start = 1000 + int(seconds * 1000 * i / cues)
+            file.write(f"{i + 1}\n{stamp(start)} --> {stamp(start + 2000)}\n{text}\n\n")
 
 
 def write_spumux_job(folder, srt, outline):
@@ -47,7 +49,7 @@ def main():
         with tempfile.TemporaryDirectory() as name:
             folder = pathlib.Path(name)
             srt = folder / "film.srt"
-            write_film(srt, 1500)
+            write_cues(srt, 1500, 5400)
             # A folder a run: the file system is slow to give out again what was deleted a moment ago.
             run = itertools.count()
             ours = lambda: [CLI, "render", srt, "--data", folder, "--out", folder / f"out{next(run)}",

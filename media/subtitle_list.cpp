@@ -108,6 +108,9 @@ class ListedBitmaps final : public SubtitleSource {
     picture.height = bmp->height;
     picture.pixels = std::move(bmp->pixels);
     std::copy_n(bmp->colors.begin(), std::min(bmp->colors.size(), picture.colors.size()), picture.colors.begin());
+    // Nobody sees entry 0. But readers that scale a picture, or keep colours for two pixels together, let it bleed into
+    // the edges of the letters; there the outline's colour does least harm.
+    picture.colors[0] = picture.colors[2];
     for (std::uint8_t& pixel : picture.pixels) {
       if (pixel >= list_.shown.size()) {
         return Failure(ErrorKind::Unsupported, path + ": has pixels of colour " + std::to_string(pixel) +

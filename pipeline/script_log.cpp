@@ -14,6 +14,7 @@ namespace captoria {
 ScriptLog ReadScriptLog(const std::string& path) {
   constexpr std::uint64_t kLooked = 64 << 10;
   constexpr std::size_t kLastLines = 10;
+  constexpr std::string_view kMark = "warning:";
   ScriptLog log;
   const auto file = InputFile::Open(path);
   if (!file) return log;
@@ -26,7 +27,8 @@ ScriptLog ReadScriptLog(const std::string& path) {
     while (!line.empty() && line.back() == '\r') line.pop_back();
     line.erase(0, line.rfind('\r') + 1);
     if (Trim(line).empty()) continue;
-    if (LowerAscii(std::string_view{line}).find("warning:") != line.npos) log.warnings.push_back(line);
+    const auto mark = LowerAscii(std::string_view{line}).find(kMark);
+    if (mark != line.npos) log.warnings.emplace_back(Trim(std::string_view{line}.substr(mark + kMark.size())));
     log.last_lines.push_back(line);
   }
   if (log.last_lines.size() > kLastLines)

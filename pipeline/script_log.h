@@ -11,7 +11,7 @@ namespace captoria {
 
 struct ScriptLog {
   std::vector<std::string> last_lines;  // at most ten
-  std::vector<std::string> warnings;    // those lines of all that a tool marked as such
+  std::vector<std::string> warnings;    // what a tool marked as such, without the mark
 };
 
 // Of the log at `path`; empty when there is none. Only the last 64 KiB are looked at.

@@ -8,6 +8,7 @@ cd "$(dirname "$0")/.."
 scripts/setup.sh bench
 scripts/build.sh release
 if [ $# -eq 0 ]; then
-  set -- $(cd bench && ls ./*.py | grep -v measure.py | sed 's|^./||; s|\.py$||')
+  # measure.py and film.py are what the others share.
+  set -- $(cd bench && ls ./*.py | sed 's|^./||; s|\.py$||' | grep -v -x -e measure -e film)
 fi
 for name in "$@"; do python3 "bench/$name.py"; done

@@ -5,7 +5,6 @@
 // script has and starts the tools itself, never through a shell.
 #include <fcntl.h>
 #include <poll.h>
-#include <signal.h>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -28,6 +27,7 @@
 #include "platform/path_text.h"
 #include "platform/process.h"
 #include "platform/program_folder.h"
+#include "tools/interrupt.h"
 
 namespace captoria {
 namespace {
@@ -39,24 +39,9 @@ constexpr int kFailed = 1;
 constexpr int kUsage = 2;
 constexpr int kInterrupted = 130;
 
-volatile std::sig_atomic_t interrupted = 0;
-
-// Ctrl-C, a request to end and a terminal that goes away all stop the tools. What whoever started us had ignored stays
-// ignored, as `nohup` wants it. A reader of our output that goes away stops nothing.
-void HandleSignals() {
-  for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
-    struct sigaction action {};
-    if (::sigaction(number, nullptr, &action) == 0 && action.sa_handler == SIG_IGN) continue;
-    action = {};
-    action.sa_handler = [](int) { interrupted = 1; };
-    ::sigaction(number, &action, nullptr);
-  }
-  std::signal(SIGPIPE, SIG_IGN);
-}
-
 class UntilInterrupted final : public JobProgress {
  public:
-  bool Report(std::size_t, std::size_t) override { return interrupted == 0; }
+  bool Report(std::size_t, std::size_t) override { return !Interrupt::Requested(); }
 };
 
 std::string_view WithoutExe(std::string_view name) {
@@ -91,7 +76,7 @@ bool Pause() {
   if (::isatty(STDIN_FILENO) == 0) return true;
   std::fputs("Press Enter to go on . . . ", stdout);
   std::fflush(stdout);
-  while (interrupted == 0) {
+  while (!Interrupt::Requested()) {
     pollfd input{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0};
     if (::poll(&input, 1, 100) <= 0) continue;
     std::array<char, 256> line;
@@ -123,7 +108,7 @@ class ScriptRun {
       if (step.kind == Kind::Pause && !Pause()) return kInterrupted;
       if (status == 0 && step.kind == Kind::ChangeFolder) status = ChangeFolder(step);
       if (status == 0 && step.kind == Kind::RunTool) status = RunTool(step);
-      if (interrupted != 0) return kInterrupted;
+      if (Interrupt::Requested()) return kInterrupted;
     }
     return status;
   }
@@ -223,6 +208,7 @@ int main(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : kUsage;
   }
-  HandleSignals();
+  const Interrupt interrupt;
+  std::signal(SIGPIPE, SIG_IGN);  // a reader of our output that goes away stops nothing
   return ScriptRun(script).Run();
 }

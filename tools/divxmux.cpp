@@ -121,7 +121,9 @@ Result<MuxReport> Run(const DivxMuxArguments& arguments) {
     if (!stream) return tl::unexpected(stream.error());
     job.streams.push_back(std::move(*stream));
   }
-  TerminalProgress progress("Writing the film:", TerminalProgress::Show::Percent);
+  const char* progress_file = std::getenv(kProgressVariable);
+  TerminalProgress progress("Writing the film:", TerminalProgress::Show::Percent,
+                            progress_file != nullptr ? progress_file : "");
   auto report = Mux(job, progress);
   if (report) report->warnings.insert(report->warnings.begin(), warnings.begin(), warnings.end());
   return report;

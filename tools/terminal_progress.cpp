@@ -8,14 +8,10 @@
 #include <cstdio>
 #include <utility>
 
-#include "platform/program_folder.h"
-
 namespace captoria {
 
-TerminalProgress::TerminalProgress(std::string label, Show show)
-    : label_(std::move(label)),
-      show_(::isatty(STDERR_FILENO) != 0 ? show : Show::Nothing),
-      file_(ProcessEnvironment()(kProgressVariable).value_or("")) {}
+TerminalProgress::TerminalProgress(std::string label, Show show, const std::string& file)
+    : label_(std::move(label)), show_(::isatty(STDERR_FILENO) != 0 ? show : Show::Nothing), file_(file) {}
 
 TerminalProgress::~TerminalProgress() { Clear(); }
 
@@ -27,20 +23,26 @@ bool TerminalProgress::Report(std::size_t done, std::size_t total) {
   constexpr std::chrono::milliseconds kPause{100};
   file_.Write(done, total);
   const auto now = clock_.Elapsed();
-  if (show_ != Show::Nothing && done > 0 && done <= total && now - last_ >= kPause) ShowLine(done, total, now);
+  if (show_ == Show::Nothing || done == 0 || done > total) return !Interrupt::Requested();
+  if (first_.count() == 0) first_ = now, done_at_first_ = done;
+  if (now - last_ < kPause) return !Interrupt::Requested();
+  Clear();
+  last_ = now;
+  const std::string left = TimeLeft(done, total);
+  if (show_ == Show::Percent) {
+    std::fprintf(stderr, "%s %zu %%%s", label_.c_str(), done * 100 / total, left.c_str());
+  } else {
+    std::fprintf(stderr, "%s %zu of %zu%s", label_.c_str(), done, total, left.c_str());
+  }
   return !Interrupt::Requested();
 }
 
-void TerminalProgress::ShowLine(std::size_t done, std::size_t total, std::chrono::nanoseconds now) {
-  Clear();
-  last_ = now;
-  const auto left = now / static_cast<long>(done) * static_cast<long>(total - done);
-  const auto seconds = static_cast<long long>(std::chrono::ceil<std::chrono::seconds>(left).count());
-  if (show_ == Show::Percent) {
-    std::fprintf(stderr, "%s %zu %%, %lld s left", label_.c_str(), done * 100 / total, seconds);
-  } else {
-    std::fprintf(stderr, "%s %zu of %zu, %lld s left", label_.c_str(), done, total, seconds);
-  }
+std::string TerminalProgress::TimeLeft(std::size_t done, std::size_t total) const {
+  constexpr std::chrono::milliseconds kTellsNothing{300};
+  const auto passed = clock_.Elapsed() - first_;
+  if (done <= done_at_first_ || passed < kTellsNothing) return {};
+  const auto left = passed / static_cast<long>(done - done_at_first_) * static_cast<long>(total - done);
+  return ", " + std::to_string(std::chrono::ceil<std::chrono::seconds>(left).count()) + " s left";
 }
 
 }  // namespace captoria

@@ -14,13 +14,14 @@
 
 namespace captoria {
 
-// Shows "LABEL 120 of 1500, 2 s left" on standard error when that is a terminal; where the environment names a progress
-// file, it is written there as well. While an object lives, an interrupt stops the job instead of the process.
+// Shows "LABEL 120 of 1500, 2 s left" on standard error when that is a terminal, nothing otherwise. While an object
+// lives, an interrupt stops the job instead of the process.
 class TerminalProgress final : public JobProgress {
  public:
   enum class Show { Count, Percent, Nothing };
 
-  explicit TerminalProgress(std::string label, Show show = Show::Count);
+  // Where `file` is not empty, progress is written there as well (platform/progress_file.h).
+  explicit TerminalProgress(std::string label, Show show = Show::Count, const std::string& file = {});
   TerminalProgress(const TerminalProgress&) = delete;
   TerminalProgress& operator=(const TerminalProgress&) = delete;
   ~TerminalProgress() override;
@@ -29,7 +30,7 @@ class TerminalProgress final : public JobProgress {
 
  private:
   void Clear();
-  void ShowLine(std::size_t done, std::size_t total, std::chrono::nanoseconds now);
+  std::string TimeLeft(std::size_t done, std::size_t total) const;
 
   Interrupt interrupt_;
   std::string label_;
@@ -37,6 +38,10 @@ class TerminalProgress final : public JobProgress {
   ProgressFile file_;
   SteadyClock clock_;
   std::chrono::nanoseconds last_{0};
+
+  // The first report, from which on it is known how fast things go.
+  std::chrono::nanoseconds first_{0};
+  std::size_t done_at_first_ = 0;
 };
 
 }  // namespace captoria

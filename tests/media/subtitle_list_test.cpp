@@ -200,7 +200,7 @@ TEST_F(ListedBitmap, IsShownWithItsOwnColours) {
   for (int y = 0; y < 11; ++y) {
     for (int x = 0; x < 21; ++x) EXPECT_EQ(picture.Row(y + 1)[static_cast<std::size_t>(x + 1)], (x + y) % 4);
   }
-  EXPECT_THAT(picture.colors, ElementsAre(RgbColor{}, RgbColor{3, 2, 1}, RgbColor{6, 4, 2}, RgbColor{9, 6, 3}));
+  EXPECT_THAT(picture.colors, ElementsAre(RgbColor{6, 4, 2}, RgbColor{3, 2, 1}, RgbColor{6, 4, 2}, RgbColor{9, 6, 3}));
 }
 
 TEST_F(ListedBitmap, LosesTwoOfAHundredRowsOnlyWhereNothingIsSeen) {

@@ -15,8 +15,10 @@
 
 #include "media/bmp_file.h"
 #include "media/list_parser.h"
+#include "tests/support/avi_maker.h"
 #include "tests/support/other_process.h"
 #include "tests/support/run_program.h"
+#include "tests/support/vobsub_pair.h"
 
 namespace captoria {
 namespace {
@@ -127,6 +129,44 @@ TEST_F(ConvertCommand, BothTracksOfAListAndKeptStreamsSurviveAnotherRound) {
                      folder_.File("a.divx.divx") + "'"),
               ElementsAre("mpeg4,51", "mp3,78", "xsub,2,Subtitle - en;02", "xsub,2,Subtitle - el;02"));
   EXPECT_THAT(Temporary(), IsEmpty());
+}
+
+TEST_F(ConvertCommand, AVobSubFileGoesBetweenOthersAsItIs) {
+  const std::string film = Film("a", "");
+  SubtitlePicture picture(8, 2);
+  std::ranges::fill(picture.pixels, std::uint8_t{1});
+  VobSubPair pair;
+  const auto begins = pair.AddPacks({{0, SpuBytes({.placed = {picture, 100, 400}})}});
+  std::string index = "# VobSub index file, v7\nsize: 720x576\npalette: 000000";
+  for (int i = 1; i < 16; ++i) index += ", ffffff";
+  const std::string idx =
+      pair.Save(folder_, index + "\nlangidx: 0\nid: en, index: 0\n" + VobSubPair::Timestamp(100, begins.front()));
+  const std::string srt = folder_.Put("cues.srt", kCues);
+  const auto run = Convert({film, "--subtitle", srt, "--subtitle", idx, "--subtitle", srt, "--set", "SubType1=7"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(
+      Output("ffprobe -v error -of csv=p=0 -select_streams s -show_entries stream=nb_frames:stream_tags=title '" +
+             folder_.File("a.divx") + "'"),
+      ElementsAre("2,Subtitle - en;02", "1,Subtitle - en;07", "2,Subtitle - en;02"));
+}
+
+TEST_F(ConvertCommand, UnknownStreamsAreRemovedOnlyWhenAsked) {
+  using namespace avi_maker;
+  const std::string midi = List("strl", Piece("strh", StreamHeader("mids", 1, 1, 1)) + Piece("strf", "x"));
+  const std::string content = Content() + Piece("02wb", "unknown");
+  const std::string film = folder_.Put(
+      "midi.avi", avi_maker::Film(content, Headers(VideoStream() + AudioStream() + midi), OldIndex(content, 4, {0})));
+  folder_.Put("midi.srt", kCues);
+  const auto refused = Convert({film});
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_THAT(refused.err, HasSubstr("You want to remove them? No\n"));
+  EXPECT_FALSE(FileExists(folder_.File("midi.divx")));
+  const auto removed = Convert({film, "--remove-unknown"});
+  EXPECT_EQ(removed.status, 0) << removed.err;
+  const auto json =
+      nlohmann::json::parse(RunProgram("captoria-cli", {"info", folder_.File("midi.divx"), "--json"}).out);
+  ASSERT_EQ(json["streams"].size(), 3u);
+  EXPECT_EQ(json["streams"][2]["name"], "Subtitle - en;02");
 }
 
 TEST_F(ConvertCommand, AFolderOfVideosGivesTheReportOfItsFailures) {
