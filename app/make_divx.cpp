@@ -22,7 +22,6 @@ namespace captoria {
 namespace {
 
 constexpr const char* kScriptName = "divxmux.bat";
-constexpr const char* kLogName = "divxmux.log";
 constexpr const char* kProgressName = "divxmux.progress";
 
 // Tells the user why nothing begins, and the caller as well.
@@ -176,7 +175,7 @@ class Conversion {
 
   // What an earlier run left under names that this run's tools make would be taken for theirs.
   Result<void> RemoveOld() const {
-    std::vector<std::string> names{kScriptName, kLogName, kProgressName};
+    std::vector<std::string> names{kScriptName, TempFolder::kLogName, kProgressName};
     for (int i = 0; i < session_.tracks.Count(); ++i) names.push_back(XsubFileName(i));
     for (const std::string& name : names) {
       std::error_code error;
@@ -195,7 +194,7 @@ class Conversion {
 
   Result<MadeDivX> Tell(const FileStamp& before, int status) {
     const FileStamp after = FileStamp::Of(script_.output);
-    const ScriptLog log = ReadScriptLog(temp_.File(kLogName));
+    const ScriptLog log = ReadScriptLog(temp_.File(TempFolder::kLogName));
     const bool made = after.Exists() && after != before;
     for (const std::string& warning : log.warnings) session_.view.Warn(script_.avi_path + ": " + warning);
     if (!options_.is_batch) {

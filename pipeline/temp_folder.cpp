@@ -20,7 +20,7 @@ Result<TempFolder> TempFolder::Open(const std::string& program_folder) {
     if (auto created = CreateFolder(path); !created) return tl::unexpected(created.error());
     auto lock = FolderLock::TryLock(path);
     if (!lock) return tl::unexpected(lock.error());
-    if (*lock) return TempFolder(path, std::move(**lock));
+    if (*lock && !IsLocked(JoinPath(path, kLogName))) return TempFolder(path, std::move(**lock));
   }
   return Failure(ErrorKind::TooLarge, first + ": too many conversions are at work in " + program_folder);
 }

@@ -21,8 +21,12 @@ struct CleanUp {
 
 class TempFolder {
  public:
-  // "tmp" in `program_folder`, or where another conversion has that, "tmp-2" and so on; made when it is not there.
+  // "tmp" in `program_folder`, or where another conversion has that, "tmp-2" and so on; made when it is not there. A
+  // conversion that nobody waits for has it as long as its script runs.
   static Result<TempFolder> Open(const std::string& program_folder);
+
+  // Where the script's output goes; locked by what runs it.
+  static constexpr const char* kLogName = "divxmux.log";
 
   const std::string& Path() const { return path_; }
   std::string File(std::string_view name) const;

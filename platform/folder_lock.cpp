@@ -29,6 +29,14 @@ Result<std::optional<FolderLock>> FolderLock::TryLock(const std::string& folder)
   return std::optional<FolderLock>(std::move(lock));
 }
 
+bool IsLocked(const std::string& path) {
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (descriptor < 0) return false;
+  const bool locked = ::flock(descriptor, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+  ::close(descriptor);
+  return locked;
+}
+
 FolderLock::FolderLock(FolderLock&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
 
 // What we had before is freed here and not with `other`, which may live on.

@@ -29,4 +29,7 @@ class FolderLock {
   int descriptor_;  // -1: moved from
 };
 
+// Whether somebody holds a lock on the file `path`.
+bool IsLocked(const std::string& path);
+
 }  // namespace captoria

@@ -3,7 +3,10 @@
 
 #include "pipeline/temp_folder.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -28,6 +31,10 @@ TEST(TempFolder, EachConversionHasOneOfItsOwn) {
     EXPECT_EQ(TempFolder::Open(data)->Path(), data + "/tmp-3");
   }
   EXPECT_EQ(TempFolder::Open(data)->Path(), data + "/tmp") << "it is free again";
+  const int log = open((data + "/tmp/divxmux.log").c_str(), O_CREAT | O_RDONLY, 0600);
+  ASSERT_EQ(flock(log, LOCK_EX), 0);
+  EXPECT_EQ(TempFolder::Open(data)->Path(), data + "/tmp-2") << "a script that nobody waits for is at work";
+  close(log);
   program.Put("file", "");
   EXPECT_EQ(TempFolder::Open(program.File("file")).error().kind, ErrorKind::Unwritable);
 }
