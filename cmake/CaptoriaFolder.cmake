@@ -27,6 +27,7 @@ add_custom_target(header_checks)
 function(captoria_folder name)
   cmake_parse_arguments(ARG "" "" "USES" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${name}/*.cpp)
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")  # that of a program
   file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${name}/*.h)
   list(TRANSFORM ARG_USES PREPEND captoria_)
 

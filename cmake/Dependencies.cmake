@@ -5,6 +5,7 @@
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
 find_package(tl-expected REQUIRED)
+find_package(Qt6 REQUIRED COMPONENTS Widgets)
 
 # captoria_pkg(NAME PKGCONFIG...): the target captoria_NAME for pkg-config modules, their headers exempt from our warnings.
 function(captoria_pkg name)

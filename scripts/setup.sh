@@ -9,7 +9,7 @@ set -euo pipefail
 build=(
   cmake g++ ninja-build pkg-config python3
   libavcodec-dev libavformat-dev libcli11-dev libexpected-dev libpango1.0-dev libpugixml-dev libswscale-dev
-  libuchardet-dev nlohmann-json3-dev
+  libuchardet-dev libqt6svg6 nlohmann-json3-dev qt6-base-dev
   fonts-dejavu-core  # Latin, Hebrew and Arabic, so that there is something to draw with
 )
 test=(
