@@ -3,6 +3,7 @@
 
 #include "tools/convert_command.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <nlohmann/json.hpp>
@@ -38,8 +39,8 @@ std::string Absolute(const std::string& path) {
 }
 
 std::vector<std::string> AllAbsolute(const std::vector<std::string>& paths) {
-  std::vector<std::string> absolute;
-  for (const std::string& path : paths) absolute.push_back(Absolute(path));
+  std::vector<std::string> absolute(paths.size());
+  std::ranges::transform(paths, absolute.begin(), Absolute);
   return absolute;
 }
 
