@@ -39,6 +39,11 @@ class Prompts {
                                              const std::string& proposal) = 0;
   virtual std::optional<std::string> AskFileToOpen(const std::string& title, const std::vector<FileFilter>& filters,
                                                    const std::string& start) = 0;
+
+  // Any number of files; none: the user cancelled.
+  virtual std::vector<std::string> AskFilesToOpen(const std::string& title, const std::vector<FileFilter>& filters,
+                                                  const std::string& start) = 0;
+
   virtual std::optional<std::string> AskFileToSave(const std::string& title, const std::vector<FileFilter>& filters,
                                                    const std::string& start) = 0;
   virtual std::optional<std::string> AskFolder(const std::string& title, const std::string& start) = 0;

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <istream>
 #include <ostream>
+#include <utility>
 
 #include "platform/ascii.h"
 
@@ -47,6 +48,13 @@ std::optional<std::string> TerminalPrompts::AskText(const std::string& title, co
 std::optional<std::string> TerminalPrompts::AskFileToOpen(const std::string& title, const std::vector<FileFilter>&,
                                                           const std::string& start) {
   return Line(title, start);
+}
+
+std::vector<std::string> TerminalPrompts::AskFilesToOpen(const std::string& title, const std::vector<FileFilter>&,
+                                                         const std::string&) {
+  std::vector<std::string> files;
+  for (auto line = Line(title, ""); line && !line->empty(); line = Line(title, "")) files.push_back(std::move(*line));
+  return files;
 }
 
 std::optional<std::string> TerminalPrompts::AskFileToSave(const std::string& title, const std::vector<FileFilter>&,

@@ -24,6 +24,11 @@ class TerminalPrompts final : public Prompts {
                                      const std::string& proposal) override;
   std::optional<std::string> AskFileToOpen(const std::string& title, const std::vector<FileFilter>& filters,
                                            const std::string& start) override;
+
+  // A file a line; an empty line ends them.
+  std::vector<std::string> AskFilesToOpen(const std::string& title, const std::vector<FileFilter>& filters,
+                                          const std::string& start) override;
+
   std::optional<std::string> AskFileToSave(const std::string& title, const std::vector<FileFilter>& filters,
                                            const std::string& start) override;
   std::optional<std::string> AskFolder(const std::string& title, const std::string& start) override;

@@ -21,6 +21,10 @@ class UnattendedPrompts final : public Prompts {
                                            const std::string&) override {
     return {};
   }
+  std::vector<std::string> AskFilesToOpen(const std::string&, const std::vector<FileFilter>&,
+                                          const std::string&) override {
+    return {};
+  }
   std::optional<std::string> AskFileToSave(const std::string&, const std::vector<FileFilter>&,
                                            const std::string&) override {
     return {};

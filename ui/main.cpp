@@ -1,9 +1,108 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
+// Captoria: the window. With "/AUTO" and a path it converts that video and closes.
 #include <QApplication>
+#include <QFile>
+#include <QTimer>
+#include <cstdio>
+#include <string>
+
+#include "app/batch_convert.h"
+#include "platform/program_folder.h"
+#include "ui/gui_prompts.h"
+#include "ui/main_window.h"
+#include "ui/window_prompts.h"
+#include "ui/window_view.h"
+
+namespace captoria {
+namespace {
+
+constexpr int kUsage = 2;
+
+constexpr const char* kHelp =
+    R"(Captoria puts text subtitles into DivX files as pictures.
+
+  Captoria [--data DIR] [--open FILE...]     opens its window, with a video and subtitle files
+  Captoria [--data DIR] /AUTO VIDEO          makes the .divx of a video and the subtitle files of its name, and closes
+
+  --data DIR     the folder of the settings, instead of the program's own
+  -h, --help
+  -V, --version
+
+These options stand first. captoria-cli does the same without a window.
+)";
+
+struct Options {
+  std::string data;
+  QStringList files;
+  std::string arguments;  // what is left, as one text
+  int status = -1;        // not below 0: end with it
+};
+
+Options Parse(const std::vector<std::string>& words) {
+  Options options;
+  std::size_t i = 0;
+  for (; i < words.size(); ++i) {
+    const std::string& word = words[i];
+    if (word == "-h" || word == "--help" || word == "-V" || word == "--version") {
+      std::fputs(word == "-h" || word == "--help" ? kHelp : "Captoria " CAPTORIA_VERSION "\n", stdout);
+      options.status = 0;
+      return options;
+    }
+    if (word == "--data") {
+      if (++i == words.size()) {
+        std::fputs("Captoria: --data needs a folder; see --help\n", stderr);
+        options.status = kUsage;
+        return options;
+      }
+      options.data = words[i];
+    } else if (word == "--open") {
+      for (++i; i < words.size(); ++i) options.files.append(QFile::decodeName(words[i].c_str()));
+    } else {
+      break;
+    }
+  }
+  for (; i < words.size(); ++i) options.arguments += (options.arguments.empty() ? "" : " ") + words[i];
+  return options;
+}
+
+int Run(QApplication& application, const Options& options) {
+  QApplication::setApplicationName("Captoria");
+  QApplication::setApplicationVersion(CAPTORIA_VERSION);
+  QApplication::setDesktopFileName("org.captoria.Captoria");
+  GuiPrompts prompts;
+  WindowPrompts first_prompts(nullptr);
+  prompts.SetShown(&first_prompts);
+  WindowView view;
+  Session session(FindProgramFolders(options.data, ExecutableFolder(), ProcessEnvironment()), prompts, view);
+  Form1 window(session, view);
+  WindowPrompts window_prompts(&window);
+  prompts.SetShown(&window_prompts);
+  window.show();
+
+  const CommandLine line = ParseCommandLine(options.arguments);
+  int status = 0;
+  QTimer::singleShot(0, &window, [&] {
+    if (line.unattended) {
+      status = window.Commands().RunUnattended(QFile::decodeName(line.path.c_str())) ? 0 : 1;
+      window.close();
+      return;
+    }
+    window.Welcome();
+    if (!options.files.isEmpty()) window.Commands().OpenFiles(options.files);
+  });
+  const int ended = application.exec();
+  return ended != 0 ? ended : status;
+}
+
+}  // namespace
+}  // namespace captoria
 
 int main(int argc, char** argv) {
+  // Help needs no display, and so no application.
+  const captoria::Options options = captoria::Parse({argv + 1, argv + argc});
+  if (options.status >= 0) return options.status;
   QApplication application(argc, argv);
-  return 0;
+  return captoria::Run(application, options);
 }

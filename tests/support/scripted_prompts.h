@@ -41,6 +41,10 @@ class ScriptedPrompts final : public Prompts {
                                            const std::string&) override {
     return Answer<std::optional<std::string>>(title);
   }
+  std::vector<std::string> AskFilesToOpen(const std::string& title, const std::vector<FileFilter>&,
+                                          const std::string&) override {
+    return Answer<std::vector<std::string>>(title);
+  }
   std::optional<std::string> AskFileToSave(const std::string& title, const std::vector<FileFilter>&,
                                            const std::string&) override {
     return Answer<std::optional<std::string>>(title);

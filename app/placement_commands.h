@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// Giving the selected cues a placement of their own.
+#pragma once
+
+#include "app/session.h"
+#include "settings/placement.h"
+
+namespace captoria {
+
+// Every selected cue of the list on screen gets the alignment; its own position and its fitting stay
+// (`SetAlignForSelectedSubs`).
+void SetAlignForSelectedSubs(Session& session, Alignment align);
+
+}  // namespace captoria

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "automation/batch_list.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/ascii.h"
+#include "platform/files.h"
+#include "platform/path_text.h"
+
+namespace captoria {
+namespace {
+
+bool IsVideo(std::string_view path) {
+  const std::string name = LowerAscii(path);
+  return name.ends_with(".avi") || name.ends_with(".divx");
+}
+
+std::vector<std::string> VideosOf(const std::string& folder) {
+  std::vector<std::string> paths = ListFiles(folder, "*.avi");
+  for (std::string& path : paths) path = JoinPath(folder, path);
+  return paths;
+}
+
+}  // namespace
+
+void BatchList::AddFile(const std::string& path) {
+  if (path.empty()) return;
+  const bool known = std::ranges::any_of(files_, [&](const auto& file) { return EqualsIgnoringCase(file, path); });
+  if (!known) files_.push_back(path);
+}
+
+void BatchList::AddFolder(const std::string& folder) {
+  for (std::string& path : VideosOf(folder)) files_.push_back(std::move(path));
+}
+
+void BatchList::AddDropped(const std::string& path) {
+  if (FolderExists(path)) {
+    for (const std::string& video : VideosOf(path)) AddFile(video);
+  } else if (IsVideo(path)) {
+    AddFile(path);
+  }
+}
+
+}  // namespace captoria

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "localisation/language_tables.h"
+
+#include <gmock/gmock.h>
+
+#include <set>
+#include <string>
+
+namespace captoria {
+namespace {
+
+using testing::Contains;
+using testing::MatchesRegex;
+using testing::SizeIs;
+
+TEST(LanguageTables, EveryLanguageIsACodeOfItsOwnAndAName) {
+  ASSERT_THAT(Languages(), SizeIs(136));
+  std::set<std::string_view> codes;
+  for (const std::string_view entry : Languages()) {
+    EXPECT_THAT(std::string{entry}, MatchesRegex("[a-z][a-z] [A-Z].*[A-Z)]"));
+    EXPECT_TRUE(codes.insert(entry.substr(0, 2)).second) << entry;
+  }
+}
+
+TEST(LanguageTables, LanguagesKeepTheirOrderAndTheirOddSpellings) {
+  EXPECT_EQ(Languages().front(), "ab ABKHAZIAN");
+  EXPECT_EQ(Languages()[1], "om AFAN (OROMO)") << "by name, not by code";
+  EXPECT_EQ(Languages().back(), "zu ZULU");
+  for (const std::string_view odd : {"bz BHUTANI", "iw HEBREW", "mk FUROM", "th THAI TH", "fa PERSIAN (farsi)"})
+    EXPECT_THAT(Languages(), Contains(odd));
+  EXPECT_THAT(Languages(), Contains(kDefaultLanguage));
+}
+
+TEST(LanguageTables, ATypeBeginsWithItsPlaceInTwoDigits) {
+  ASSERT_THAT(SubtitleTypes(), SizeIs(17));
+  for (std::size_t i = 0; i < SubtitleTypes().size(); ++i) {
+    const std::string_view entry = SubtitleTypes()[i];
+    EXPECT_EQ(std::stoul(std::string{entry.substr(0, 2)}), i + 1) << entry;
+    EXPECT_EQ(entry[2], ' ') << entry;
+  }
+  EXPECT_EQ(SubtitleTypes()[1], "02 Normal");
+  EXPECT_EQ(SubtitleTypes().back(), "17 Children's Captions");
+}
+
+}  // namespace
+}  // namespace captoria

@@ -1,0 +1,297 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include <gmock/gmock.h>
+
+#include <QColorDialog>
+#include <QDialogButtonBox>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QThread>
+#include <QTimer>
+#include <functional>
+#include <memory>
+
+#include "tests/support/qt_application.h"
+#include "tests/support/quiet_view.h"
+#include "tests/support/scripted_prompts.h"
+#include "tests/support/test_folder.h"
+#include "ui/about_dialog.h"
+#include "ui/ask_for_tool_dialog.h"
+#include "ui/label_ex.h"
+#include "ui/link_label.h"
+#include "ui/welcome_dialog.h"
+#include "ui/window_prompts.h"
+
+namespace captoria {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class RememberingOpener final : public DocumentOpener {
+ public:
+  Result<void> Open(const std::string& address) override {
+    opened.push_back(address);
+    if (address.starts_with("bad:")) return Failure(ErrorKind::Unsupported, "no");
+    return {};
+  }
+  std::vector<std::string> opened;
+};
+
+void Click(QWidget* widget) {
+  for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    QMouseEvent event(type, QPointF(2, 2), widget->mapToGlobal(QPointF(2, 2)), Qt::LeftButton, Qt::LeftButton, {});
+    QApplication::sendEvent(widget, &event);
+  }
+}
+
+// Waits for a dialog to come up, and does `does` to it.
+template <typename Dialog>
+void Next(std::function<void(Dialog&)> does) {
+  auto* timer = new QTimer(qApp);
+  QObject::connect(timer, &QTimer::timeout, [timer, does] {
+    QWidget* shown = QApplication::activeModalWidget();
+    if (shown == nullptr) return;
+    timer->stop();
+    timer->deleteLater();
+    auto* dialog = qobject_cast<Dialog*>(shown);
+    EXPECT_NE(dialog, nullptr) << shown->metaObject()->className();
+    dialog == nullptr ? static_cast<void>(shown->close()) : does(*dialog);
+  });
+  timer->start(1);
+}
+
+class Dialogs : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { TestApplication(); }
+
+  TestFolder folder_;
+  ScriptedPrompts prompts_;
+  RememberingOpener opener_;
+};
+
+TEST_F(Dialogs, ALinkLeadsToItsAddressByClickAndByKey) {
+  LinkLabel link(opener_, LinkLabel::AddressIn::ToolTip, nullptr);
+  std::string reason;
+  QObject::connect(&link, &LinkLabel::NotOpened, [&](const QString& text) { reason = text.toStdString(); });
+  link.setText("Homepage");
+  link.show();
+  Click(&link);
+  EXPECT_THAT(opener_.opened, IsEmpty());
+  EXPECT_EQ(link.focusPolicy(), Qt::NoFocus);
+
+  link.setToolTip("https://example.org/?a&b");
+  EXPECT_EQ(link.cursor().shape(), Qt::PointingHandCursor);
+  EXPECT_TRUE(link.focusPolicy() & Qt::TabFocus);
+  Click(&link);
+  link.setToolTip("bad:address");
+  for (const int key : {Qt::Key_Return, Qt::Key_X, Qt::Key_Space}) {
+    QKeyEvent event(QEvent::KeyPress, key, {});
+    QApplication::sendEvent(&link, &event);
+  }
+  EXPECT_THAT(opener_.opened, ElementsAre("https://example.org/?a&b", "bad:address", "bad:address"));
+  EXPECT_EQ(reason, "no");
+}
+
+TEST_F(Dialogs, LabelExIsTwoLabelsOnePixelApart) {
+  LabelEx label("lblTitle", nullptr);
+  label.resize(80, 20);
+  label.show();
+  EXPECT_EQ(label.Caption(), "lblTitle");
+  label.setProperty("Caption", "Font");
+  label.setProperty("FontBold", true);
+  label.setProperty("Enabled", false);
+  label.setProperty("TooltipTextInside", "of the subtitles");
+  label.SetAlignment(Qt::AlignRight);
+  label.SetBackColor(Qt::black);
+  const auto both = label.findChildren<QLabel*>();
+  ASSERT_EQ(both.size(), 2);
+  EXPECT_EQ(both[1]->pos() - both[0]->pos(), QPoint(-1, -1));
+  for (const QLabel* one : both) {
+    EXPECT_EQ(one->text(), "Font");
+    EXPECT_EQ(one->size(), QSize(80, 20));
+    EXPECT_EQ(one->toolTip(), "of the subtitles");
+    EXPECT_TRUE(one->font().bold());
+    EXPECT_FALSE(one->isEnabled());
+    EXPECT_EQ(one->alignment(), Qt::AlignRight);
+    EXPECT_EQ(one->palette().color(QPalette::Window), QColor(Qt::black));
+  }
+}
+
+TEST_F(Dialogs, TheAboutBoxTellsVersionsAndLeadsToPages) {
+  frmAbout about({.version = "3.5.0", .divxmux_page = "https://example.org/mux", .libraries = {"FFmpeg 5.1"}}, prompts_,
+                 opener_, nullptr);
+  about.show();
+  EXPECT_EQ(about.windowTitle(), "About Captoria");
+  std::vector<std::string> texts;
+  for (const QLabel* label : about.findChildren<QLabel*>()) {
+    if (label->isVisible() && !label->text().isEmpty()) texts.push_back(label->text().toStdString());
+  }
+  EXPECT_THAT(texts, ElementsAre("Captoria for Windows XP", "Version 3.5.0", "Captoria needs", "BmpToxSub", "DivXMux"));
+  Click(about.findChild<QLabel*>("Label4"));
+  Click(about.findChild<QLabel*>("Label5"));
+  EXPECT_THAT(opener_.opened, ElementsAre("https://example.org/mux"));
+  about.findChild<QPushButton*>("Command1")->click();
+  EXPECT_THAT(prompts_.TakeMessages(),
+              ElementsAre(testing::AllOf(testing::HasSubstr(qVersion()), testing::HasSubstr("FFmpeg 5.1"))));
+  about.findChild<QPushButton*>("OKButton")->click();
+  EXPECT_FALSE(about.isVisible());
+}
+
+TEST_F(Dialogs, TheWelcomeFitsASmallScreenAndIsLeftByOk) {
+  frmWelcome welcome(nullptr);
+  welcome.show();
+  EXPECT_LE(welcome.width(), 1024);
+  EXPECT_LE(welcome.height(), 600);
+  EXPECT_TRUE(welcome.findChild<QLabel*>("Label4")->text().contains("<New>"));
+  welcome.findChild<QPushButton*>("OKButton")->click();
+  EXPECT_FALSE(welcome.isVisible());
+}
+
+struct AskedTool {
+  Tool tool;
+  const char* name;
+  const char* question;
+  const char* key;
+};
+
+class ToolQuestion : public Dialogs, public testing::WithParamInterface<AskedTool> {};
+
+TEST_P(ToolQuestion, IsLeftWithAFileOrNotAtAll) {
+  QuietView view;
+  Session session({.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view);
+  const std::string file = folder_.Put(GetParam().name, "");
+  AskForToolDialog dialog(session, GetParam().tool, opener_, nullptr);
+  dialog.show();
+  EXPECT_EQ(dialog.objectName().toStdString(), std::string("frmAskFor") + GetParam().key);
+  EXPECT_EQ(dialog.findChild<QLabel*>("Label1")->text().toStdString(), GetParam().question);
+  for (const auto* link : dialog.findChildren<LinkLabel*>()) EXPECT_TRUE(link->isHidden());
+  auto* path = dialog.findChild<QLineEdit*>("Text1");
+  auto* browse = dialog.findChild<QPushButton*>("Command1");
+  auto* ok = dialog.findChild<QPushButton*>("OKButton");
+
+  ok->click();
+  path->setText(QString::fromStdString(folder_.Path()));
+  ok->click();
+  EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Please set a path", "Please set a valid path"));
+  EXPECT_TRUE(dialog.isVisible());
+  prompts_.Expect("File not found", std::optional<std::string>(file));
+  browse->click();
+  prompts_.Expect("File not found", std::optional<std::string>());
+  browse->click();
+  EXPECT_EQ(path->text().toStdString(), file) << "cancelling leaves the field";
+  path->setText("  " + path->text() + " ");
+  ok->click();
+  EXPECT_EQ(dialog.result(), QDialog::Accepted);
+  EXPECT_THAT(folder_.Get("Captoria.ini"), testing::HasSubstr(file + "\r\n"));
+}
+
+TEST_P(ToolQuestion, CancelGivesNoPath) {
+  QuietView view;
+  Session session({.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view);
+  Next<AskForToolDialog>([](auto& dialog) { dialog.template findChild<QPushButton*>("CancelButton")->click(); });
+  EXPECT_EQ(AskForToolDialog::Ask(session, GetParam().tool, nullptr), std::nullopt);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Tools, ToolQuestion,
+    testing::Values(AskedTool{Tool::DivXMux, "DivXMux.exe",
+                              "File DivXMux.exe not found. Please, set the path for this file", "DivXMux"},
+                    AskedTool{Tool::BmpToXSub, "bmptoxsub.exe",
+                              "File bmptoxsub.exe not found. Please, set the path for this file", "bmptoxsub"}),
+    [](const auto& row) { return std::string{row.param.key}; });
+
+TEST_F(Dialogs, AddressesThatALanguageBringsAreShownAndOpened) {
+  QuietView view;
+  Session session({.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view);
+  AskForToolDialog dialog(session, Tool::DivXMux, opener_, nullptr);
+  dialog.findChild<QLabel*>("Label5")->setText("bad:address");
+  dialog.show();
+  EXPECT_FALSE(dialog.findChild<QLabel*>("Label2")->isVisible());
+  EXPECT_TRUE(dialog.findChild<QLabel*>("Label4")->isVisible());
+  Click(dialog.findChild<QLabel*>("Label5"));
+  EXPECT_THAT(opener_.opened, ElementsAre("bad:address"));
+  EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("no"));
+}
+
+class WindowPromptsTest : public Dialogs {
+ protected:
+  WindowPrompts asked_{nullptr};
+};
+
+TEST_F(WindowPromptsTest, MessagesShowTagsAsTheyAreAndStayOnTheScreen) {
+  Next<QMessageBox>([](QMessageBox& box) {
+    EXPECT_EQ(box.text(), "a '<font color=...>' tag");
+    EXPECT_EQ(box.textFormat(), Qt::PlainText);
+    box.accept();
+  });
+  asked_.ShowMessage("Captoria", "a '<font color=...>' tag");
+  std::string report;
+  for (int i = 0; i < 200; ++i) report += "Error opening file\r\n";
+  Next<QMessageBox>([](QMessageBox& box) {
+    EXPECT_LE(box.height(), 600);
+    EXPECT_EQ(box.detailedText().count('\n'), 199);
+    box.accept();
+  });
+  asked_.ShowMessage("Captoria", report);
+}
+
+TEST_F(WindowPromptsTest, QuestionsAreAnsweredAlsoForAnotherThread) {
+  bool yes = false, escaped = true;
+  std::unique_ptr<QThread> worker(QThread::create([&] { yes = asked_.AskYesNo("Captoria", "Go on?"); }));
+  Next<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
+  QEventLoop loop;
+  QObject::connect(worker.get(), &QThread::finished, &loop, &QEventLoop::quit);
+  worker->start();
+  loop.exec();
+  EXPECT_TRUE(yes);
+  Next<QMessageBox>([](QMessageBox& box) { box.reject(); });
+  escaped = asked_.AskYesNo("Captoria", "Go on?");
+  EXPECT_FALSE(escaped);
+}
+
+TEST_F(WindowPromptsTest, FilesComeBackAsTheyAreNamed) {
+  const std::string a = folder_.Put("a \xCE\xB1.avi", ""), b = folder_.Put("b.avi", "");
+  Next<QFileDialog>([&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.nameFilters(), QStringList({"*.avi *.divx", "All (*)"}));
+    EXPECT_EQ(dialog.directory().absolutePath().toStdString(), folder_.Path());
+    dialog.findChild<QLineEdit*>("fileNameEdit")->setText("\"a \u03B1.avi\" \"b.avi\"");
+    dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)->click();
+  });
+  EXPECT_THAT(asked_.AskFilesToOpen("Videos", {{"*.avi;*.divx", "*.avi;*.divx"}, {"All", "*"}}, b),
+              testing::UnorderedElementsAre(a, b));
+  Next<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+  EXPECT_THAT(asked_.AskFilesToOpen("Videos", {}, ""), IsEmpty());
+  Next<QFileDialog>([](QFileDialog& dialog) {
+    dialog.findChild<QLineEdit*>("fileNameEdit")->setText("new");
+    dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+  });
+  EXPECT_EQ(asked_.AskFileToSave("Film", {{"DivX", "*.divx;*.avi"}}, folder_.Path()), folder_.File("new.divx"));
+}
+
+TEST_F(WindowPromptsTest, AnUntouchedColourOrFontStaysWhatItWas) {
+  Next<QColorDialog>([](QColorDialog& dialog) {
+    EXPECT_EQ(dialog.currentColor(), QColor(0x10, 0x20, 0x30));
+    dialog.accept();
+  });
+  EXPECT_EQ(asked_.AskColor("Color", 0x302010u), 0x302010u);
+  Next<QFontDialog>([](QFontDialog& dialog) { dialog.accept(); });
+  const auto font =
+      asked_.AskFont("Font", {.name = "DejaVu Sans", .size = 20.25, .bold = true, .italic = false, .charset = 161});
+  ASSERT_TRUE(font);
+  EXPECT_EQ(font->name, "DejaVu Sans");
+  EXPECT_EQ(font->size, 20.25);
+  EXPECT_TRUE(font->bold);
+  EXPECT_FALSE(font->italic);
+  EXPECT_EQ(font->charset, 161);
+}
+
+}  // namespace
+}  // namespace captoria

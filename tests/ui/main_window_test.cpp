@@ -1,0 +1,187 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// What a person does with the window, and what they then see.
+#include "ui/main_window.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QPushButton>
+#include <QUrl>
+#include <cstdlib>
+
+#include "platform/files.h"
+#include "tests/support/qt_application.h"
+#include "tests/support/scripted_prompts.h"
+#include "tests/support/test_folder.h"
+
+namespace captoria {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr const char* kCues =
+    "1\n00:00:00,200 --> 00:00:00,700\nHello\n\n2\n00:00:01,000 --> 00:00:01,900\n"
+    "This line is far too long to stand within the safe viewing area of any television that was ever built\n";
+
+class MainWindow : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { TestApplication(); }
+
+  MainWindow() {
+    const std::string make = "ffmpeg -nostdin -v error -f lavfi -i testsrc2=s=320x240:r=25:d=2 -f lavfi -i sine=d=2 " +
+                             ("-c:v mpeg4 -c:a libmp3lame '" + film_ + "'");
+    EXPECT_EQ(std::system(make.c_str()), 0);
+    folder_.Put("film.srt", kCues);
+    Start();
+  }
+
+  void Start() {
+    window_.reset();
+    session_.emplace(ProgramFolders{.executable = CAPTORIA_BIN, .data = folder_.File("data")}, prompts_, view_);
+    session_->settings.ShowWelcome = false;
+    window_ = std::make_unique<Form1>(*session_, view_);
+    window_->show();
+  }
+
+  template <typename T>
+  T* Part(const char* name) {
+    T* part = window_->findChild<T*>(name);
+    EXPECT_NE(part, nullptr) << name;
+    return part;
+  }
+
+  QString Status(const char* name) { return Part<QLabel>(name)->text(); }
+  void Choose(const char* name) { Part<QAction>(name)->trigger(); }
+
+  QStringList Tabs() {
+    const auto* tabs = Part<QTabBar>("TabStrip1");
+    QStringList texts;
+    for (int i = 0; i < tabs->count(); ++i) texts << tabs->tabText(i);
+    return texts;
+  }
+
+  void Drop(const std::string& path) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window_.get(), &enter);
+    QDropEvent event(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window_.get(), &event);
+  }
+
+  void OpenFilm() {
+    prompts_.Expect("Captoria", std::optional<std::string>{film_});
+    Choose("mnuOpenAvi");
+  }
+
+  TestFolder folder_;
+  std::string film_ = folder_.File("film.avi");
+  ScriptedPrompts prompts_;
+  WindowView view_;
+  std::optional<Session> session_;
+  std::unique_ptr<Form1> window_;
+};
+
+constexpr const char* kFitted =
+    "1 subtitle(s) are outside safe viewing area, but program will fit these subtitles by decreasing font size.";
+
+TEST_F(MainWindow, OpeningAVideoShowsItsSubtitlesCountsAndStreams) {
+  EXPECT_EQ(Tabs(), QStringList({"Subtitle 1", "<New>"}));
+  OpenFilm();
+  EXPECT_THAT(prompts_.TakeMessages(), ElementsAre(kFitted));
+  EXPECT_EQ(window_->windowTitle().toStdString(), "film.srt - Captoria ver. 3.5.0 by Halvard");
+  auto* list = Part<QTreeView>("ListView1");
+  EXPECT_EQ(list->model()->rowCount(), 2);
+  EXPECT_THAT(Status("lblStatus2").toStdString(), HasSubstr("1 subtitle(s) outside safe viewing area"));
+  EXPECT_EQ(Part<QComboBox>("Combo3")->currentText(), "PAL");
+  Choose("AviInfo");
+  EXPECT_TRUE(Part<QDockWidget>("AviInfoPanel")->isVisible());
+  EXPECT_EQ(Part<Info>("Info1")->LineCount(), 2);
+
+  list->selectAll();
+  EXPECT_EQ(Status("lblStatus3"), "2 subtitle(s) selected");
+  Choose("mnuRightAl");
+  EXPECT_EQ(session_->tracks.Current().cues.front().Tag, "|r");
+  Choose("mnuOnlyOut");
+  EXPECT_EQ(list->model()->rowCount(), 1);
+  Choose("mnuOnlyOut");
+
+  Part<QTabBar>("TabStrip1")->setCurrentIndex(1);
+  EXPECT_EQ(Tabs(), QStringList({"Subtitle 1", "Subtitle 2", "<New>"}));
+  EXPECT_EQ(list->model()->rowCount(), 0);
+  Part<QTabBar>("TabStrip1")->setCurrentIndex(0);
+  EXPECT_EQ(Status("lblStatus3"), "2 subtitle(s) selected") << "as they were";
+  Choose("mnuCloseSrt");
+  EXPECT_EQ(Tabs(), QStringList({"Subtitle 1", "<New>"}));
+}
+
+TEST_F(MainWindow, WhatIsDroppedIsOpened) {
+  Drop(film_);
+  EXPECT_THAT(prompts_.TakeMessages(), ElementsAre(kFitted));
+  EXPECT_EQ(session_->video.AviPath, film_);
+  Drop(folder_.Put("other.srt", "1\n00:00:01,000 --> 00:00:02,000\nBye\n"));
+  EXPECT_EQ(window_->windowTitle().toStdString(), "other.srt - Captoria ver. 3.5.0 by Halvard");
+  EXPECT_EQ(session_->tracks.Count(), 1) << "a single file goes into the current track";
+}
+
+TEST_F(MainWindow, CreatesTheSameFilmAsTheCommandLine) {
+  OpenFilm();
+  session_->settings.ShowDos = false;
+  session_->tracks.Current().style.VertPos = 77;
+  prompts_.TakeMessages();
+  Choose("mnuMakeDivX");
+  EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Creation Finished!"));
+  EXPECT_FALSE(Part<JobBar>("jobBar")->isVisible());
+  const std::string made = folder_.Get("film.divx");
+  ASSERT_FALSE(made.empty());
+  const std::string convert =
+      std::string{CAPTORIA_BIN "/captoria-cli convert --set VertPos0=77 --set ReplaceDivX=-1 --data '"} +
+      folder_.File("other") + "' '" + film_ + "' >/dev/null";
+  ASSERT_EQ(std::system(convert.c_str()), 0);
+  EXPECT_EQ(folder_.Get("film.divx"), made);
+}
+
+TEST_F(MainWindow, CancelLeavesNothingAndTheWindowGoesOn) {
+  std::string cues;
+  for (int i = 0; i < 3000; ++i) cues += std::to_string(i) + "\n00:00:01,000 --> 00:00:02,000\nLine\n\n";
+  folder_.Put("film.srt", cues);
+  OpenFilm();
+  session_->settings.ShowDos = false;
+  prompts_.TakeMessages();
+  QTimer::singleShot(60, window_.get(), [this] {
+    EXPECT_TRUE(Part<JobBar>("jobBar")->isVisible());
+    EXPECT_FALSE(Part<QTreeView>("ListView1")->isEnabled());
+    Part<QPushButton>("cmdCancelJob")->click();
+  });
+  Choose("mnuMakeDivX");
+  EXPECT_THAT(prompts_.TakeMessages(), IsEmpty());
+  EXPECT_FALSE(FileExists(folder_.File("film.divx")));
+  EXPECT_THAT(ListFiles(folder_.File("data/tmp"), "*"), IsEmpty());
+  EXPECT_TRUE(Part<QTreeView>("ListView1")->isEnabled());
+}
+
+TEST_F(MainWindow, StartsAgainAsItWasClosed) {
+  OpenFilm();
+  prompts_.TakeMessages();
+  session_->tracks.Current().style.VertPos = 66;
+  window_->setGeometry(20, 30, 780, 620);
+  window_->close();
+  EXPECT_THAT(folder_.Get("data/Captoria.ini"), HasSubstr("MainWidth=11700\r\n"));
+  Start();
+  EXPECT_EQ(window_->geometry().size(), QSize(780, 620));
+  EXPECT_EQ(session_->tracks.Current().style.VertPos, 66);
+  const auto recent = Part<QMenu>("mnuRecent")->actions();
+  ASSERT_EQ(recent.size(), 1);
+  recent.front()->trigger();
+  EXPECT_EQ(session_->video.AviPath, film_);
+  prompts_.TakeMessages();
+}
+
+}  // namespace
+}  // namespace captoria

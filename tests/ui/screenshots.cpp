@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// Pictures of the window for people to look at: screenshots FILM FOLDER.
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QPalette>
+#include <QStyleFactory>
+#include <cstdio>
+
+#include "app/open_video.h"
+#include "platform/program_folder.h"
+#include "tools/unattended_prompts.h"
+#include "ui/about_dialog.h"
+#include "ui/batch_dialog.h"
+#include "ui/main_window.h"
+#include "ui/welcome_dialog.h"
+
+namespace captoria {
+namespace {
+
+QPalette Dark() {
+  QPalette palette(QColor(45, 45, 48));
+  palette.setColor(QPalette::Base, QColor(30, 30, 32));
+  palette.setColor(QPalette::AlternateBase, QColor(38, 38, 41));
+  palette.setColor(QPalette::Highlight, QColor(38, 110, 190));
+  return palette;
+}
+
+// Lets the decoder's frame arrive.
+void Settle() {
+  const auto end = QDeadlineTimer(700);
+  while (!end.hasExpired()) QApplication::processEvents(QEventLoop::AllEvents, 20);
+}
+
+class Shots {
+ public:
+  Shots(QString film, QDir folder) : film_(std::move(film)), folder_(std::move(folder)) {}
+
+  void Take() {
+    Window("empty", false, [](Form1&) {});
+    Window("track", true, [](Form1& window) { SelectCue(window, 1); });
+    Window("streams", true, [](Form1& window) { window.findChild<QAction*>("AviInfo")->trigger(); });
+    Window("outside", true, [](Form1& window) { window.findChild<QAction*>("mnuOnlyOut")->trigger(); });
+    const QPalette light = QApplication::palette();
+    QApplication::setPalette(Dark());
+    Window("dark", true, [](Form1& window) { SelectCue(window, 3); });
+    QApplication::setPalette(light);
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    Window("mirrored", true, [](Form1& window) { SelectCue(window, 1); });
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    Dialogs();
+  }
+
+ private:
+  static void SelectCue(Form1& window, int row) {
+    auto* list = window.findChild<QTreeView*>("ListView1");
+    list->setCurrentIndex(list->model()->index(row, 0));
+  }
+
+  template <typename Act>
+  void Window(const char* name, bool with_film, Act act) {
+    UnattendedPrompts prompts(false);
+    WindowView view;
+    Session session({.executable = ExecutableFolder(), .data = folder_.filePath("data").toStdString()}, prompts, view);
+    session.remembers = false;
+    Form1 window(session, view);
+    window.resize(1024, 700);
+    window.show();
+    if (with_film) window.Commands().OpenVideo(film_);
+    act(window);
+    Settle();
+    Save(window, name);
+  }
+
+  void Dialogs() {
+    UnattendedPrompts prompts(false);
+    DesktopOpener opener;
+    frmWelcome welcome(nullptr);
+    Save(welcome, "welcome");
+    frmAbout about({.version = "3.5.0"}, prompts, opener, nullptr);
+    Save(about, "about");
+    frmBatch batch(prompts, {}, nullptr);
+    Save(batch, "batch");
+  }
+
+  void Save(QWidget& widget, const char* name) {
+    widget.show();
+    Settle();
+    if (!widget.grab().save(folder_.filePath(QString(name) + ".png"))) std::fprintf(stderr, "%s: not saved\n", name);
+  }
+
+  QString film_;
+  QDir folder_;
+};
+
+}  // namespace
+}  // namespace captoria
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  if (argc != 3) {
+    std::fputs("screenshots FILM FOLDER\n", stderr);
+    return 2;
+  }
+  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  const QDir folder(argv[2]);
+  folder.mkpath(".");
+  captoria::Shots(argv[1], folder).Take();
+  return 0;
+}

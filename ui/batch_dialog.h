@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// Collects the videos of a batch conversion: from file dialogs, or dropped on it.
+#pragma once
+
+#include <QDialog>
+#include <QListWidget>
+#include <QPushButton>
+#include <string>
+#include <vector>
+
+#include "automation/batch_list.h"
+#include "platform/prompts.h"
+
+namespace captoria {
+
+class frmBatch final : public QDialog {
+  Q_OBJECT
+
+ public:
+  // `prompts` outlives the dialog. File dialogs begin at `current_video`, which may be empty.
+  frmBatch(Prompts& prompts, std::string current_video, QWidget* parent);
+
+  // Whether the dialog was left by "OK". It is hidden then, and its list can be read.
+  bool Confirmed() const { return result() == QDialog::Accepted; }
+
+  std::vector<std::string> Files() const { return files_.Files(); }
+
+ protected:
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QPushButton* Button(const char* name, const QString& text, void (frmBatch::*clicked)());
+  void Add();
+  void AddFolder();
+  void Delete();
+  void Clear();
+  void Accept();
+  void ShowFiles();
+  void OfferWhatIsPossible();
+
+  Prompts& prompts_;
+  std::string current_video_;
+  BatchList files_;
+  QListWidget* list_;
+  QPushButton* delete_;
+  QPushButton* clear_;
+};
+
+}  // namespace captoria

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "ui/cue_model.h"
+
+#include <QApplication>
+#include <QStyle>
+
+#include "app/safe_area_commands.h"
+#include "ui/qt_text.h"
+
+namespace captoria {
+namespace {
+
+// Lines of a cue in one line of the list.
+QString OneLine(const std::string& text) {
+  QString line = ToQt(text);
+  return line.replace(QStringLiteral("\r\n"), QStringLiteral(" \u23CE "));
+}
+
+}  // namespace
+
+CueModel::CueModel(Session& session, QObject* parent) : QAbstractTableModel(parent), session_(session) { Reset(); }
+
+void CueModel::Reset() {
+  beginResetModel();
+  outside_.clear();
+  const SubtitleTrack& track = session_.tracks.Current();
+  if (!track.IsIdx()) {
+    for (const SubtitleCue& cue : track.outside) outside_.insert(cue.Number);
+  }
+  endResetModel();
+}
+
+void CueModel::Refresh() {
+  if (const int rows = rowCount(); rows > 0) emit dataChanged(index(0, 0), index(rows - 1, kColumns - 1));
+}
+
+SubtitleCue* CueModel::CueAt(int row) {
+  const auto cues = ShownCues(session_);
+  return row >= 0 && static_cast<std::size_t>(row) < cues.size() ? &cues[static_cast<std::size_t>(row)] : nullptr;
+}
+
+int CueModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(ShownCues(session_).size());
+}
+
+int CueModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : kColumns; }
+
+QVariant CueModel::data(const QModelIndex& index, int role) const {
+  const SubtitleCue& cue = ShownCues(session_)[static_cast<std::size_t>(index.row())];
+  const bool marked = !session_.only_outside && IsOutside(cue);
+  if (role == Qt::DisplayRole) {
+    switch (index.column()) {
+      case Number:
+        return ToQt(cue.Number);
+      case Show:
+        return ToQt(cue.Show);
+      case Hide:
+        return ToQt(cue.Hide);
+      default:
+        return OneLine(cue.Text);
+    }
+  }
+  if (role == Qt::ToolTipRole && !cue.Tag.empty()) {
+    return tr(session_.only_outside ? "Fit font size: " : "Font size and pos: ") + ToQt(cue.Tag);
+  }
+  if (role == Qt::DecorationRole && index.column() == Number && marked) {
+    return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+  }
+  if (role == Qt::AccessibleTextRole && index.column() == Number && marked) {
+    return ToQt(cue.Number) + tr(", outside safe viewing area");
+  }
+  return {};
+}
+
+QVariant CueModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  constexpr const char* kTitles[]{"#", "Show", "Hide", "Text"};
+  return tr(kTitles[section]);
+}
+
+}  // namespace captoria

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// The cues of the current track as rows of a list, without a copy of them.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <string>
+#include <unordered_set>
+
+#include "app/session.h"
+
+namespace captoria {
+
+class CueModel final : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  enum Column { Number, Show, Hide, Text, kColumns };
+
+  // The session outlives the model.
+  CueModel(Session& session, QObject* parent);
+
+  // The track, its cues or the choice between all and those outside is another one.
+  void Reset();
+
+  // The tags of cues have changed; rows and selection have not.
+  void Refresh();
+
+  // Nothing when there is no such row.
+  SubtitleCue* CueAt(int row);
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+ private:
+  bool IsOutside(const SubtitleCue& cue) const { return outside_.contains(cue.Number); }
+
+  Session& session_;
+  std::unordered_set<std::string> outside_;  // numbers of the cues outside the safe viewing area
+};
+
+}  // namespace captoria

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// One long piece of work beside the window, with a bar that tells how far it is and a button that stops it.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+#include <QWidget>
+#include <atomic>
+#include <functional>
+#include <memory>
+
+#include "app/session_view.h"
+
+namespace captoria {
+
+class JobBar final : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit JobBar(QWidget* parent);
+
+  // Runs `work` on a thread of its own and returns when it has ended; the window goes on painting meanwhile. Not while
+  // another one runs.
+  void Run(const std::function<void()>& work);
+
+  bool IsBusy() const { return busy_; }
+
+  // The work that runs is asked to stop, as by the button.
+  void Stop() { *stop_ = true; }
+
+  // For the work to report to; called on its thread.
+  std::unique_ptr<JobProgress> BeginWork(Work work);
+
+  // What is said while bitmaps are drawn, before the number of the cue.
+  void SetBitmapsText(const QString& text) { bitmaps_text_ = text; }
+
+ signals:
+  void Began();
+  void Ended();
+
+ private:
+  // How far the work is: written by its threads, read by the window.
+  struct State {
+    std::atomic<Work> work = Work::Bitmaps;
+    std::atomic<std::size_t> done = 0;
+    std::atomic<std::size_t> total = 0;
+    std::atomic<int> begun = 0;  // counts the pieces of work, so that time is reckoned anew for each
+  };
+  class Reporter;
+
+  void ShowState();
+  QString TimeLeft(std::size_t done, std::size_t total) const;
+
+  QLabel* label_;
+  QProgressBar* bar_;
+  QPushButton* cancel_;
+  QTimer timer_;
+  QElapsedTimer since_;  // the piece of work was first seen to move
+  std::size_t done_at_first_ = 0;
+  int shown_ = 0;
+  QString bitmaps_text_ = QStringLiteral("Creating Bitmaps...");
+  std::shared_ptr<State> state_;
+  std::shared_ptr<std::atomic<bool>> stop_;
+  bool busy_ = false;
+};
+
+}  // namespace captoria

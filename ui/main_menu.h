@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// The commands of the main window as actions, and the menus and the toolbar that show them. An action is made once and
+// stands in both; its object name is the one that language files know it by.
+#pragma once
+
+#include <QActionGroup>
+#include <QList>
+#include <QMenu>
+#include <QMenuBar>
+#include <QObject>
+#include <QToolBar>
+
+namespace captoria {
+
+class MainMenu final : public QObject {
+  Q_OBJECT
+
+ public:
+  // `style_actions` are those of the style panel: font, colours and outline widths.
+  MainMenu(QMenuBar* bar, QToolBar* toolbar, const QList<QAction*>& style_actions, QObject* parent);
+
+  QAction* open_avi;
+  QAction* open_srt;
+  QAction* close_srt;
+  QAction* options;
+  QAction* batch_convert;
+  QAction* exit;
+  QAction* fit_font;  // checkable, as the three below
+  QAction* preview;
+  QAction* only_outside;
+  QAction* stream_info;
+  QAction* make_divx;
+  QAction* welcome;
+  QAction* about;
+  QMenu* recent;
+  QMenu* selected_subs;  // the pop-up for selected cues
+  QAction* left;
+  QAction* center;
+  QAction* right;
+
+ private:
+  void BuildFile(QMenuBar* bar);
+  void BuildSubtitles(QMenuBar* bar, const QList<QAction*>& style_actions);
+  void BuildOutlineWidths(QMenu* menu, const QList<QAction*>& style_actions);
+  void BuildLater(QMenuBar* bar);
+  void BuildPopup(QMenuBar* bar);
+  void BuildToolbar(QToolBar* toolbar);
+  QAction* Add(QMenu* menu, const char* name, const QString& text, const char* icon = nullptr,
+               const QKeySequence& keys = {});
+};
+
+}  // namespace captoria

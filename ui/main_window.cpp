@@ -1,0 +1,277 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "ui/main_window.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QHeaderView>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QScrollArea>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include "app/open_video.h"
+#include "app/placement_commands.h"
+#include "app/safe_area_commands.h"
+#include "platform/path_text.h"
+#include "ui/qt_text.h"
+#include "ui/start_page.h"
+#include "ui/welcome_dialog.h"
+
+namespace captoria {
+namespace {
+
+// "Film.srt - Captoria ver. 3.5.0 by Halvard"
+QString TitleOf(const Session& session) {
+  const SubtitleTrack& track = session.tracks.Current();
+  const QString file = track.HasFile() ? ToQt(GetFileNameOnly(track.path)) + " - " : QString{};
+  return file + kProgramTitle + " ver. " CAPTORIA_VERSION " by Halvard";
+}
+
+QStringList FilesOf(const QMimeData* data) {
+  QStringList files;
+  for (const QUrl& url : data->urls()) {
+    if (url.isLocalFile()) files.append(url.toLocalFile());
+  }
+  return files;
+}
+
+}  // namespace
+
+Form1::Form1(Session& session, WindowView& view) : session_(session), view_(view) {
+  setObjectName("Form1");
+  setAcceptDrops(true);
+  setWindowIcon(QIcon(":/icons/captoria.svg"));
+  state_ = new WindowState(session_, this);
+  Build();
+  ConnectMenu();
+  ConnectParts();
+  view_.SetJobBar(jobs_);
+  menu_->preview->setChecked(session_.settings.Preview);
+  preview_->SetPreviewOn(session_.settings.Preview);
+  ShowTracks();
+  ShowVideo();
+  state_->Restore();
+}
+
+void Form1::Build() {
+  style_ = new StylePanel(session_, this);
+  auto* toolbar = addToolBar(tr("Commands"));
+  toolbar->setObjectName("Toolbar2");
+  menu_ = new MainMenu(menuBar(), toolbar, style_->StyleActions(), this);
+  system_ = new QComboBox(toolbar);
+  system_->setObjectName("Combo3");
+  system_->addItems({"NTSC", "PAL"});
+  system_->setToolTip(tr("Video system for active avi file"));
+  system_->setAccessibleName(system_->toolTip());
+  toolbar->addSeparator();
+  toolbar->addWidget(system_);
+
+  pages_ = new QStackedWidget(this);
+  pages_->addWidget(new StartPage(menu_->open_avi, menu_->open_srt, pages_));
+  pages_->addWidget(BuildWorkPage());
+  jobs_ = new JobBar(this);
+  auto* central = new QWidget(this);
+  auto* layout = new QVBoxLayout(central);
+  layout->setContentsMargins({});
+  layout->addWidget(pages_, 1);
+  layout->addWidget(jobs_);
+  setCentralWidget(central);
+  BuildStreams();
+  status_ = new StatusLabels(statusBar());
+  commands_ = new WindowCommands(session_, *jobs_, this);
+  state_->KeepRecent(menu_->recent);
+}
+
+QWidget* Form1::BuildWorkPage() {
+  tracks_ = new TrackTabs(session_, pages_);
+  preview_ = new PreviewPane(session_, pages_);
+  auto* lists = new QSplitter(Qt::Vertical, pages_);
+  lists->setObjectName("lists");
+  lists->addWidget(tracks_);
+  lists->addWidget(preview_);
+  lists->setStretchFactor(1, 1);
+  lists->setChildrenCollapsible(false);
+  // The style scrolls where the window is low.
+  auto* scroll = new QScrollArea(pages_);
+  scroll->setWidget(style_);
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll->setMinimumWidth(style_->minimumSizeHint().width() + 24);
+  auto* sides = new QSplitter(Qt::Horizontal, pages_);
+  sides->setObjectName("sides");
+  sides->addWidget(lists);
+  sides->addWidget(scroll);
+  sides->setStretchFactor(0, 1);
+  sides->setChildrenCollapsible(false);
+  state_->Keep(lists);
+  state_->Keep(sides);
+  state_->Keep(tracks_->List()->header(), "cues");
+  return sides;
+}
+
+void Form1::BuildStreams() {
+  streams_ = new Info(session_.prompts, this);
+  streams_->setObjectName("Info1");
+  streams_->SetTitle1(tr("Stream"));
+  streams_->SetTitle2(tr("Information"));
+  streams_dock_ = new QDockWidget(tr("Avi info (streams)"), this);
+  streams_dock_->setObjectName("AviInfoPanel");
+  streams_dock_->setWidget(streams_);
+  addDockWidget(Qt::BottomDockWidgetArea, streams_dock_);
+  streams_dock_->hide();
+}
+
+void Form1::ConnectMenu() {
+  const auto on = [this](QAction* action, auto slot) { connect(action, &QAction::triggered, this, slot); };
+  on(menu_->open_avi, [this] { commands_->OpenVideo({}); });
+  on(menu_->open_srt, [this] { commands_->OpenSubtitle({}); });
+  on(menu_->close_srt, [this] { commands_->CloseSubtitles(); });
+  on(menu_->batch_convert, [this] { commands_->BatchConvert(); });
+  on(menu_->exit, [this] { close(); });
+  on(menu_->make_divx, [this] { commands_->MakeDivX(); });
+  on(menu_->fit_font, [this](bool fit) { SetFitFont(fit); });
+  on(menu_->only_outside, [this](bool only) { ShowOnlyOutside(only); });
+  on(menu_->welcome, [this] { frmWelcome(this).exec(); });
+  on(menu_->about, [this] { commands_->ShowAbout(); });
+  on(menu_->left, [this] { SetAlignment(Alignment::Left); });
+  on(menu_->center, [this] { SetAlignment(Alignment::Center); });
+  on(menu_->right, [this] { SetAlignment(Alignment::Right); });
+  tracks_->List()->addActions({menu_->left, menu_->center, menu_->right});  // for their shortcuts
+  on(menu_->preview, [this](bool shown) {
+    session_.settings.Preview = shown;
+    preview_->SetPreviewOn(shown);
+  });
+  connect(menu_->stream_info, &QAction::toggled, streams_dock_, &QDockWidget::setVisible);
+  connect(streams_dock_, &QDockWidget::visibilityChanged, menu_->stream_info, &QAction::setChecked);
+  connect(state_, &WindowState::RecentChosen, commands_, &WindowCommands::OpenVideo);
+  connect(commands_, &WindowCommands::VideoOpened, state_, &WindowState::AddRecent);
+}
+
+void Form1::ConnectParts() {
+  connect(&view_, &WindowView::TracksChanged, this, &Form1::ShowTracks);
+  connect(&view_, &WindowView::VideoChanged, this, &Form1::ShowVideo);
+  connect(&view_, &WindowView::StreamsWanted, streams_dock_, &QDockWidget::show);
+  connect(&view_, &WindowView::Warned, status_, &StatusLabels::Tell);
+  connect(tracks_, &TrackTabs::TrackChosen, this, &Form1::ShowTracks);
+  connect(tracks_, &TrackTabs::CueChosen, this, &Form1::ShowCue);
+  connect(tracks_, &TrackTabs::SelectionChanged, this, &Form1::ShowCounts);
+  connect(tracks_, &TrackTabs::MenuWanted, this, [this](const QPoint& at) {
+    if (!session_.tracks.Current().IsIdx()) menu_->selected_subs->popup(at);
+  });
+  connect(style_, &StylePanel::StyleChanged, this, &Form1::ShowCue);
+  connect(style_, &StylePanel::FontChanged, this, &Form1::CheckSafeAreaAgain);
+  connect(preview_, &PreviewPane::Told, status_, &StatusLabels::Tell);
+  connect(system_, &QComboBox::activated, this, [this](int index) { ChooseVideoSystem(session_, index == 0); });
+  connect(jobs_, &JobBar::Began, this, [this] { SetBusy(true); });
+  connect(jobs_, &JobBar::Ended, this, [this] { SetBusy(false); });
+}
+
+void Form1::ShowTracks() {
+  const SubtitleTrack& track = session_.tracks.Current();
+  pages_->setCurrentIndex(session_.video.AviPath.empty() && !track.HasFile() && session_.tracks.Count() == 1 ? 0 : 1);
+  tracks_->ShowTracks();
+  style_->LoadCorrectValues();
+  style_->EnableButtons(!track.IsIdx());
+  for (QAction* action : {menu_->fit_font, menu_->only_outside}) action->setEnabled(!track.IsIdx());
+  menu_->fit_font->setChecked(track.style.FitFont);
+  menu_->only_outside->setChecked(session_.only_outside);
+  setWindowTitle(TitleOf(session_));
+  ShowCounts();
+  ShowCue();
+}
+
+void Form1::ShowVideo() {
+  system_->setCurrentIndex(session_.video.format.VideoSystem == "PAL" ? 1 : 0);
+  streams_->Clear();
+  for (const StreamRow& row : session_.video.streams) {
+    streams_->AddLine({ToQt(TextOf(row.type)), ToQt(row.text)});
+  }
+  const auto bitmap = session_.Bitmap();
+  const int subtitle = bitmap ? (*bitmap)->Dib().Height() : 0;
+  style_->SetVerticalMaximum(session_.video.format.VideoHeight - subtitle);
+  preview_->SetVideo();
+  ShowTracks();
+}
+
+void Form1::ShowCue() {
+  const SubtitleTrack& track = session_.tracks.Current();
+  const SubtitleCue* cue = track.IsIdx() ? nullptr : tracks_->CurrentCue();
+  if (cue != nullptr) style_->ShowVerticalPosition(ReadPlacement(cue->Tag).position.value_or(track.style.VertPos));
+  preview_->SetVertical(style_->VerticalPosition(), style_->VerticalMaximum());
+  preview_->ShowCue(cue);
+  if (cue != nullptr && !cue->Tag.empty()) status_->Tell(tr("Font size and pos: ") + ToQt(cue->Tag));
+}
+
+void Form1::ShowCounts() {
+  const SubtitleTrack& track = session_.tracks.Current();
+  const auto outside = track.IsIdx() ? std::nullopt : std::optional{static_cast<int>(track.outside.size())};
+  status_->ShowOutside(outside, track.style.FitFont);
+  status_->ShowSelected(tracks_->SelectedCount());
+}
+
+void Form1::ShowOnlyOutside(bool only) {
+  ShowEditOnly(session_, only);
+  ShowTracks();
+}
+
+void Form1::SetFitFont(bool fit) {
+  if (session_.tracks.Current().style.FitFont != fit) ToggleFitFont(session_);
+  CheckSafeAreaAgain();
+}
+
+void Form1::CheckSafeAreaAgain() {
+  if (session_.tracks.Current().IsRendered()) {
+    const auto checked = CheckSafeArea(session_, false);
+    if (!checked) view_.Warn(checked.error().message);
+  }
+  ShowTracks();
+}
+
+void Form1::SetAlignment(Alignment align) {
+  SetAlignForSelectedSubs(session_, align);
+  tracks_->Refresh();
+  ShowCue();
+}
+
+void Form1::SetBusy(bool busy) {
+  pages_->setEnabled(!busy);
+  menuBar()->setEnabled(!busy);
+  streams_dock_->setEnabled(!busy);
+  for (QToolBar* bar : findChildren<QToolBar*>()) bar->setEnabled(!busy);
+}
+
+void Form1::Welcome() {
+  if (!session_.settings.ShowWelcome) return;
+  frmWelcome(this).exec();
+  session_.settings.ShowWelcome = false;
+  const auto stored = session_.Store("ShowWelcome", "0");
+  if (!stored) view_.Warn(stored.error().message);
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+  if (jobs_->IsBusy()) {
+    const auto answer = QMessageBox::question(this, kProgramTitle, tr("A film is being made. Stop it?"));
+    if (answer == QMessageBox::Yes) jobs_->Stop();
+    event->ignore();
+    return;
+  }
+  state_->Save();
+  const auto saved = session_.Save();
+  if (!saved) session_.prompts.ShowMessage(kProgramTitle, saved.error().message);
+  event->accept();
+}
+
+void Form1::dragEnterEvent(QDragEnterEvent* event) {
+  if (!jobs_->IsBusy() && !FilesOf(event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void Form1::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  commands_->OpenFiles(FilesOf(event->mimeData()));
+}
+
+}  // namespace captoria

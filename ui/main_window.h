@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// The main window: puts the parts together, and passes on what one tells the others. What its commands do is in
+// ui/window_commands.h.
+#pragma once
+
+#include <QComboBox>
+#include <QDockWidget>
+#include <QMainWindow>
+#include <QStackedWidget>
+
+#include "app/session.h"
+#include "ui/info.h"
+#include "ui/job.h"
+#include "ui/main_menu.h"
+#include "ui/preview_pane.h"
+#include "ui/status_labels.h"
+#include "ui/style_panel.h"
+#include "ui/track_tabs.h"
+#include "ui/window_commands.h"
+#include "ui/window_state.h"
+#include "ui/window_view.h"
+
+namespace captoria {
+
+class Form1 final : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  // `view` is that of the session. Both outlive the window.
+  Form1(Session& session, WindowView& view);
+
+  WindowCommands& Commands() { return *commands_; }
+
+  // The first start greets the user.
+  void Welcome();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  void Build();
+  QWidget* BuildWorkPage();
+  void BuildStreams();
+  void ConnectMenu();
+  void ConnectParts();
+
+  void ShowTracks();
+  void ShowVideo();
+  void ShowCue();
+  void ShowCounts();
+  void ShowOnlyOutside(bool only);
+  void SetFitFont(bool fit);
+  void CheckSafeAreaAgain();
+  void SetAlignment(Alignment align);
+  void SetBusy(bool busy);
+
+  Session& session_;
+  WindowView& view_;
+  StylePanel* style_;
+  MainMenu* menu_;
+  TrackTabs* tracks_;
+  PreviewPane* preview_;
+  Info* streams_;
+  QDockWidget* streams_dock_;
+  QComboBox* system_;  // NTSC or PAL
+  JobBar* jobs_;
+  StatusLabels* status_;
+  QStackedWidget* pages_;
+  WindowCommands* commands_;
+  WindowState* state_;
+};
+
+}  // namespace captoria

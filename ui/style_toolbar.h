@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// The toolbar of a track's style: font, the three colours and the five outline widths. It shows a style and tells what
+// is asked for; it changes none. Its actions' object names are the keys "font", "color", "outcolor", "out0" to "out4"
+// and "shadowcolor".
+#pragma once
+
+#include <QActionGroup>
+#include <QString>
+#include <QToolBar>
+#include <array>
+
+#include "settings/track_style.h"
+
+namespace captoria {
+
+// A colour of a style. Its place in kStyleColors, counted from 1, is its entry in the track's palette.
+struct StyleColor {
+  const char* key;
+  const char* title;
+  const char* short_title;
+  Color TrackStyle::*color;
+};
+
+constexpr std::array<StyleColor, 3> kStyleColors{{
+    {"color", "Fore color", "Fore", &TrackStyle::ForeColor},
+    {"outcolor", "Outline color", "Outline", &TrackStyle::OutlineColor},
+    {"shadowcolor", "Shadow color", "Shadow", &TrackStyle::ShadowColor},
+}};
+
+// "Arial (22), B, I"
+QString FontText(const Font& font);
+
+class StyleToolBar final : public QToolBar {
+  Q_OBJECT
+
+ public:
+  explicit StyleToolBar(QWidget* parent);
+
+  // Tells nothing.
+  void ShowStyle(const TrackStyle& style);
+
+ signals:
+  void FontAsked();
+  void ColorAsked(int palette_entry);  // 1 to 3
+  void OutlineWidthAsked(int width);   // 0 to kOutlineWidthMax
+
+ private:
+  void AddColor(int palette_entry);
+  void AddOutlineWidths();
+
+  QAction* font_;
+  std::array<QAction*, kStyleColors.size()> colors_{};
+  QActionGroup* widths_;
+};
+
+}  // namespace captoria

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// The open tracks as tabs, and below them the cues of the current one.
+#pragma once
+
+#include <QTabBar>
+#include <QTreeView>
+#include <QWidget>
+
+#include "app/session.h"
+#include "ui/cue_model.h"
+
+namespace captoria {
+
+class TrackTabs final : public QWidget {
+  Q_OBJECT
+
+ public:
+  // The session outlives the widget.
+  TrackTabs(Session& session, QWidget* parent);
+
+  // Tracks, the current one or its cues are others.
+  void ShowTracks();
+
+  // Tags have changed.
+  void Refresh() { model_->Refresh(); }
+
+  // The cue that is current in the list; nothing when there is none.
+  SubtitleCue* CurrentCue() const;
+
+  int SelectedCount() const;
+  QTreeView* List() const { return list_; }
+
+ signals:
+  void TrackChosen();
+  void CueChosen();
+  void SelectionChanged();
+  void MenuWanted(const QPoint& global);
+
+ private:
+  void ChooseTab(int index);
+  void TakeSelection();
+  void RestoreSelection();
+  void RebuildTabs();
+
+  Session& session_;
+  QTabBar* tabs_;
+  QTreeView* list_;
+  CueModel* model_;
+};
+
+}  // namespace captoria

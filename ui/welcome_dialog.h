@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// What to do first, for who starts the program for the first time.
+#pragma once
+
+#include <QDialog>
+
+namespace captoria {
+
+// Labels "Label1" to "Label10" in reading order.
+class frmWelcome final : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit frmWelcome(QWidget* parent);
+};
+
+}  // namespace captoria

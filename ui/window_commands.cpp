@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "ui/window_commands.h"
+
+#include <QFile>
+
+#include "app/batch_convert.h"
+#include "app/load_subtitle.h"
+#include "app/open_video.h"
+#include "automation/batch_conversion.h"
+#include "platform/ascii.h"
+#include "platform/files.h"
+#include "ui/about_dialog.h"
+#include "ui/batch_dialog.h"
+#include "ui/qt_text.h"
+
+namespace captoria {
+namespace {
+
+// Paths keep their bytes.
+std::string PathOf(const QString& path) { return QFile::encodeName(path).toStdString(); }
+QString ToQtPath(const std::string& path) { return QFile::decodeName(QByteArray::fromStdString(path)); }
+
+bool IsVideo(const QString& path) {
+  return path.endsWith(".avi", Qt::CaseInsensitive) || path.endsWith(".divx", Qt::CaseInsensitive);
+}
+
+}  // namespace
+
+WindowCommands::WindowCommands(Session& session, JobBar& jobs, QWidget* window)
+    : QObject(window),
+      session_(session),
+      jobs_(jobs),
+      window_(window),
+      scripts_(session.folders.executable, ProcessEnvironment()) {}
+
+void WindowCommands::OpenVideo(const QString& path) {
+  std::string opened = PathOf(path);
+  const auto result = OpenAnAviFile(session_, opened, {});
+  session_.view.ShowTracks();
+  if (result) emit VideoOpened(ToQtPath(opened));
+}
+
+void WindowCommands::OpenSubtitle(const QString& path) {
+  std::string file = PathOf(path);
+  if (file.empty()) {
+    const auto chosen =
+        session_.prompts.AskFileToOpen(kProgramTitle, {{"*.srt;*.idx", "*.srt;*.idx"}}, session_.current_file);
+    if (!chosen) return;
+    file = *chosen;
+  }
+  const auto loaded = OpenSubtitleFile(session_, file, {});
+  if (!loaded) session_.prompts.ShowMessage(kProgramTitle, loaded.error().message);
+  session_.view.ShowTracks();
+}
+
+void WindowCommands::OpenFiles(const QStringList& paths) {
+  // The video first: it may close all tracks.
+  for (const QString& path : paths) {
+    if (IsVideo(path)) OpenVideo(path);
+  }
+  for (const QString& path : paths) {
+    if (IsVideo(path) || !FileExists(PathOf(path))) continue;
+    if (session_.tracks.Current().HasFile() && paths.size() > 1) session_.SelectLastTab();
+    OpenSubtitle(path);
+  }
+}
+
+void WindowCommands::CloseSubtitles() {
+  session_.tracks.UnloadAllSrts();
+  session_.view.ShowTracks();
+}
+
+void WindowCommands::MakeDivX() {
+  if (jobs_.IsBusy()) return;
+  Result<MadeDivX> made;
+  jobs_.Run([&] { made = MakeFinalDivX(session_, outside_, {}); });
+  if (!made && made.error().kind != ErrorKind::Cancelled) session_.view.Warn(made.error().message);
+}
+
+void WindowCommands::BatchConvert() {
+  if (jobs_.IsBusy()) return;
+  frmBatch dialog(session_.prompts, session_.video.AviPath, window_);
+  dialog.exec();
+  if (!dialog.Confirmed()) return;
+  const std::vector<std::string> files = dialog.Files();
+  ConvertReport report;
+  jobs_.Run([&] { report = ConvertVideos(session_, outside_, files, {}); });
+  session_.view.ShowTracks();
+  session_.prompts.ShowMessage(std::string{"Batch results - "} + kProgramTitle, BatchResult(report.text));
+}
+
+void WindowCommands::ShowAbout() {
+  frmAbout({.version = CAPTORIA_VERSION}, session_.prompts, documents_, window_).exec();
+}
+
+bool WindowCommands::RunUnattended(const QString& path) {
+  Result<MadeDivX> made;
+  jobs_.Run([&] { made = captoria::RunUnattended(session_, outside_, PathOf(path)); });
+  return made.has_value();
+}
+
+}  // namespace captoria

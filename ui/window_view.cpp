@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "ui/window_view.h"
+
+#include "ui/on_gui_thread.h"
+#include "ui/qt_text.h"
+
+namespace captoria {
+
+void WindowView::ShowVideo() {
+  OnGuiThread(this, [this] { emit VideoChanged(); });
+}
+
+void WindowView::BringUpStreams() {
+  OnGuiThread(this, [this] { emit StreamsWanted(); });
+}
+
+void WindowView::ShowTracks() {
+  OnGuiThread(this, [this] { emit TracksChanged(); });
+}
+
+void WindowView::Warn(const std::string& text) {
+  OnGuiThread(this, [this, line = ToQt(text)] { emit Warned(line); });
+}
+
+std::unique_ptr<JobProgress> WindowView::BeginWork(Work work) {
+  if (bar_ == nullptr) return std::make_unique<NoProgress>();
+  return bar_->BeginWork(work);
+}
+
+}  // namespace captoria

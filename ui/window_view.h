@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// What a session shows, as signals that arrive on the window's thread, whatever thread a command runs on.
+#pragma once
+
+#include <QObject>
+
+#include "app/session_view.h"
+#include "ui/job.h"
+
+namespace captoria {
+
+class WindowView final : public QObject, public SessionView {
+  Q_OBJECT
+
+ public:
+  WindowView() = default;
+
+  // Where long work shows how far it is; outlives what is begun. Before it is set, work shows nothing.
+  void SetJobBar(JobBar* bar) { bar_ = bar; }
+
+  void ShowVideo() override;
+  void BringUpStreams() override;
+  void ShowTracks() override;
+  void Warn(const std::string& text) override;
+  std::unique_ptr<JobProgress> BeginWork(Work work) override;
+
+ signals:
+  void VideoChanged();
+  void StreamsWanted();
+  void TracksChanged();
+  void Warned(const QString& text);
+
+ private:
+  JobBar* bar_ = nullptr;
+};
+
+}  // namespace captoria
