@@ -112,7 +112,7 @@ Result<MadeDivX> RunUnattended(Session& session, const Outside& outside, const s
   session.current_file = path;
   std::string video = path;
   Result<MadeDivX> made = Failure(ErrorKind::NotFound, "Can not find any subtitles");
-  if (auto opened = OpenAnAviFile(session, video, {}); !opened) {
+  if (auto opened = OpenAnAviFile(session, video, {.is_batch = true}); !opened) {
     made = tl::unexpected(opened.error());
   } else if (!HasSubtitles(session)) {
     session.prompts.ShowMessage(kProgramTitle, made.error().message);

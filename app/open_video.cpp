@@ -80,7 +80,6 @@ Result<void> OpenAnAviFile(Session& session, std::string& path, const OpenVideoO
 
 void ChooseVideoSystem(Session& session, bool ntsc) {
   session.video.format = ntsc ? VideoFormat{"NTSC", kNtscHeight} : VideoFormat{"PAL", kPalHeight};
-  session.view.ShowVideo();
 }
 
 }  // namespace captoria

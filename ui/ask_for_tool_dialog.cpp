@@ -77,7 +77,7 @@ void AskForToolDialog::AddButtons(QVBoxLayout* layout) {
   auto* ok = new QPushButton(tr("OK"), this);
   ok->setObjectName("OKButton");
   ok->setDefault(true);
-  connect(ok, &QPushButton::clicked, this, &AskForToolDialog::Accept);
+  connect(ok, &QPushButton::clicked, this, &AskForToolDialog::accept);
   auto* cancel = new QPushButton(tr("Cancel"), this);
   cancel->setObjectName("CancelButton");
   cancel->setAutoDefault(false);
@@ -107,9 +107,9 @@ void AskForToolDialog::Browse() {
   if (chosen) path_->setText(QFile::decodeName(QByteArray::fromStdString(*chosen)));
 }
 
-void AskForToolDialog::Accept() {
+void AskForToolDialog::accept() {
   const auto refused = AcceptToolPath(session_, tool_, QFile::encodeName(path_->text()).toStdString());
-  if (!refused) return accept();
+  if (!refused) return QDialog::accept();
   session_.prompts.ShowMessage(kProgramTitle, *refused);
   path_->setFocus();
   path_->selectAll();

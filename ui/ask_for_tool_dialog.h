@@ -30,6 +30,7 @@ class AskForToolDialog final : public QDialog {
   // The path, which is then in the settings as well; nothing when the user gave up. On any thread.
   static std::optional<std::string> Ask(Session& session, Tool tool, QWidget* parent);
 
+  void accept() override;
   void setVisible(bool visible) override;
 
  private:
@@ -39,7 +40,6 @@ class AskForToolDialog final : public QDialog {
   void AddPath(QVBoxLayout* layout);
   void AddButtons(QVBoxLayout* layout);
   void Browse();
-  void Accept();
 
   Session& session_;
   Tool tool_;

@@ -43,7 +43,7 @@ frmBatch::frmBatch(Prompts& prompts, std::string current_video, QWidget* parent)
   side->addWidget(delete_ = Button("Command2", tr("&Delete"), &frmBatch::Delete));
   side->addWidget(clear_ = Button("Command3", tr("&Clear"), &frmBatch::Clear));
   side->addStretch();
-  auto* ok = Button("OKButton", tr("OK"), &frmBatch::Accept);
+  auto* ok = Button("OKButton", tr("OK"), &frmBatch::accept);
   ok->setDefault(true);
   side->addWidget(ok);
   side->addWidget(Button("CancelButton", tr("Cancel"), &frmBatch::reject));
@@ -97,8 +97,8 @@ void frmBatch::Clear() {
   OfferWhatIsPossible();
 }
 
-void frmBatch::Accept() {
-  if (!files_.Files().empty()) return accept();
+void frmBatch::accept() {
+  if (!files_.Files().empty()) return QDialog::accept();
   prompts_.ShowMessage(kProgramTitle, "Plaese add some files");
 }
 

@@ -27,6 +27,8 @@ class frmBatch final : public QDialog {
 
   std::vector<std::string> Files() const { return files_.Files(); }
 
+  void accept() override;
+
  protected:
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -38,7 +40,6 @@ class frmBatch final : public QDialog {
   void AddFolder();
   void Delete();
   void Clear();
-  void Accept();
   void ShowFiles();
   void OfferWhatIsPossible();
 

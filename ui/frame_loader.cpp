@@ -3,7 +3,6 @@
 
 #include "ui/frame_loader.h"
 
-#include <QMetaObject>
 #include <cmath>
 #include <utility>
 
@@ -97,8 +96,11 @@ class FrameLoader::Film {
   std::optional<FrameDecoder> decoder_;
 };
 
-FrameLoader::FrameLoader(QObject* parent)
-    : QObject(parent), worker_([this](const std::stop_token& stop) { Work(stop); }) {}
+FrameLoader::FrameLoader(QObject* parent) : QObject(parent) {
+  connect(
+      this, &FrameLoader::Answered, this, [](const std::function<void()>& answer) { answer(); }, Qt::QueuedConnection);
+  worker_ = std::jthread([this](const std::stop_token& stop) { Work(stop); });
+}
 
 FrameLoader::~FrameLoader() {
   Close();  // stops what is decoded now
@@ -144,13 +146,10 @@ void FrameLoader::Work(const std::stop_token& stop) {
 
 void FrameLoader::Send(bool is_of_film, const Ticket& ticket, std::function<void(FrameLoader&)> answer) {
   // Asked once more when it arrives: meanwhile something else may have been wanted.
-  QMetaObject::invokeMethod(
-      this,
-      [this, is_of_film, ticket, answer = std::move(answer)] {
-        const Ticket newest = Newest();
-        if (is_of_film ? newest.film == ticket.film : newest.frame == ticket.frame) answer(*this);
-      },
-      Qt::QueuedConnection);
+  emit Answered([this, is_of_film, ticket, answer = std::move(answer)] {
+    const Ticket newest = Newest();
+    if (is_of_film ? newest.film == ticket.film : newest.frame == ticket.frame) answer(*this);
+  });
 }
 
 }  // namespace captoria

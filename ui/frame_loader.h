@@ -36,10 +36,14 @@ class FrameLoader final : public QObject {
   void Close();
 
  signals:
-  // All on the thread of the loader's owner. Frames and duration, which is that of the pictures, are 0 when not known.
+  // These three on the thread of the loader's owner. Frames and duration, which is that of the pictures, are 0 when not
+  // known.
   void Opened(int width, int height, qint64 frames, qint64 duration_ms);
   void FrameReady(qint64 number, QImage image);
   void Failed(QString message);
+
+  // The worker's way to that thread; of nobody else's concern.
+  void Answered(std::function<void()> answer);
 
  private:
   // Counts of what was asked for. What is worked on has the counts of its time and is in vain when they have changed.

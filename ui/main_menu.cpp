@@ -99,6 +99,7 @@ void MainMenu::BuildSubtitles(QMenuBar* bar, const QList<QAction*>& style_action
 void MainMenu::BuildOutlineWidths(QMenu* menu, const QList<QAction*>& style_actions) {
   QMenu* widths = menu->addMenu(tr("Outline &width"));
   widths->setObjectName("mnuOutlineWidth");
+  auto* one_of_them = new QActionGroup(widths);
   for (int width = 0; width <= 4; ++width) {
     QAction* action = Find(style_actions, QStringLiteral("out%1").arg(width));
     if (action == nullptr) continue;
@@ -106,6 +107,8 @@ void MainMenu::BuildOutlineWidths(QMenu* menu, const QList<QAction*>& style_acti
     entry->setProperty("Index", width);
     entry->setCheckable(true);
     entry->setChecked(action->isChecked());
+    one_of_them->addAction(entry);
+    connect(action, &QAction::changed, widths, [widths, action] { widths->setEnabled(action->isEnabled()); });
     connect(action, &QAction::toggled, entry, &QAction::setChecked);
     connect(entry, &QAction::triggered, action, &QAction::trigger);
   }

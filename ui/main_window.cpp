@@ -43,15 +43,14 @@ QStringList FilesOf(const QMimeData* data) {
 Form1::Form1(Session& session, WindowView& view) : session_(session), view_(view) {
   setObjectName("Form1");
   setAcceptDrops(true);
-  setWindowIcon(QIcon(":/icons/captoria.svg"));
   state_ = new WindowState(session_, this);
   Build();
+  setWindowIcon(QIcon(":/icons/captoria.svg"));
   ConnectMenu();
   ConnectParts();
   view_.SetJobBar(jobs_);
   menu_->preview->setChecked(session_.settings.Preview);
   preview_->SetPreviewOn(session_.settings.Preview);
-  ShowTracks();
   ShowVideo();
   state_->Restore();
 }
@@ -165,7 +164,10 @@ void Form1::ConnectParts() {
   connect(style_, &StylePanel::StyleChanged, this, &Form1::ShowCue);
   connect(style_, &StylePanel::FontChanged, this, &Form1::CheckSafeAreaAgain);
   connect(preview_, &PreviewPane::Told, status_, &StatusLabels::Tell);
-  connect(system_, &QComboBox::activated, this, [this](int index) { ChooseVideoSystem(session_, index == 0); });
+  connect(system_, &QComboBox::activated, this, [this](int index) {
+    ChooseVideoSystem(session_, index == 0);
+    ShowSystem();
+  });
   connect(jobs_, &JobBar::Began, this, [this] { SetBusy(true); });
   connect(jobs_, &JobBar::Ended, this, [this] { SetBusy(false); });
 }
@@ -185,15 +187,22 @@ void Form1::ShowTracks() {
 }
 
 void Form1::ShowVideo() {
-  system_->setCurrentIndex(session_.video.format.VideoSystem == "PAL" ? 1 : 0);
   streams_->Clear();
   for (const StreamRow& row : session_.video.streams) {
     streams_->AddLine({ToQt(TextOf(row.type)), ToQt(row.text)});
   }
-  const auto bitmap = session_.Bitmap();
-  const int subtitle = bitmap ? (*bitmap)->Dib().Height() : 0;
-  style_->SetVerticalMaximum(session_.video.format.VideoHeight - subtitle);
   preview_->SetVideo();
+  ShowSystem();
+}
+
+void Form1::ShowSystem() {
+  system_->setCurrentIndex(session_.video.format.VideoSystem == "PAL" ? 1 : 0);
+  // Before there is a video or a subtitle, nothing is worth the time that finding all fonts takes.
+  if (!session_.video.AviPath.empty()) {
+    const auto bitmap = session_.Bitmap();
+    const int subtitle = bitmap ? (*bitmap)->Dib().Height() : 0;
+    style_->SetVerticalMaximum(session_.video.format.VideoHeight - subtitle);
+  }
   ShowTracks();
 }
 

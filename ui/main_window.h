@@ -50,6 +50,7 @@ class Form1 final : public QMainWindow {
 
   void ShowTracks();
   void ShowVideo();
+  void ShowSystem();
   void ShowCue();
   void ShowCounts();
   void ShowOnlyOutside(bool only);

@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: Captoria contributors
+# SPDX-License-Identifier: MIT
+#
+# scripts/screenshots.sh [FOLDER]: pictures of the window and its dialogs with the sample, for people to look at; into
+# docs/window by default. Needs no screen.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/setup.sh test
+scripts/build.sh release screenshots
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+build/bin/screenshots samples/harbour.avi "$work" 2>/dev/null
+mkdir -p "${1:-docs/window}"
+cp "$work"/*.png "${1:-docs/window}"
