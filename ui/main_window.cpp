@@ -121,6 +121,8 @@ void Form1::BuildStreams() {
   streams_dock_->setObjectName("AviInfoPanel");
   streams_dock_->setWidget(streams_);
   addDockWidget(Qt::BottomDockWidgetArea, streams_dock_);
+  constexpr int kHeight = 150;  // of a few streams; the user may drag it
+  resizeDocks({streams_dock_}, {kHeight}, Qt::Vertical);
   streams_dock_->hide();
 }
 

@@ -52,6 +52,8 @@ void TrackTabs::ShowTracks() {
   RebuildTabs();
   model_->Reset();
   RestoreSelection();
+  // Something is to be seen at once, without being selected.
+  list_->selectionModel()->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
   list_->setProperty("Index", session_.tracks.CurrentIndex());
 }
 
