@@ -10,7 +10,6 @@
 
 #include "app/batch_convert.h"
 #include "platform/program_folder.h"
-#include "ui/gui_prompts.h"
 #include "ui/main_window.h"
 #include "ui/window_prompts.h"
 #include "ui/window_view.h"
@@ -71,14 +70,11 @@ int Run(QApplication& application, const Options& options) {
   QApplication::setApplicationName("Captoria");
   QApplication::setApplicationVersion(CAPTORIA_VERSION);
   QApplication::setDesktopFileName("org.captoria.Captoria");
-  GuiPrompts prompts;
-  WindowPrompts first_prompts(nullptr);
-  prompts.SetShown(&first_prompts);
+  WindowPrompts prompts(nullptr);  // a damaged settings file is told before there is a window
   WindowView view;
   Session session(FindProgramFolders(options.data, ExecutableFolder(), ProcessEnvironment()), prompts, view);
   Form1 window(session, view);
-  WindowPrompts window_prompts(&window);
-  prompts.SetShown(&window_prompts);
+  prompts.SetParent(&window);
   window.show();
 
   const CommandLine line = ParseCommandLine(options.arguments);

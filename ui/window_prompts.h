@@ -17,6 +17,7 @@ class WindowPrompts final : public Prompts {
  public:
   // Without a parent, or when that is gone, dialogs stand alone. They stand over another dialog that is open.
   explicit WindowPrompts(QWidget* parent) : parent_(parent) {}
+  void SetParent(QWidget* parent) { parent_ = parent; }
 
   void ShowMessage(const std::string& title, const std::string& text) override;
   bool AskYesNo(const std::string& title, const std::string& question) override;
