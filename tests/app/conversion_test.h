@@ -15,6 +15,7 @@
 #include "app/session.h"
 #include "platform/files.h"
 #include "platform/mux_script.h"
+#include "platform/path_text.h"
 #include "tests/support/avi_maker.h"
 #include "tests/support/quiet_view.h"
 #include "tests/support/scripted_prompts.h"
@@ -82,6 +83,9 @@ class ConversionTest : public testing::Test {
                       const std::string& streams = avi_maker::VideoStream() + avi_maker::AudioStream()) const {
     return folder_.Put(name, avi_maker::Film(avi_maker::Content(), avi_maker::Headers(streams)));
   }
+
+  // A file of the temporary folder.
+  static std::string Temporary(const std::string& name) { return JoinPath("data/tmp", name); }
 
   // What is in the temporary folder.
   std::vector<std::string> Left() const { return ListFiles(folder_.File("data/tmp"), "*"); }

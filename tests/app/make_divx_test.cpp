@@ -102,7 +102,7 @@ TEST_F(MakeDivXTest, AToolThatFailsIsToldWithItsLastLinesAlsoWhereAnOldFilmStand
   ASSERT_TRUE(session_.Override("ReplaceDivX", "-1"));
   folder_.Put("movie.divx", "old");
   scripts_.run = [&](const std::string&) {
-    folder_.Put("data/tmp/divxmux.log", "divxmux: the disk is full\n");
+    folder_.Put(Temporary("divxmux.log"), "divxmux: the disk is full\n");
     return 1;
   };
   EXPECT_THAT(Make().error().message, EndsWith("movie.divx: was not made: a tool failed\ndivxmux: the disk is full"));
@@ -177,7 +177,7 @@ TEST_F(MakeDivXTest, TheListIsWrittenForTheMuxersFrameAndAForcedHeight) {
   ASSERT_TRUE(session_.Override("ForceVideoHeight", "400"));
   std::string list;
   scripts_.run = [&](const std::string& output) {
-    list = folder_.Get("data/tmp/linkerfile0.txt");
+    list = folder_.Get(Temporary("linkerfile0.txt"));
     folder_.Put("movie.divx", output);
     return 0;
   };

@@ -12,6 +12,7 @@
 
 #include "pipeline/tool_copies.h"
 #include "platform/files.h"
+#include "platform/path_text.h"
 #include "tests/support/test_folder.h"
 
 namespace captoria {
@@ -31,7 +32,7 @@ TEST(TempFolder, EachConversionHasOneOfItsOwn) {
     EXPECT_EQ(TempFolder::Open(data)->Path(), data + "/tmp-3");
   }
   EXPECT_EQ(TempFolder::Open(data)->Path(), data + "/tmp") << "it is free again";
-  const int log = open((data + "/tmp/divxmux.log").c_str(), O_CREAT | O_RDONLY, 0600);
+  const int log = open(JoinPath(data + "/tmp", TempFolder::kLogName).c_str(), O_CREAT | O_RDONLY, 0600);
   ASSERT_EQ(flock(log, LOCK_EX), 0);
   EXPECT_EQ(TempFolder::Open(data)->Path(), data + "/tmp-2") << "a script that nobody waits for is at work";
   close(log);

@@ -15,6 +15,7 @@
 
 #include "media/bmp_file.h"
 #include "media/list_parser.h"
+#include "platform/path_text.h"
 #include "tests/support/avi_maker.h"
 #include "tests/support/other_process.h"
 #include "tests/support/run_program.h"
@@ -62,6 +63,7 @@ class ConvertCommand : public testing::Test {
     return RunProgram("captoria-cli", arguments);
   }
 
+  std::string Temporary(const std::string& file) const { return JoinPath(folder_.File("data/tmp"), file); }
   Words Temporary() const { return ListFiles(folder_.File("data/tmp"), "*"); }
 
   Words Hashes(const std::string& path) const {
@@ -87,11 +89,11 @@ TEST_F(ConvertCommand, MakesAFilmThatForeignReadersUnderstand) {
               testing::UnorderedElementsAre("500,1500", "200,700", "1040,1960"));
 
   // FFmpeg lays the pictures of the second track over black; they are the bitmaps at their listed places.
-  const auto list = ReadConverterList(folder_.File("data/tmp/linkerfile1.txt"));
+  const auto list = ReadConverterList(Temporary("linkerfile1.txt"));
   ASSERT_TRUE(list) << list.error().message;
   ASSERT_EQ(list->cues.size(), 2u);
   for (const ListedCue& cue : list->cues) {
-    const auto bitmap = ReadBmp(folder_.File("data/tmp/" + cue.file));
+    const auto bitmap = ReadBmp(Temporary(cue.file));
     ASSERT_TRUE(bitmap);
     const std::string draw =
         "ffmpeg -nostdin -v error -y -canvas_size 720x576 -i '" + made +
