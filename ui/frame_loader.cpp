@@ -6,8 +6,8 @@
 #include <cmath>
 #include <utility>
 
-#include "media/avi_info.h"
 #include "media/frame_decoder.h"
+#include "pipeline/avi_inspection.h"
 #include "ui/picture_view.h"
 #include "ui/qt_text.h"
 
@@ -32,16 +32,9 @@ QString WhyNoFrame(const Error& error, const std::string& path, qint64 frames) {
 // How long the pictures last, in milliseconds. The film's own duration is that of its sound where that is longer, and
 // frames reckoned from it would drift away from the cues.
 qint64 DurationOf(const FrameDecoder& film, const std::string& path) {
-  const auto avi = AviFile::Open(path);
-  if (!avi) return film.Duration();
-  for (int i = 0; i < static_cast<int>(avi->Streams().size()); ++i) {
-    const AviStreamInfo stream = StreamInfoOf(*avi, i);
-    const bool is_video = stream.type == "vids" && !avi->Streams()[static_cast<std::size_t>(i)].IsXsub();
-    if (!is_video || stream.rate == 0 || stream.scale == 0) continue;
-    const double period = 1000.0 * stream.scale / stream.rate;
-    return std::llround(period * static_cast<double>(film.FrameCount()));
-  }
-  return film.Duration();
+  const auto video = GetAviStreamInfo(path, StreamKind::Video);
+  if (!video || !*video || (*video)->fps <= 0) return film.Duration();
+  return std::llround(1000.0 * static_cast<double>(film.FrameCount()) / static_cast<double>((*video)->fps));
 }
 
 }  // namespace

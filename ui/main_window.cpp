@@ -11,6 +11,7 @@
 #include <QScrollArea>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "app/open_video.h"
 #include "app/placement_commands.h"
@@ -175,6 +176,10 @@ void Form1::ConnectParts() {
 }
 
 void Form1::ShowTracks() {
+  if (jobs_->IsBusy()) {
+    tracks_changed_ = true;
+    return;
+  }
   const SubtitleTrack& track = session_.tracks.Current();
   pages_->setCurrentIndex(session_.video.AviPath.empty() && !track.HasFile() && session_.tracks.Count() == 1 ? 0 : 1);
   tracks_->ShowTracks();
@@ -189,6 +194,10 @@ void Form1::ShowTracks() {
 }
 
 void Form1::ShowVideo() {
+  if (jobs_->IsBusy()) {
+    video_changed_ = true;
+    return;
+  }
   streams_->Clear();
   for (const StreamRow& row : session_.video.streams) {
     streams_->AddLine({ToQt(TextOf(row.type)), ToQt(row.text)});
@@ -253,6 +262,13 @@ void Form1::SetBusy(bool busy) {
   menuBar()->setEnabled(!busy);
   streams_dock_->setEnabled(!busy);
   for (QToolBar* bar : findChildren<QToolBar*>()) bar->setEnabled(!busy);
+  if (busy) return;
+  const bool video = std::exchange(video_changed_, false), tracks = std::exchange(tracks_changed_, false);
+  if (video) {
+    ShowVideo();
+  } else if (tracks) {
+    ShowTracks();
+  }
 }
 
 void Form1::Welcome() {

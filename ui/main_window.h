@@ -73,6 +73,10 @@ class Form1 final : public QMainWindow {
   QStackedWidget* pages_;
   WindowCommands* commands_;
   WindowState* state_;
+
+  // What a job has changed: shown when it is over, for until then its thread may change it again.
+  bool video_changed_ = false;
+  bool tracks_changed_ = false;
 };
 
 }  // namespace captoria

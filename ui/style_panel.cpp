@@ -8,11 +8,11 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QSignalBlocker>
-
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "localisation/language_tables.h"
+#include "render/color.h"
 #include "ui/qt_text.h"
 
 namespace captoria {
@@ -23,13 +23,6 @@ constexpr int kFarthestBevel = 32767;     // that settings files may hold
 constexpr int kLeastDropDownWidth = 200;  // pixels
 constexpr int kLettersOfClosedList = 16;  // longer entries are cut so that the panel stays narrow
 constexpr int kSpacing = 6;
-
-std::uint32_t Packed(Color color) { return color.red + 256U * color.green + 65536U * color.blue; }
-
-Color Unpacked(std::uint32_t packed) {
-  const auto byte = [packed](int shift) { return static_cast<std::uint8_t>(packed >> shift & 0xFFU); };
-  return {.red = byte(0), .green = byte(8), .blue = byte(16)};
-}
 
 QLabel* LabelFor(QWidget* field, const char* name, const QString& caption) {
   auto* label = new QLabel(caption, field->parentWidget());
@@ -212,9 +205,9 @@ void StylePanel::ChooseFont() {
 void StylePanel::ChooseColor(int palette_entry) {
   const StyleColor& asked = kStyleColors.at(static_cast<std::size_t>(palette_entry - 1));
   Color& color = Style().*asked.color;
-  const auto chosen = session_.prompts.AskColor(FromQt(tr(asked.title)), Packed(color));
+  const auto chosen = session_.prompts.AskColor(FromQt(tr(asked.title)), static_cast<std::uint32_t>(ValueOf(color)));
   if (!chosen) return;
-  color = Unpacked(*chosen);
+  color = SplitColour(static_cast<ColorValue>(*chosen));
   LoadCorrectValues();
   emit StyleChanged();
 }

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace captoria {
 
@@ -41,7 +42,10 @@ TrackTabs::TrackTabs(Session& session, QWidget* parent)
 
   connect(tabs_, &QTabBar::currentChanged, this, &TrackTabs::ChooseTab);
   connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TrackTabs::TakeSelection);
-  connect(list_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &TrackTabs::CueChosen);
+  connect(list_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
+    if (const SubtitleCue* cue = CurrentCue()) current_number_ = cue->Number;
+    emit CueChosen();
+  });
   connect(list_, &QTreeView::customContextMenuRequested, this, [this](const QPoint& at) {
     if (list_->indexAt(at).isValid()) emit MenuWanted(list_->viewport()->mapToGlobal(at));
   });
@@ -52,9 +56,21 @@ void TrackTabs::ShowTracks() {
   RebuildTabs();
   model_->Reset();
   RestoreSelection();
-  // Something is to be seen at once, without being selected.
-  list_->selectionModel()->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
+  RestoreCurrent();
   list_->setProperty("Index", session_.tracks.CurrentIndex());
+}
+
+// The cue that was looked at stays in sight when its track is shown anew. Of another track it is the first, so that
+// something is to be seen at once, without being selected.
+void TrackTabs::RestoreCurrent() {
+  int row = 0;
+  const std::pair track{session_.tracks.CurrentIndex(), session_.tracks.Current().path};
+  if (std::exchange(shown_, track) == track) {
+    for (int i = 0; i < model_->rowCount(); ++i) {
+      if (model_->CueAt(i)->Number == current_number_) row = i;
+    }
+  }
+  list_->selectionModel()->setCurrentIndex(model_->index(row, 0), QItemSelectionModel::NoUpdate);
 }
 
 SubtitleCue* TrackTabs::CurrentCue() const { return model_->CueAt(list_->currentIndex().row()); }
@@ -78,7 +94,6 @@ void TrackTabs::ChooseTab(int index) {
   } else {
     session_.SelectLastTab();
   }
-  ShowTracks();
   emit TrackChosen();
 }
 
@@ -88,8 +103,9 @@ void TrackTabs::RestoreSelection() {
   QItemSelection selection;
   for (int row = 0; row < model_->rowCount(); ++row) {
     if (!model_->CueAt(row)->Selected) continue;
-    const QModelIndex first = model_->index(row, 0), last = model_->index(row, CueModel::kColumns - 1);
-    selection.merge({first, last}, QItemSelectionModel::Select);
+    const int first = row;
+    while (row + 1 < model_->rowCount() && model_->CueAt(row + 1)->Selected) ++row;
+    selection.append({model_->index(first, 0), model_->index(row, CueModel::kColumns - 1)});
   }
   list_->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
 }

@@ -33,7 +33,7 @@ class TrackTabs final : public QWidget {
   QTreeView* List() const { return list_; }
 
  signals:
-  void TrackChosen();
+  void TrackChosen();  // another one is current now, and has to be shown
   void CueChosen();
   void SelectionChanged();
   void MenuWanted(const QPoint& global);
@@ -42,12 +42,15 @@ class TrackTabs final : public QWidget {
   void ChooseTab(int index);
   void TakeSelection();
   void RestoreSelection();
+  void RestoreCurrent();
   void RebuildTabs();
 
   Session& session_;
   QTabBar* tabs_;
   QTreeView* list_;
   CueModel* model_;
+  std::pair<int, std::string> shown_;  // the track, and its file
+  std::string current_number_;         // of the cue that was current last
 };
 
 }  // namespace captoria

@@ -38,7 +38,6 @@ WindowCommands::WindowCommands(Session& session, JobBar& jobs, QWidget* window)
 void WindowCommands::OpenVideo(const QString& path) {
   std::string opened = PathOf(path);
   const auto result = OpenAnAviFile(session_, opened, {});
-  session_.view.ShowTracks();
   if (result) emit VideoOpened(ToQtPath(opened));
 }
 
@@ -51,8 +50,9 @@ void WindowCommands::OpenSubtitle(const QString& path) {
     file = *chosen;
   }
   const auto loaded = OpenSubtitleFile(session_, file, {});
-  if (!loaded) session_.prompts.ShowMessage(kProgramTitle, loaded.error().message);
-  session_.view.ShowTracks();
+  if (loaded) return;
+  session_.prompts.ShowMessage(kProgramTitle, loaded.error().message);
+  session_.view.ShowTracks();  // a new track may have been made for it
 }
 
 void WindowCommands::OpenFiles(const QStringList& paths) {
@@ -85,9 +85,9 @@ void WindowCommands::BatchConvert() {
   dialog.exec();
   if (!dialog.Confirmed()) return;
   const std::vector<std::string> files = dialog.Files();
+  CloseSubtitles();  // here, so that the list shows nothing of what the job's thread loads and closes
   ConvertReport report;
   jobs_.Run([&] { report = ConvertVideos(session_, outside_, files, {}); });
-  session_.view.ShowTracks();
   session_.prompts.ShowMessage(std::string{"Batch results - "} + kProgramTitle, BatchResult(report.text));
 }
 

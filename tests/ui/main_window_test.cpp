@@ -108,6 +108,11 @@ TEST_F(MainWindow, OpeningAVideoShowsItsSubtitlesCountsAndStreams) {
   EXPECT_EQ(Status("lblStatus3"), "2 subtitle(s) selected");
   Choose("mnuRightAl");
   EXPECT_EQ(session_->tracks.Current().cues.front().Tag, "|r");
+  list->setCurrentIndex(list->model()->index(1, 0));
+  Choose("mnuFitFont");
+  EXPECT_EQ(list->currentIndex().row(), 1) << "the cue that is looked at stays";
+  Choose("mnuFitFont");
+  list->selectAll();
   Choose("mnuOnlyOut");
   EXPECT_EQ(list->model()->rowCount(), 1);
   Choose("mnuOnlyOut");
@@ -164,6 +169,14 @@ TEST_F(MainWindow, CancelLeavesNothingAndTheWindowGoesOn) {
   EXPECT_FALSE(FileExists(folder_.File("film.divx")));
   EXPECT_THAT(ListFiles(folder_.File("data/tmp"), "*"), IsEmpty());
   EXPECT_TRUE(Part<QTreeView>("ListView1")->isEnabled());
+}
+
+TEST_F(MainWindow, TheUnattendedRunIsShownWhenItIsOver) {
+  EXPECT_TRUE(window_->Commands().RunUnattended(QString::fromStdString(film_)));
+  EXPECT_FALSE(folder_.Get("film.divx").empty());
+  EXPECT_THAT(prompts_.TakeMessages(), IsEmpty());
+  EXPECT_EQ(Part<Info>("Info1")->LineCount(), 2);
+  EXPECT_EQ(Part<QTreeView>("ListView1")->model()->rowCount(), 2);
 }
 
 TEST_F(MainWindow, StartsAgainAsItWasClosed) {
