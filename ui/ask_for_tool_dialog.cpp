@@ -4,7 +4,6 @@
 #include "ui/ask_for_tool_dialog.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -102,13 +101,12 @@ void AskForToolDialog::setVisible(bool visible) {
 
 void AskForToolDialog::Browse() {
   const std::string name = FileNameOf(tool_);
-  const auto chosen = session_.prompts.AskFileToOpen(FromQt(windowTitle()), {{name, name}},
-                                                     QFile::encodeName(path_->text()).toStdString());
-  if (chosen) path_->setText(QFile::decodeName(QByteArray::fromStdString(*chosen)));
+  const auto chosen = session_.prompts.AskFileToOpen(FromQt(windowTitle()), {{name, name}}, PathFromQt(path_->text()));
+  if (chosen) path_->setText(PathToQt(*chosen));
 }
 
 void AskForToolDialog::accept() {
-  const auto refused = AcceptToolPath(session_, tool_, QFile::encodeName(path_->text()).toStdString());
+  const auto refused = AcceptToolPath(session_, tool_, PathFromQt(path_->text()));
   if (!refused) return QDialog::accept();
   session_.prompts.ShowMessage(kProgramTitle, *refused);
   path_->setFocus();

@@ -4,7 +4,6 @@
 #include "ui/batch_dialog.h"
 
 #include <QDragEnterEvent>
-#include <QFile>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -107,7 +106,7 @@ void frmBatch::ShowFiles() {
   const auto& files = files_.Files();
   const auto shown = static_cast<std::size_t>(list_->count());
   for (std::size_t i = shown; i < files.size(); ++i) {
-    const QString path = QFile::decodeName(QByteArray::fromStdString(files[i]));
+    const QString path = PathToQt(files[i]);
     auto* line = new QListWidgetItem(path, list_);
     line->setToolTip(path);
   }
@@ -130,7 +129,7 @@ void frmBatch::dragEnterEvent(QDragEnterEvent* event) {
 
 void frmBatch::dropEvent(QDropEvent* event) {
   for (const QUrl& url : event->mimeData()->urls()) {
-    if (url.isLocalFile()) files_.AddDropped(QFile::encodeName(url.toLocalFile()).toStdString());
+    if (url.isLocalFile()) files_.AddDropped(PathFromQt(url.toLocalFile()));
   }
   ShowFiles();
   event->acceptProposedAction();

@@ -3,7 +3,6 @@
 
 // Captoria: the window. With "/AUTO" and a path it converts that video and closes.
 #include <QApplication>
-#include <QFile>
 #include <QTimer>
 #include <cstdio>
 #include <string>
@@ -11,6 +10,7 @@
 #include "app/batch_convert.h"
 #include "platform/program_folder.h"
 #include "ui/main_window.h"
+#include "ui/qt_text.h"
 #include "ui/window_prompts.h"
 #include "ui/window_view.h"
 
@@ -57,7 +57,7 @@ Options Parse(const std::vector<std::string>& words) {
       }
       options.data = words[i];
     } else if (word == "--open") {
-      for (++i; i < words.size(); ++i) options.files.append(QFile::decodeName(words[i].c_str()));
+      for (++i; i < words.size(); ++i) options.files.append(PathToQt(words[i]));
     } else {
       break;
     }
@@ -81,7 +81,7 @@ int Run(QApplication& application, const Options& options) {
   int status = 0;
   QTimer::singleShot(0, &window, [&] {
     if (line.unattended) {
-      status = window.Commands().RunUnattended(QFile::decodeName(line.path.c_str())) ? 0 : 1;
+      status = window.Commands().RunUnattended(PathToQt(line.path)) ? 0 : 1;
       window.close();
       return;
     }

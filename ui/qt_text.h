@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Our texts are UTF-8, Qt's are UTF-16.
+// Our texts are UTF-8, Qt's are UTF-16. Paths are bytes, in the encoding that the system's names have.
 #pragma once
 
+#include <QFile>
 #include <QString>
 #include <string>
 #include <string_view>
@@ -16,5 +17,9 @@ inline QString ToQt(std::string_view text) {
 }
 
 inline std::string FromQt(const QString& text) { return text.toStdString(); }
+
+inline QString PathToQt(const std::string& path) { return QFile::decodeName(QByteArray::fromStdString(path)); }
+
+inline std::string PathFromQt(const QString& path) { return QFile::encodeName(path).toStdString(); }
 
 }  // namespace captoria

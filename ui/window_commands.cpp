@@ -3,8 +3,6 @@
 
 #include "ui/window_commands.h"
 
-#include <QFile>
-
 #include "app/batch_convert.h"
 #include "app/load_subtitle.h"
 #include "app/open_video.h"
@@ -17,10 +15,6 @@
 
 namespace captoria {
 namespace {
-
-// Paths keep their bytes.
-std::string PathOf(const QString& path) { return QFile::encodeName(path).toStdString(); }
-QString ToQtPath(const std::string& path) { return QFile::decodeName(QByteArray::fromStdString(path)); }
 
 bool IsVideo(const QString& path) {
   return path.endsWith(".avi", Qt::CaseInsensitive) || path.endsWith(".divx", Qt::CaseInsensitive);
@@ -36,13 +30,13 @@ WindowCommands::WindowCommands(Session& session, JobBar& jobs, QWidget* window)
       scripts_(session.folders.executable, ProcessEnvironment()) {}
 
 void WindowCommands::OpenVideo(const QString& path) {
-  std::string opened = PathOf(path);
+  std::string opened = PathFromQt(path);
   const auto result = OpenAnAviFile(session_, opened, {});
-  if (result) emit VideoOpened(ToQtPath(opened));
+  if (result) emit VideoOpened(PathToQt(opened));
 }
 
 void WindowCommands::OpenSubtitle(const QString& path) {
-  std::string file = PathOf(path);
+  std::string file = PathFromQt(path);
   if (file.empty()) {
     const auto chosen =
         session_.prompts.AskFileToOpen(kProgramTitle, {{"*.srt;*.idx", "*.srt;*.idx"}}, session_.current_file);
@@ -61,7 +55,7 @@ void WindowCommands::OpenFiles(const QStringList& paths) {
     if (IsVideo(path)) OpenVideo(path);
   }
   for (const QString& path : paths) {
-    if (IsVideo(path) || !FileExists(PathOf(path))) continue;
+    if (IsVideo(path) || !FileExists(PathFromQt(path))) continue;
     if (session_.tracks.Current().HasFile() && paths.size() > 1) session_.SelectLastTab();
     OpenSubtitle(path);
   }
@@ -97,7 +91,7 @@ void WindowCommands::ShowAbout() {
 
 bool WindowCommands::RunUnattended(const QString& path) {
   Result<MadeDivX> made;
-  jobs_.Run([&] { made = captoria::RunUnattended(session_, outside_, PathOf(path)); });
+  jobs_.Run([&] { made = captoria::RunUnattended(session_, outside_, PathFromQt(path)); });
   return made.has_value();
 }
 

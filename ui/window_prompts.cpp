@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QColorDialog>
-#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
@@ -47,7 +46,7 @@ QStringList NameFilters(const std::vector<FileFilter>& filters) {
 class FileQuestion {
  public:
   FileQuestion(QWidget* parent, const std::string& title, const std::string& start) : dialog_(parent, ToQt(title)) {
-    const QString path = QFile::decodeName(QByteArray::fromStdString(start));
+    const QString path = PathToQt(start);
     if (path.isEmpty()) return;
     const QFileInfo info(path);
     if (info.isDir()) {
@@ -63,7 +62,7 @@ class FileQuestion {
   std::vector<std::string> Answer() {
     std::vector<std::string> paths;
     if (dialog_.exec() != QDialog::Accepted) return paths;
-    for (const QString& path : dialog_.selectedFiles()) paths.push_back(QFile::encodeName(path).toStdString());
+    for (const QString& path : dialog_.selectedFiles()) paths.push_back(PathFromQt(path));
     return paths;
   }
 
