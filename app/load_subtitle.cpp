@@ -43,7 +43,7 @@ void FindVideo(Session& session, const std::string& file, const LoadOptions& opt
     (void)OpenAnAviFile(session, path, {.ignore_auto_srt = true, .is_batch = options.is_batch});
   };
   const Settings& settings = session.settings;
-  if (settings.LoadAviAuto) open_in(file == GetFileNameOnly(file) ? "./" : std::string{GetPathOnly(file)} + "/");
+  if (settings.LoadAviAuto) open_in(FolderOf(file));
   const std::string folder{Trim(settings.LoadAviAutoFolderText)};
   if (settings.LoadAviAutoFolder && !folder.empty() && FolderExists(folder)) open_in(folder);
 }

@@ -4,7 +4,6 @@
 #include "app/make_divx.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
 #include <thread>
 #include <utility>
@@ -17,6 +16,7 @@
 #include "pipeline/tool_copies.h"
 #include "platform/file_stamp.h"
 #include "platform/files.h"
+#include "platform/utf8.h"
 
 namespace captoria {
 namespace {
@@ -140,11 +140,7 @@ class Conversion {
   void WarnOfMissing(const FontReport& report) {
     if (report.missing.empty()) return;
     std::string text = script_.avi_path + ": no installed font has";
-    for (const char32_t character : report.missing) {
-      char name[16];
-      std::snprintf(name, sizeof name, " U+%04X", static_cast<unsigned>(character));
-      text += name;
-    }
+    for (const char32_t character : report.missing) text += " " + CodePointName(character);
     session_.view.Warn(text);
   }
 

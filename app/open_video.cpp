@@ -50,8 +50,7 @@ void LoadSubtitles(Session& session, bool is_batch) {
   const Settings& settings = session.settings;
   if (settings.UnLoadSrt) session.tracks.UnloadAllSrts();
   const std::string& video = session.video.AviPath;
-  const bool is_name = video == GetFileNameOnly(video);
-  if (settings.LoadSrtAuto) LoadSubtitlesOf(session, is_name ? "./" : std::string{GetPathOnly(video)} + "/", is_batch);
+  if (settings.LoadSrtAuto) LoadSubtitlesOf(session, FolderOf(video), is_batch);
   const std::string folder{Trim(settings.LoadSrtAutoFolderText)};
   if (settings.LoadSrtAutoFolder && !folder.empty() && FolderExists(folder)) {
     LoadSubtitlesOf(session, folder, is_batch);
@@ -66,7 +65,7 @@ Result<void> OpenAnAviFile(Session& session, std::string& path, const OpenVideoO
   }
   if (path.empty()) {
     const auto chosen =
-        session.prompts.AskFileToOpen(kProgramTitle, {{"*.avi;*.divx", "*.avi;*.divx"}}, session.video.AviPath);
+        session.prompts.AskFileToOpen(kProgramTitle, {{kVideoPatterns, kVideoPatterns}}, session.video.AviPath);
     if (!chosen) return Failure(ErrorKind::Cancelled, "no video was chosen");
     path = *chosen;
   }

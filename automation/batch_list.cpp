@@ -6,17 +6,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "pipeline/avi_inspection.h"
 #include "platform/ascii.h"
 #include "platform/files.h"
 #include "platform/path_text.h"
 
 namespace captoria {
 namespace {
-
-bool IsVideo(std::string_view path) {
-  const std::string name = LowerAscii(path);
-  return name.ends_with(".avi") || name.ends_with(".divx");
-}
 
 std::vector<std::string> VideosOf(const std::string& folder) {
   std::vector<std::string> paths = ListFiles(folder, "*.avi");
@@ -39,7 +35,7 @@ void BatchList::AddFolder(const std::string& folder) {
 void BatchList::AddDropped(const std::string& path) {
   if (FolderExists(path)) {
     for (const std::string& video : VideosOf(path)) AddFile(video);
-  } else if (IsVideo(path)) {
+  } else if (IsVideoName(path)) {
     AddFile(path);
   }
 }

@@ -11,9 +11,6 @@
 
 namespace captoria {
 
-// What a file dialog for videos offers.
-inline constexpr const char* kVideoPatterns = "*.avi;*.divx";
-
 class BatchList {
  public:
   const std::vector<std::string>& Files() const { return files_; }

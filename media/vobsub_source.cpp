@@ -43,9 +43,7 @@ struct TimedSpu {
 std::string SubPath(const std::string& idx_path) {
   constexpr std::string_view kEnding = ".idx";
   std::string stem = idx_path;
-  if (stem.size() >= kEnding.size() && EqualsIgnoringCase(stem.substr(stem.size() - kEnding.size()), kEnding)) {
-    stem.resize(stem.size() - kEnding.size());
-  }
+  if (EndsIgnoringCase(stem, kEnding)) stem.resize(stem.size() - kEnding.size());
   for (const char* ending : {".sub", ".SUB", ".Sub"}) {
     if (FileExists(stem + ending)) return stem + ending;
   }

@@ -50,6 +50,8 @@ StreamRow RowOf(const AviFileInfo& file, const AviStreamInfo& stream) {
 
 }  // namespace
 
+bool IsVideoName(std::string_view name) { return EndsIgnoringCase(name, ".avi") || EndsIgnoringCase(name, ".divx"); }
+
 std::string_view TextOf(StreamType type) {
   switch (type) {
     case StreamType::Video:

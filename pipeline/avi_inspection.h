@@ -30,6 +30,10 @@ struct StreamRow {
 
 using StreamTable = std::vector<StreamRow>;
 
+// What a dialog for videos offers, and whether a name is one of those, in whatever case.
+inline constexpr const char* kVideoPatterns = "*.avi;*.divx";
+bool IsVideoName(std::string_view name);
+
 // Subtitles are placed on a frame of a television system, whatever the size of the video.
 struct VideoFormat {
   std::string VideoSystem = "NTSC";  // or "PAL"

@@ -15,13 +15,8 @@ namespace captoria {
 namespace {
 
 constexpr const char* kLineEnd = "\r\n";
-constexpr std::string_view kExtension = ".divx";
+constexpr const char* kExtension = ".divx";
 constexpr std::size_t kLongestName = 255;  // bytes, on the file systems of our time
-
-bool EndsInDivx(std::string_view path) {
-  return path.size() >= kExtension.size() &&
-         EqualsIgnoringCase(path.substr(path.size() - kExtension.size()), kExtension);
-}
 
 std::string Quoted(const std::string& path) { return "\"" + path + "\""; }
 
@@ -73,7 +68,7 @@ std::string OutputPath(const std::string& avi_path, bool replace) {
   const std::string_view name = GetFileNameOnly(avi_path);
   std::string base = avi_path.substr(0, avi_path.size() - name.size()).append(RemoveExt(name));
   const auto path = [&] { return base + std::string{kExtension}; };
-  if (replace) return EndsInDivx(avi_path) ? path() + std::string{kExtension} : path();
+  if (replace) return EndsIgnoringCase(avi_path, kExtension) ? path() + std::string{kExtension} : path();
   while (FileExists(path()) || FolderExists(path())) base += "_";
   return path();
 }

@@ -28,10 +28,8 @@ Result<TempFolder> TempFolder::Open(const std::string& program_folder) {
 std::string TempFolder::File(std::string_view name) const { return JoinPath(path_, name); }
 
 void TempFolder::Clean(const CleanUp& wanted) const {
-  constexpr std::string_view kBitmap = ".bmp";
   for (const std::string& name : ListFiles(path_, "*")) {
-    const bool is_bitmap = name.size() >= kBitmap.size() &&
-                           EqualsIgnoringCase(std::string_view{name}.substr(name.size() - kBitmap.size()), kBitmap);
+    const bool is_bitmap = EndsIgnoringCase(name, ".bmp");
     std::error_code none;
     if (wanted.everything || (is_bitmap ? wanted.bitmaps : wanted.others)) std::filesystem::remove(File(name), none);
   }

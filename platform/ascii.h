@@ -19,6 +19,10 @@ constexpr bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
   return std::ranges::equal(a, b, {}, LowerAscii, LowerAscii);
 }
 
+constexpr bool EndsIgnoringCase(std::string_view text, std::string_view ending) {
+  return text.size() >= ending.size() && EqualsIgnoringCase(text.substr(text.size() - ending.size()), ending);
+}
+
 inline std::string LowerAscii(std::string_view text) {
   std::string lower{text};
   std::ranges::transform(lower, lower.begin(), [](char c) { return LowerAscii(c); });

@@ -21,6 +21,11 @@ std::string_view GetFileNameOnly(std::string_view path) {
 
 std::string_view GetPathOnly(std::string_view path) { return path.substr(0, path.rfind(PathSeparator(path))); }
 
+std::string FolderOf(std::string_view path) {
+  if (GetFileNameOnly(path) == path) return "./";
+  return std::string{GetPathOnly(path)} + PathSeparator(path);
+}
+
 std::string_view RemoveExt(std::string_view name) { return name.substr(0, name.rfind('.')); }
 
 std::string JoinPath(std::string_view folder, std::string_view name) {

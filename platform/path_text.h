@@ -21,6 +21,9 @@ std::string_view GetFileNameOnly(std::string_view path);
 // The text before the last separator, without it; the whole text when there is none.
 std::string_view GetPathOnly(std::string_view path);
 
+// The folder a path's file is in, ending in a separator: "./" for a bare name.
+std::string FolderOf(std::string_view path);
+
 // The text before the last "."; the whole text when there is none. Give it a name, not a path with dotted folders.
 std::string_view RemoveExt(std::string_view name);
 

@@ -3,7 +3,9 @@
 
 #include "platform/utf8.h"
 
+#include <array>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 
 namespace captoria {
@@ -58,6 +60,12 @@ std::size_t EndOfAscii(std::string_view text, std::size_t from) {
   }
   while (from < text.size() && static_cast<unsigned char>(text[from]) < 0x80) ++from;
   return from;
+}
+
+std::string CodePointName(char32_t character) {
+  std::array<char, 16> name{};
+  std::snprintf(name.data(), name.size(), "U+%04X", static_cast<unsigned>(character));
+  return name.data();
 }
 
 Utf8Census TakeUtf8Census(std::string_view text) {

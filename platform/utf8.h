@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace captoria {
@@ -19,6 +20,9 @@ std::size_t Utf8CharacterLength(std::string_view text, std::size_t at);
 // The first place from `from` on that holds no ASCII character, or the end: how far plain text can be skipped, eight
 // bytes a step.
 std::size_t EndOfAscii(std::string_view text, std::size_t from);
+
+// A character's customary name, "U+00E9".
+std::string CodePointName(char32_t character);
 
 // What a whole text holds.
 struct Utf8Census {

@@ -3,7 +3,6 @@
 
 #include "subtitles/subtitle_file.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "platform/ascii.h"
@@ -60,8 +59,6 @@ Result<SubtitleFile> ReadSubtitleFile(const std::string& path, const EncodingCho
   return SubtitleFile{decoded->encoding, decoded->undecodable, ReadSrt(decoded->text)};
 }
 
-bool IsIdxFile(std::string_view path) {
-  return EqualsIgnoringCase(path.substr(path.size() - std::min<std::size_t>(path.size(), 4)), ".idx");
-}
+bool IsIdxFile(std::string_view path) { return EndsIgnoringCase(path, ".idx"); }
 
 }  // namespace captoria

@@ -46,8 +46,7 @@ class UntilInterrupted final : public JobProgress {
 
 std::string_view WithoutExe(std::string_view name) {
   constexpr std::string_view kExe = ".exe";
-  const bool has = name.size() > kExe.size() && EqualsIgnoringCase(name.substr(name.size() - kExe.size()), kExe);
-  return has ? name.substr(0, name.size() - kExe.size()) : name;
+  return EndsIgnoringCase(name, kExe) ? name.substr(0, name.size() - kExe.size()) : name;
 }
 
 // The file of `folder` that `name` means. One spelled alike goes before one in another case, and that before one with

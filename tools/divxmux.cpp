@@ -85,15 +85,10 @@ Result<MuxStream> SourceStream(const AviFile& film, const DivxMuxStream& wanted)
   return Failure(ErrorKind::NotFound, path + ": holds no " + kind + " stream #" + std::to_string(wanted.number));
 }
 
-bool EndsIn(const std::string& path, std::string_view extension) {
-  return path.size() > extension.size() &&
-         EqualsIgnoringCase(std::string_view{path}.substr(path.size() - extension.size()), extension);
-}
-
 Result<std::shared_ptr<SubtitleSource>> OpenSubtitle(const std::string& path, std::vector<std::string>& warnings) {
-  if (EndsIn(path, ".xsub")) return OpenXsubFile(path);
-  if (EndsIn(path, ".txt")) return OpenMuxList(path, &warnings);
-  if (EndsIn(path, ".idx")) return OpenVobSub(path, &warnings);
+  if (EndsIgnoringCase(path, ".xsub")) return OpenXsubFile(path);
+  if (EndsIgnoringCase(path, ".txt")) return OpenMuxList(path, &warnings);
+  if (EndsIgnoringCase(path, ".idx")) return OpenVobSub(path, &warnings);
   return Failure(ErrorKind::Unsupported, path + ": is none of .xsub, .txt and .idx, so its form is not known");
 }
 

@@ -15,6 +15,7 @@
 #include "app/session.h"
 #include "platform/files.h"
 #include "platform/path_text.h"
+#include "platform/utf8.h"
 #include "render/cue_batch.h"
 #include "tools/cli_session.h"
 #include "tools/terminal_progress.h"
@@ -34,12 +35,6 @@ struct RenderOptions {
   bool json = false;
 };
 
-std::string CharacterName(char32_t character) {
-  char name[16];
-  std::snprintf(name, sizeof name, "U+%04X", static_cast<unsigned>(character));
-  return name;
-}
-
 // What was drawn, for programs.
 bool ListAsJson(const RenderOptions& options, const CueBatch& batch, const RenderedBatch& rendered) {
   Json bitmaps = Json::array();
@@ -50,7 +45,7 @@ bool ListAsJson(const RenderOptions& options, const CueBatch& batch, const Rende
                        {"height", rendered.sizes[i].height}});
   }
   Json missing = Json::array();
-  for (const char32_t character : rendered.fonts.missing) missing.push_back(CharacterName(character));
+  for (const char32_t character : rendered.fonts.missing) missing.push_back(CodePointName(character));
   const Json all{{"file", options.file}, {"bitmaps", bitmaps}, {"fonts", rendered.fonts.fonts}, {"missing", missing}};
   return Print(all.dump(1, ' ', false, Json::error_handler_t::replace) + "\n");
 }
@@ -65,7 +60,7 @@ bool ListAsText(const RenderOptions& options, const RenderedBatch& rendered) {
   }
   if (!rendered.fonts.missing.empty()) {
     text += "no installed font has";
-    for (const char32_t character : rendered.fonts.missing) text += " " + CharacterName(character);
+    for (const char32_t character : rendered.fonts.missing) text += " " + CodePointName(character);
     text += "\n";
   }
   return Print(text);

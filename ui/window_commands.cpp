@@ -7,21 +7,13 @@
 #include "app/load_subtitle.h"
 #include "app/open_video.h"
 #include "automation/batch_conversion.h"
-#include "platform/ascii.h"
+#include "pipeline/avi_inspection.h"
 #include "platform/files.h"
 #include "ui/about_dialog.h"
 #include "ui/batch_dialog.h"
 #include "ui/qt_text.h"
 
 namespace captoria {
-namespace {
-
-bool IsVideo(const QString& path) {
-  return path.endsWith(".avi", Qt::CaseInsensitive) || path.endsWith(".divx", Qt::CaseInsensitive);
-}
-
-}  // namespace
-
 WindowCommands::WindowCommands(Session& session, JobBar& jobs, QWidget* window)
     : QObject(window),
       session_(session),
@@ -52,10 +44,10 @@ void WindowCommands::OpenSubtitle(const QString& path) {
 void WindowCommands::OpenFiles(const QStringList& paths) {
   // The video first: it may close all tracks.
   for (const QString& path : paths) {
-    if (IsVideo(path)) OpenVideo(path);
+    if (IsVideoName(PathFromQt(path))) OpenVideo(path);
   }
   for (const QString& path : paths) {
-    if (IsVideo(path) || !FileExists(PathFromQt(path))) continue;
+    if (IsVideoName(PathFromQt(path)) || !FileExists(PathFromQt(path))) continue;
     if (session_.tracks.Current().HasFile() && paths.size() > 1) session_.SelectLastTab();
     OpenSubtitle(path);
   }
