@@ -25,16 +25,21 @@ std::optional<std::string> AcceptToolPath(Session& session, Tool tool, const std
   return std::nullopt;
 }
 
-std::optional<std::string> ToolPath(Session& session, Tool tool) {
+std::optional<std::string> AskForToolFile(Session& session, Tool tool) {
   const std::string name = FileNameOf(tool);
-  while (!FileExists(StoredPath(session, tool))) {
+  while (true) {
     const auto path = session.prompts.AskFileToOpen("File " + name + " not found. Please, set the path for this file",
                                                     {{name, name}}, StoredPath(session, tool));
     if (!path) return std::nullopt;
     const auto refused = AcceptToolPath(session, tool, *path);
-    if (refused) session.prompts.ShowMessage(kProgramTitle, *refused);
+    if (!refused) return StoredPath(session, tool);
+    session.prompts.ShowMessage(kProgramTitle, *refused);
   }
-  return StoredPath(session, tool);
+}
+
+std::optional<std::string> ToolPath(Session& session, Tool tool, const AskForTool& ask) {
+  const std::string& stored = StoredPath(session, tool);
+  return FileExists(stored) ? stored : ask(session, tool);
 }
 
 }  // namespace captoria

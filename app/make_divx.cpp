@@ -8,7 +8,6 @@
 #include <thread>
 #include <utility>
 
-#include "app/locate_tool.h"
 #include "pipeline/bitmap_job.h"
 #include "pipeline/mux_script_text.h"
 #include "pipeline/script_log.h"
@@ -106,7 +105,7 @@ class Conversion {
   }
 
   Result<void> CopyTools() {
-    const auto locate = [this](Tool tool) { return ToolPath(session_, tool); };
+    const auto locate = [this](Tool tool) { return ToolPath(session_, tool, outside_.ask_for_tool); };
     const std::vector<std::string> folders{session_.folders.data, session_.folders.executable};
     if (auto copied = CopyTool(Tool::DivXMux, temp_, folders, locate); !copied) return copied;
     // Without a use for it, the converter is copied where it lies at hand and not asked for.

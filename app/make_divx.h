@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "app/locate_tool.h"
 #include "app/session.h"
 #include "platform/document_opener.h"
 #include "platform/result.h"
@@ -17,6 +18,7 @@ namespace captoria {
 struct Outside {
   ScriptRunner& scripts;
   DocumentOpener& documents;
+  AskForTool ask_for_tool = AskForToolFile;
 };
 
 struct MakeOptions {

@@ -58,7 +58,7 @@ Result<std::shared_ptr<FontCollection>> Session::Fonts() {
 }
 
 Result<SubtitleBitmap*> Session::Bitmap() {
-  if (!bitmap_) {
+  if (!bitmap_ || bitmap_->Frame() != Frame()) {
     const auto fonts = Fonts();
     if (!fonts) return tl::unexpected(fonts.error());
     bitmap_.emplace(*fonts, Frame());

@@ -51,7 +51,8 @@ class Session {
   // Selects the tab "<New>" or, with eight tracks, the last one.
   void SelectLastTab();
 
-  // The fonts of this machine, and the bitmap that cues are measured against. Both are made when first asked for: a
+  // The fonts of this machine, and the bitmap that cues are measured against, in the frame of the settings as they are
+  // now; it is good until the next call. Both are made when first asked for: a
   // session that only reads needs neither, and finding all fonts takes longer than reading a hundred thousand cues.
   Result<std::shared_ptr<FontCollection>> Fonts();
   Result<SubtitleBitmap*> Bitmap();

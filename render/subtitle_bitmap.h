@@ -18,6 +18,8 @@ namespace captoria {
 struct BitmapFrame {
   int width = 720;            // of the video frame in pixels; no bitmap is wider
   ColorValue back_color = 0;  // of entry 0, which players show as transparent
+
+  bool operator==(const BitmapFrame&) const = default;
 };
 
 // The style that one cue is drawn in: the track's, with the size fitted to the cue when the track asks for fitting, and

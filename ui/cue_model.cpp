@@ -7,6 +7,7 @@
 #include <QStyle>
 
 #include "app/safe_area_commands.h"
+#include "ui/hidden_text.h"
 #include "ui/qt_text.h"
 
 namespace captoria {
@@ -20,7 +21,16 @@ QString OneLine(const std::string& text) {
 
 }  // namespace
 
-CueModel::CueModel(Session& session, QObject* parent) : QAbstractTableModel(parent), session_(session) { Reset(); }
+CueModel::CueModel(Session& session, QWidget* parent)
+    : QAbstractTableModel(parent),
+      session_(session),
+      titles_{HiddenText("lblNumber", "#", parent), HiddenText("lblShow", tr("Show"), parent),
+              HiddenText("lblHide", tr("Hide"), parent), HiddenText("lblText", tr("Text"), parent)},
+      tag_text_(HiddenText("lblTag", tr("Font size and pos: "), parent)),
+      fit_text_(HiddenText("lblFitTag", tr("Fit font size: "), parent)),
+      outside_text_(HiddenText("lblOutside", tr(", outside safe viewing area"), parent)) {
+  Reset();
+}
 
 void CueModel::Reset() {
   beginResetModel();
@@ -39,6 +49,10 @@ void CueModel::Refresh() {
 SubtitleCue* CueModel::CueAt(int row) {
   const auto cues = ShownCues(session_);
   return row >= 0 && static_cast<std::size_t>(row) < cues.size() ? &cues[static_cast<std::size_t>(row)] : nullptr;
+}
+
+QString CueModel::TagText(const SubtitleCue& cue) const {
+  return (session_.only_outside ? fit_text_ : tag_text_)->text() + ToQt(cue.Tag);
 }
 
 int CueModel::rowCount(const QModelIndex& parent) const {
@@ -63,21 +77,20 @@ QVariant CueModel::data(const QModelIndex& index, int role) const {
     }
   }
   if (role == Qt::ToolTipRole && !cue.Tag.empty()) {
-    return tr(session_.only_outside ? "Fit font size: " : "Font size and pos: ") + ToQt(cue.Tag);
+    return TagText(cue);
   }
   if (role == Qt::DecorationRole && index.column() == Number && marked) {
     return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
   }
   if (role == Qt::AccessibleTextRole && index.column() == Number && marked) {
-    return ToQt(cue.Number) + tr(", outside safe viewing area");
+    return ToQt(cue.Number) + outside_text_->text();
   }
   return {};
 }
 
 QVariant CueModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-  constexpr const char* kTitles[]{"#", "Show", "Hide", "Text"};
-  return tr(kTitles[section]);
+  return titles_.at(static_cast<std::size_t>(section))->text();
 }
 
 }  // namespace captoria

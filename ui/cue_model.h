@@ -5,6 +5,8 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QLabel>
+#include <array>
 #include <string>
 #include <unordered_set>
 
@@ -18,8 +20,8 @@ class CueModel final : public QAbstractTableModel {
  public:
   enum Column { Number, Show, Hide, Text, kColumns };
 
-  // The session outlives the model.
-  CueModel(Session& session, QObject* parent);
+  // The session outlives the model. `parent` holds the texts it shows.
+  CueModel(Session& session, QWidget* parent);
 
   // The track, its cues or the choice between all and those outside is another one.
   void Reset();
@@ -30,6 +32,9 @@ class CueModel final : public QAbstractTableModel {
   // Nothing when there is no such row.
   SubtitleCue* CueAt(int row);
 
+  // What is told of a cue's tag.
+  QString TagText(const SubtitleCue& cue) const;
+
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
@@ -39,6 +44,10 @@ class CueModel final : public QAbstractTableModel {
   bool IsOutside(const SubtitleCue& cue) const { return outside_.contains(cue.Number); }
 
   Session& session_;
+  std::array<QLabel*, kColumns> titles_;  // hidden texts, as the next three
+  QLabel* tag_text_;
+  QLabel* fit_text_;
+  QLabel* outside_text_;
   std::unordered_set<std::string> outside_;  // numbers of the cues outside the safe viewing area
 };
 

@@ -7,6 +7,9 @@
 #include <QHBoxLayout>
 #include <thread>
 
+#include "ui/captions.h"
+#include "ui/hidden_text.h"
+
 namespace captoria {
 
 class JobBar::Reporter final : public JobProgress {
@@ -30,12 +33,18 @@ JobBar::JobBar(QWidget* parent)
       label_(new QLabel(this)),
       bar_(new QProgressBar(this)),
       cancel_(new QPushButton(tr("&Cancel"), this)),
+      bitmaps_text_(HiddenText("lblCreateBitmaps", tr("Creating Bitmaps..."), this)),
+      film_text_(HiddenText("lblWritingFilm", tr("Writing the film"), this)),
+      time_text_(HiddenText("lblTimeLeft", tr(", %1 s left"), this)),
       state_(std::make_shared<State>()),
       stop_(std::make_shared<std::atomic<bool>>(false)) {
   setObjectName("jobBar");
   cancel_->setObjectName("cmdCancelJob");
   cancel_->setIcon(QIcon(":/icons/cancel.svg"));
   bar_->setAccessibleName(tr("Progress"));
+  bar_->setObjectName("barJob");
+  label_->setObjectName("lblJob");
+  label_->setProperty(kShowsData, true);
   label_->setAccessibleName(tr("What is being done"));
   auto* layout = new QHBoxLayout(this);
   layout->addWidget(label_);
@@ -92,7 +101,8 @@ void JobBar::ShowState() {
   constexpr int kSteps = 1000;
   bar_->setRange(0, kSteps);
   bar_->setValue(static_cast<int>(done * kSteps / total));
-  const QString what = state_->work == Work::Bitmaps ? bitmaps_text_ + QString::number(done) : tr("Writing the film");
+  const QString what =
+      state_->work == Work::Bitmaps ? bitmaps_text_->text() + QString::number(done) : film_text_->text();
   label_->setText(what + TimeLeft(done, total));
 }
 
@@ -102,7 +112,7 @@ QString JobBar::TimeLeft(std::size_t done, std::size_t total) const {
   if (done <= done_at_first_ || passed < kTellsNothing) return {};
   const auto left =
       static_cast<double>(passed) * static_cast<double>(total - done) / static_cast<double>(done - done_at_first_);
-  return tr(", %1 s left").arg(static_cast<qint64>(left / 1000) + 1);
+  return time_text_->text().arg(static_cast<qint64>(left / 1000) + 1);
 }
 
 }  // namespace captoria

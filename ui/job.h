@@ -36,9 +36,6 @@ class JobBar final : public QWidget {
   // For the work to report to; called on its thread.
   std::unique_ptr<JobProgress> BeginWork(Work work);
 
-  // What is said while bitmaps are drawn, before the number of the cue.
-  void SetBitmapsText(const QString& text) { bitmaps_text_ = text; }
-
  signals:
   void Began();
   void Ended();
@@ -63,7 +60,9 @@ class JobBar final : public QWidget {
   QElapsedTimer since_;  // the piece of work was first seen to move
   std::size_t done_at_first_ = 0;
   int shown_ = 0;
-  QString bitmaps_text_ = QStringLiteral("Creating Bitmaps...");
+  QLabel* bitmaps_text_;  // these three are hidden texts
+  QLabel* film_text_;
+  QLabel* time_text_;
   std::shared_ptr<State> state_;
   std::shared_ptr<std::atomic<bool>> stop_;
   bool busy_ = false;

@@ -54,6 +54,8 @@ void MainMenu::BuildFile(QMenuBar* bar) {
   recent = file->addMenu(tr("&Recent videos"));
   recent->setObjectName("mnuRecent");
   file->addSeparator()->setObjectName("mnuSep2");
+  // A single file is closed by no command; language files know the entry all the same.
+  Add(file, "mnuCloseThisSrt", tr("Close active srt/idx file"))->setVisible(false);
   close_srt = Add(file, "mnuCloseSrt", tr("&Close all srt/idx files"), nullptr, QKeySequence::Close);
   file->addSeparator()->setObjectName("mnuSep3");
   options = Later(Add(file, "mnuOptions", tr("&Options..."), "options", QKeySequence::Preferences));

@@ -6,7 +6,6 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QHeaderView>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QScrollArea>
 #include <QStatusBar>
@@ -17,6 +16,7 @@
 #include "app/placement_commands.h"
 #include "app/safe_area_commands.h"
 #include "platform/path_text.h"
+#include "ui/hidden_text.h"
 #include "ui/qt_text.h"
 #include "ui/start_page.h"
 #include "ui/welcome_dialog.h"
@@ -52,6 +52,7 @@ Form1::Form1(Session& session, WindowView& view) : session_(session), view_(view
   view_.SetJobBar(jobs_);
   menu_->preview->setChecked(session_.settings.Preview);
   preview_->SetPreviewOn(session_.settings.Preview);
+  ShowLanguage();
   ShowVideo();
   state_->Restore();
 }
@@ -80,6 +81,7 @@ void Form1::Build() {
   layout->addWidget(jobs_);
   setCentralWidget(central);
   BuildStreams();
+  stop_text_ = HiddenText("lblStopJob", tr("A film is being made. Stop it?"), this);
   status_ = new StatusLabels(statusBar());
   commands_ = new WindowCommands(session_, *jobs_, this);
   state_->KeepRecent(menu_->recent);
@@ -116,8 +118,8 @@ QWidget* Form1::BuildWorkPage() {
 void Form1::BuildStreams() {
   streams_ = new Info(session_.prompts, this);
   streams_->setObjectName("Info1");
-  streams_->SetTitle1(tr("Stream"));
-  streams_->SetTitle2(tr("Information"));
+  stream_text_ = HiddenText("lblStream", tr("Stream"), this);
+  information_text_ = HiddenText("lblInformation", tr("Information"), this);
   streams_dock_ = new QDockWidget(tr("Avi info (streams)"), this);
   streams_dock_->setObjectName("AviInfoPanel");
   streams_dock_->setWidget(streams_);
@@ -220,10 +222,11 @@ void Form1::ShowSystem() {
 void Form1::ShowCue() {
   const SubtitleTrack& track = session_.tracks.Current();
   const SubtitleCue* cue = track.IsIdx() ? nullptr : tracks_->CurrentCue();
+  style_->ShowOwn(cue == nullptr ? Placement{} : ReadPlacement(cue->Tag));
   if (cue != nullptr) style_->ShowVerticalPosition(ReadPlacement(cue->Tag).position.value_or(track.style.VertPos));
   preview_->SetVertical(style_->VerticalPosition(), style_->VerticalMaximum());
   preview_->ShowCue(cue);
-  if (cue != nullptr && !cue->Tag.empty()) status_->Tell(tr("Font size and pos: ") + ToQt(cue->Tag));
+  if (cue != nullptr && !cue->Tag.empty()) status_->Tell(tracks_->TagText(*cue));
 }
 
 void Form1::ShowCounts() {
@@ -269,6 +272,14 @@ void Form1::SetBusy(bool busy) {
   } else if (tracks) {
     ShowTracks();
   }
+  if (closing_) QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+}
+
+void Form1::ShowLanguage() {
+  captions_.Apply(session_.language);
+  streams_->SetTitle1(stream_text_->text());
+  streams_->SetTitle2(information_text_->text());
+  ShowTracks();
 }
 
 void Form1::Welcome() {
@@ -281,10 +292,10 @@ void Form1::Welcome() {
 
 void Form1::closeEvent(QCloseEvent* event) {
   if (jobs_->IsBusy()) {
-    const auto answer = QMessageBox::question(this, kProgramTitle, tr("A film is being made. Stop it?"));
-    if (answer == QMessageBox::Yes) jobs_->Stop();
-    event->ignore();
-    return;
+    const bool stop = session_.prompts.AskYesNo(kProgramTitle, FromQt(stop_text_->text()));
+    closing_ = stop && jobs_->IsBusy();  // it may have ended while the question stood
+    if (closing_) jobs_->Stop();
+    if (closing_ || !stop) return event->ignore();
   }
   state_->Save();
   const auto saved = session_.Save();

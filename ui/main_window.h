@@ -11,6 +11,7 @@
 #include <QStackedWidget>
 
 #include "app/session.h"
+#include "ui/captions.h"
 #include "ui/info.h"
 #include "ui/job.h"
 #include "ui/main_menu.h"
@@ -35,6 +36,9 @@ class Form1 final : public QMainWindow {
 
   // The first start greets the user.
   void Welcome();
+
+  // The session's language is another one.
+  void ShowLanguage();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -71,8 +75,13 @@ class Form1 final : public QMainWindow {
   JobBar* jobs_;
   StatusLabels* status_;
   QStackedWidget* pages_;
+  QLabel* stream_text_;  // these three are hidden texts
+  QLabel* information_text_;
+  QLabel* stop_text_;
   WindowCommands* commands_;
   WindowState* state_;
+  WindowCaptions captions_{*this};
+  bool closing_ = false;  // as soon as the job has stopped
 
   // What a job has changed: shown when it is over, for until then its thread may change it again.
   bool video_changed_ = false;

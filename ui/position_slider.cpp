@@ -8,6 +8,8 @@
 #include <QSignalBlocker>
 #include <QToolTip>
 
+#include "ui/captions.h"
+
 namespace captoria {
 
 PositionSlider::PositionSlider(const QString& name, const QString& caption, const QString& tool_tip, QWidget* parent)
@@ -16,6 +18,7 @@ PositionSlider::PositionSlider(const QString& name, const QString& caption, cons
   label->setObjectName("lbl" + name);
   label->setBuddy(slider_);
   value_->setObjectName("lbl" + name + "Value");
+  value_->setProperty(kShowsData, true);
   slider_->setObjectName("sld" + name);
   slider_->setToolTip(tool_tip);
   slider_->setSingleStep(1);

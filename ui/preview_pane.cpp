@@ -11,6 +11,8 @@
 #include <utility>
 
 #include "subtitles/time_code.h"
+#include "ui/captions.h"
+#include "ui/hidden_text.h"
 #include "ui/qt_text.h"
 
 namespace captoria {
@@ -44,6 +46,8 @@ void PreviewPane::Build() {
   video_->setObjectName("VideoPicture");
   video_->SetSurroundings(kDark);
   video_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  choose_text_ = HiddenText("lblChooseSubtitle", tr("Choose a subtitle to see it here."), this);
+  open_text_ = HiddenText("lblOpenVideo", tr("Open a video to see its picture here."), this);
   film_bar_ = BuildFilmBar();
   subtitle_ = new PictureView(tr("Subtitle picture"), this);
   subtitle_->setObjectName("SubtitlePicture");
@@ -60,7 +64,7 @@ void PreviewPane::Build() {
 
 QWidget* PreviewPane::BuildFilmBar() {
   auto* bar = new QWidget(this);
-  auto* caption = new QLabel(tr("Frame"), bar);
+  auto* caption = new QLabel(tr("Fra&me"), bar);
   caption->setObjectName("FrameCaption");
   slider_ = new QSlider(Qt::Horizontal, bar);
   slider_->setObjectName("FrameSlider");
@@ -69,9 +73,10 @@ QWidget* PreviewPane::BuildFilmBar() {
   caption->setBuddy(slider_);
   position_ = new QLabel(bar);
   position_->setObjectName("FramePosition");
+  position_->setProperty(kShowsData, true);
   position_->setAccessibleName(tr("Number and time of the frame"));
   position_->setMinimumWidth(position_->fontMetrics().horizontalAdvance("0000000 \u2013 00:00:00,000"));
-  at_cue_ = new QCheckBox(tr("Frame at the cue's time"), bar);
+  at_cue_ = new QCheckBox(tr("Frame at the cue's &time"), bar);
   at_cue_->setObjectName("FrameAtCue");
   at_cue_->setToolTip(tr("Shows each subtitle over the frame that it appears at."));
 
@@ -115,7 +120,7 @@ void PreviewPane::Repaint() {
     subtitle_->SetImage(ToImage(ImageOf(bitmap_)));
     subtitle_->setAccessibleDescription(ToQt(cue_->Text));
   } else {
-    subtitle_->SetText(tr("Choose a subtitle to see it here."));
+    subtitle_->SetText(choose_text_->text());
   }
   ReserveHeight(false);
   Compose();
@@ -157,7 +162,7 @@ void PreviewPane::SetPreviewOn(bool on) {
 void PreviewPane::SetVideo() {
   const std::string& path = session_.video.AviPath;
   const bool is_open = is_on_ && !path.empty();
-  ClearFilm(is_open ? QString{} : tr("Open a video to see its picture here."));
+  ClearFilm(is_open ? QString{} : open_text_->text());
   frames_ = duration_ms_ = 0;
   slider_->setEnabled(false);
   position_->clear();

@@ -76,6 +76,8 @@ class PreviewPane final : public QWidget {
   QSlider* slider_;
   QLabel* position_;
   QCheckBox* at_cue_;
+  QLabel* choose_text_;  // these two are hidden texts
+  QLabel* open_text_;
 
   std::optional<SubtitleCue> cue_;
   cDIB bitmap_;      // of the cue; none without one

@@ -15,7 +15,9 @@ StartPage::StartPage(QAction* open_video, QAction* open_subtitle, QWidget* paren
   auto* picture = new QLabel(this);
   picture->setPixmap(QIcon(":/icons/captoria.svg").pixmap(kPicture, kPicture));
   picture->setAlignment(Qt::AlignCenter);
+  picture->setObjectName("picStart");
   auto* title = new QLabel(tr("Open a video, or drop one here"), this);
+  title->setObjectName("lblStart");
   QFont font = title->font();
   font.setPointSizeF(font.pointSizeF() * 1.6);
   title->setFont(font);
@@ -24,12 +26,15 @@ StartPage::StartPage(QAction* open_video, QAction* open_subtitle, QWidget* paren
       new QLabel(tr("Subtitle files of its name are opened with it. Then give them a style, look at them over the "
                     "picture, and create the DivX file."),
                  this);
+  hint->setObjectName("lblStartHint");
   hint->setWordWrap(true);
   hint->setAlignment(Qt::AlignCenter);
   auto* video = new QPushButton(open_video->icon(), tr("Open &video..."), this);
+  video->setObjectName("cmdStartVideo");
   video->setDefault(true);
   connect(video, &QPushButton::clicked, open_video, &QAction::trigger);
   auto* subtitle = new QPushButton(open_subtitle->icon(), tr("Open subtitle &file..."), this);
+  subtitle->setObjectName("cmdStartSubtitle");
   connect(subtitle, &QPushButton::clicked, open_subtitle, &QAction::trigger);
 
   auto* buttons = new QHBoxLayout;

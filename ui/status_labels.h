@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QStatusBar>
 #include <QTimer>
+#include <optional>
 
 namespace captoria {
 
@@ -19,16 +20,25 @@ class StatusLabels final : public QObject {
   // Shown for some seconds.
   void Tell(const QString& text);
 
+  // The commands of the file `name` were run.
+  void TellBatch(const QString& name) { Tell(batch_->text() + name); }
+
   // The number of cues outside, none for a track without cues of its own. `fitted`: they will be made to fit.
   void ShowOutside(std::optional<int> count, bool fitted);
 
   void ShowSelected(int count);
+
+  // Whose translation is on screen.
+  void ShowLanguage(const QString& text) { language_->setText(text); }
 
  private:
   QLabel* message_;
   QLabel* outside_;
   QLabel* selected_;
   QLabel* language_;
+  QLabel* batch_;  // these three are hidden texts
+  QLabel* outside_text_;
+  QLabel* selected_text_;
   QTimer timer_;
 };
 

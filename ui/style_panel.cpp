@@ -13,6 +13,8 @@
 
 #include "localisation/language_tables.h"
 #include "render/color.h"
+#include "ui/captions.h"
+#include "ui/hidden_text.h"
 #include "ui/qt_text.h"
 
 namespace captoria {
@@ -41,6 +43,15 @@ QComboBox* List(const char* name, std::span<const std::string_view> entries, QWi
   return list;
 }
 
+QLabel* NoteOf(const char* name, const QString& text, QWidget* parent) {
+  QLabel* note = HiddenText(name, text, parent);
+  QFont font = note->font();
+  font.setItalic(true);
+  note->setFont(font);
+  note->setWordWrap(true);
+  return note;
+}
+
 }  // namespace
 
 StylePanel::StylePanel(Session& session, QWidget* parent) : QWidget(parent), session_(session) {
@@ -57,19 +68,22 @@ void StylePanel::Build() {
   toolbar_ = new StyleToolBar(this);
   font_ = new QLabel(this);
   font_->setObjectName("lblFont");
+  font_->setProperty(kShowsData, true);
   font_->setWordWrap(true);
   right_to_left_ = new QCheckBox(tr("&Right to left"), this);
   right_to_left_->setObjectName("chkRightToLeft");
   right_to_left_->setToolTip(tr("Use it for right to left languages"));
   vertical_ = new PositionSlider("VertPos", tr("Vertical &position"), tr("Vertical pos"), this);
   horizontal_ = new PositionSlider("HorPos", tr("H&orizontal position"), tr("Horizontall pos"), this);
+  own_alignment_ = NoteOf("lblOwnAlign", tr("Selected subtitle has own alignment"), this);
+  own_position_ = NoteOf("lblOwnPos", tr("Selected subtitle has own position"), this);
   outline_row_ = BuildOutline();
   alignment_row_ = BuildAlignment();
 
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(kSpacing);
-  for (QWidget* row : std::initializer_list<QWidget*>{toolbar_, font_, outline_row_, alignment_row_, right_to_left_,
-                                                      vertical_, horizontal_}) {
+  for (QWidget* row : std::initializer_list<QWidget*>{toolbar_, font_, outline_row_, alignment_row_, own_alignment_,
+                                                      right_to_left_, vertical_, own_position_, horizontal_}) {
     layout->addWidget(row);
   }
   auto* stream = new QFormLayout;
@@ -109,6 +123,7 @@ QWidget* StylePanel::BuildAlignment() {
                                         {"optCenter", "Center", ":/icons/align-center.svg"},
                                         {"optRight", "Right", ":/icons/align-right.svg"}};
   auto* group = new QWidget(this);
+  group->setLayoutDirection(Qt::LeftToRight);  // left and right are those of the frame, which no language mirrors
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(kSpacing);
   alignment_ = new QButtonGroup(this);
@@ -190,6 +205,11 @@ void StylePanel::EnableButtons(bool enable) {
        std::initializer_list<QWidget*>{font_, outline_row_, alignment_row_, right_to_left_, vertical_, horizontal_}) {
     part->setEnabled(enable);
   }
+}
+
+void StylePanel::ShowOwn(const Placement& placement) {
+  own_alignment_->setVisible(placement.alignment.has_value());
+  own_position_->setVisible(placement.position.has_value());
 }
 
 void StylePanel::SetVerticalMaximum(int maximum) { vertical_->SetRange(0, std::max(maximum, 0)); }

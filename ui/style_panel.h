@@ -48,6 +48,9 @@ class StylePanel final : public QWidget {
   int VerticalPosition() const { return vertical_->Value(); }
   void ShowVerticalPosition(int position) { vertical_->ShowValue(position); }
 
+  // Notes that a cue does not go where the track goes, because of what its placement holds.
+  void ShowOwn(const Placement& placement);
+
   // What the toolbar asks for.
   void ChooseFont();
   void ChooseColor(int palette_entry);  // 1 fore, 2 outline, 3 shadow
@@ -79,6 +82,8 @@ class StylePanel final : public QWidget {
   QCheckBox* right_to_left_;
   PositionSlider* vertical_;
   PositionSlider* horizontal_;
+  QLabel* own_alignment_;
+  QLabel* own_position_;
   QComboBox* language_;
   QComboBox* type_;
 };

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "ui/captions.h"
 #include "ui/color_swatch.h"
 #include "ui/qt_text.h"
 
@@ -28,6 +29,7 @@ StyleToolBar::StyleToolBar(QWidget* parent) : QToolBar(parent), widths_(new QAct
   setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
   font_ = addAction(QIcon(":/icons/font.svg"), tr("Font..."), this, &StyleToolBar::FontAsked);
   font_->setObjectName("font");
+  font_->setProperty(kShowsData, true);
   AddColor(1);
   AddColor(2);
   AddOutlineWidths();
@@ -39,6 +41,7 @@ void StyleToolBar::AddColor(int palette_entry) {
   const StyleColor& color = kStyleColors.at(index);
   QAction* action = addAction(tr(color.title) + "...", this, [this, palette_entry] { emit ColorAsked(palette_entry); });
   action->setObjectName(color.key);
+  action->setProperty(kShowsData, true);
   action->setIconText(tr(color.short_title));
   widgetForAction(action)->setAccessibleName(tr(color.title));
   colors_.at(index) = action;

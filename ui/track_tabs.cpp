@@ -8,6 +8,8 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "ui/qt_text.h"
+
 namespace captoria {
 
 TrackTabs::TrackTabs(Session& session, QWidget* parent)
@@ -82,8 +84,14 @@ void TrackTabs::RebuildTabs() {
   const int wanted = session_.tracks.Count() + (session_.tracks.HasNewTab() ? 1 : 0);
   while (tabs_->count() > wanted) tabs_->removeTab(tabs_->count() - 1);
   while (tabs_->count() < wanted) tabs_->addTab({});
-  for (int i = 0; i < session_.tracks.Count(); ++i) tabs_->setTabText(i, tr("Subtitle ") + QString::number(i + 1));
-  if (session_.tracks.HasNewTab()) tabs_->setTabText(wanted - 1, tr("<New>"));
+  // Language files know the tabs of a window that has just been opened, the first track's and the last.
+  const auto caption = [this](const char* key, const char* built_in) {
+    return ToQt(session_.language.Text("Form1_Design", key).value_or(built_in));
+  };
+  QString track = caption("TabStrip1_1", "Subtitle 1");
+  while (!track.isEmpty() && track.back().isDigit()) track.chop(1);
+  for (int i = 0; i < session_.tracks.Count(); ++i) tabs_->setTabText(i, track + QString::number(i + 1));
+  if (session_.tracks.HasNewTab()) tabs_->setTabText(wanted - 1, caption("TabStrip1_2", "<New>"));
   tabs_->setCurrentIndex(session_.tracks.CurrentIndex());
 }
 

@@ -23,6 +23,9 @@ class TrackTabs final : public QWidget {
   // Tracks, the current one or its cues are others.
   void ShowTracks();
 
+  // What is told of the tag of `cue`.
+  QString TagText(const SubtitleCue& cue) const { return model_->TagText(cue); }
+
   // Tags have changed.
   void Refresh() { model_->Refresh(); }
 

@@ -10,16 +10,21 @@
 #include "pipeline/avi_inspection.h"
 #include "platform/files.h"
 #include "ui/about_dialog.h"
+#include "ui/ask_for_tool_dialog.h"
 #include "ui/batch_dialog.h"
 #include "ui/qt_text.h"
 
 namespace captoria {
+
 WindowCommands::WindowCommands(Session& session, JobBar& jobs, QWidget* window)
     : QObject(window),
       session_(session),
       jobs_(jobs),
       window_(window),
-      scripts_(session.folders.executable, ProcessEnvironment()) {}
+      scripts_(session.folders.executable, ProcessEnvironment()),
+      outside_{.scripts = scripts_, .documents = documents_, .ask_for_tool = [window](Session& asking, Tool tool) {
+                 return AskForToolDialog::Ask(asking, tool, window);
+               }} {}
 
 void WindowCommands::OpenVideo(const QString& path) {
   std::string opened = PathFromQt(path);

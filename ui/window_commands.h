@@ -45,7 +45,7 @@ class WindowCommands final : public QObject {
   QWidget* window_;
   CaptoriaRun scripts_;
   DesktopOpener documents_;
-  Outside outside_{scripts_, documents_};
+  Outside outside_;
 };
 
 }  // namespace captoria

@@ -171,6 +171,70 @@ TEST_F(MainWindow, CancelLeavesNothingAndTheWindowGoesOn) {
   EXPECT_TRUE(Part<QTreeView>("ListView1")->isEnabled());
 }
 
+TEST_F(MainWindow, ClosingDuringAJobAsksStopsItAndCloses) {
+  std::string cues;
+  for (int i = 0; i < 3000; ++i) cues += std::to_string(i) + "\n00:00:01,000 --> 00:00:02,000\nLine\n\n";
+  folder_.Put("film.srt", cues);
+  OpenFilm();
+  session_->settings.ShowDos = false;
+  prompts_.TakeMessages();
+  QTimer::singleShot(30, window_.get(), [this] {
+    prompts_.Expect("Stop it?", false);
+    EXPECT_FALSE(window_->close());
+    EXPECT_TRUE(Part<JobBar>("jobBar")->IsBusy());
+    prompts_.Expect("Stop it?", true);
+    EXPECT_FALSE(window_->close()) << "the tools are still at work";
+  });
+  Choose("mnuMakeDivX");
+  QApplication::processEvents();
+  EXPECT_FALSE(window_->isVisible());
+  EXPECT_FALSE(FileExists(folder_.File("film.divx")));
+}
+
+TEST_F(MainWindow, ShowsWhatACueHasOfItsOwn) {
+  OpenFilm();
+  prompts_.TakeMessages();
+  auto* list = Part<QTreeView>("ListView1");
+  session_->tracks.Current().cues[1].Tag = "|55";
+  for (const auto& [row, alignment, position] : {std::tuple{0, false, false}, {1, false, true}}) {
+    list->setCurrentIndex(list->model()->index(row, 0));
+    EXPECT_EQ(Part<QLabel>("lblOwnAlign")->isVisible(), alignment) << row;
+    EXPECT_EQ(Part<QLabel>("lblOwnPos")->isVisible(), position) << row;
+  }
+  EXPECT_EQ(Part<QSlider>("sldVertPos")->value(), 55);
+  Choose("mnuCenterAl");
+  EXPECT_TRUE(Part<QLabel>("lblOwnAlign")->isVisible());
+}
+
+TEST_F(MainWindow, HasATextInALanguageFileForEveryCaption) {
+  OpenFilm();
+  prompts_.TakeMessages();
+  for (QWidget* widget : window_->findChildren<QWidget*>()) {
+    const auto* label = qobject_cast<QLabel*>(widget);
+    const auto* button = qobject_cast<QPushButton*>(widget);
+    const QString text = label != nullptr ? label->text() : button != nullptr ? button->text() : QString{};
+    EXPECT_TRUE(text.isEmpty() || !widget->objectName().isEmpty()) << text.toStdString();
+  }
+  for (const QAction* action : window_->menuBar()->actions()) {
+    for (const QAction* entry : action->menu()->actions()) {
+      EXPECT_TRUE(entry->isSeparator() || entry->menu() != nullptr || !entry->objectName().isEmpty())
+          << entry->text().toStdString();
+    }
+  }
+  const std::string path =
+      folder_.Put("l.xml",
+                  R"(<L><Form1_Design TabStrip1_1="Untertitel 1" TabStrip1_2="&lt;Neu&gt;" lblText="Text!"
+                                          lblSubOut=" draußen" lblStream="Spur"/></L>)");
+  session_->language = std::move(*LanguageDocument::Load(path));
+  session_->SelectLastTab();
+  window_->ShowLanguage();
+  EXPECT_EQ(Tabs(), QStringList({"Untertitel 1", "Untertitel 2", "<Neu>"}));
+  Part<QTabBar>("TabStrip1")->setCurrentIndex(0);
+  EXPECT_EQ(Status("lblStatus2"), "1 draußen");
+  EXPECT_EQ(Part<Info>("Info1")->Title1(), "Spur");
+  EXPECT_EQ(Part<QTreeView>("ListView1")->model()->headerData(3, Qt::Horizontal).toString(), "Text!");
+}
+
 TEST_F(MainWindow, TheUnattendedRunIsShownWhenItIsOver) {
   EXPECT_TRUE(window_->Commands().RunUnattended(QString::fromStdString(film_)));
   EXPECT_FALSE(folder_.Get("film.divx").empty());
