@@ -16,6 +16,7 @@ function(captoria_pkg name)
 endfunction()
 
 captoria_pkg(uchardet uchardet)
+captoria_pkg(glib glib-2.0)
 captoria_pkg(cli11 CLI11)
 captoria_pkg(json nlohmann_json)
 captoria_pkg(pugixml pugixml)

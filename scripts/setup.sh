@@ -8,12 +8,12 @@ set -euo pipefail
 
 build=(
   cmake g++ ninja-build pkg-config python3
-  libavcodec-dev libavformat-dev libcli11-dev libexpected-dev libpango1.0-dev libpugixml-dev libswscale-dev
-  libuchardet-dev libqt6svg6 nlohmann-json3-dev qt6-base-dev
+  libavcodec-dev libavformat-dev libcli11-dev libexpected-dev libglib2.0-dev libpango1.0-dev libpugixml-dev
+  libswscale-dev libuchardet-dev libqt6svg6 nlohmann-json3-dev qt6-base-dev
   fonts-dejavu-core  # Latin, Hebrew and Arabic, so that there is something to draw with
 )
 test=(
-  ffmpeg libgmock-dev libgtest-dev
+  desktop-file-utils ffmpeg libgmock-dev libgtest-dev
   fonts-liberation fonts-noto-cjk fonts-noto-core fonts-symbola
 )
 bench=(dvdauthor ffmpeg fonts-liberation)
