@@ -36,6 +36,7 @@ class SessionSteps final : public BatchSteps {
 
   bool OpenVideo(const std::string& path) override {
     current_ = {.video = path, .output{}, .error{}};
+    options_.begin(path);
     std::string opened = path;
     const bool own = !options_.subtitles.empty();
     if (auto result = OpenAnAviFile(session_, opened, {.ignore_auto_srt = own, .is_batch = true}); !result) {
@@ -83,26 +84,51 @@ class SessionSteps final : public BatchSteps {
   bool stopped_ = false;
 };
 
+constexpr std::string_view kSwitch = "/auto";
+
+std::size_t FindSwitch(std::string_view text, std::size_t from = 0) { return LowerAscii(text).find(kSwitch, from); }
+
+// Where slashes separate folders, one may be named "Autos": then the switch is only what stands by itself.
+bool HoldsNoOtherSlash(std::string_view text) {
+  for (auto at = text.find('/'); at != text.npos; at = text.find('/', at + 1)) {
+    if (FindSwitch(text, at) != at) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 ConvertReport ConvertVideos(Session& session, const Outside& outside, std::span<const std::string> videos,
                             const ConvertOptions& options) {
   const WhileConverting converting(session);
   SessionSteps steps(session, outside, options);
-  std::string text = RunBatch(videos, steps);
+  std::string text = ConvertList(videos, steps);
   return {std::move(text), steps.Stopped()};
 }
 
 CommandLine ParseCommandLine(std::string_view arguments) {
-  constexpr std::string_view kSwitch = "/auto";
   CommandLine line;
-  std::string rest{arguments};
-  for (auto at = LowerAscii(arguments).find(kSwitch); at != rest.npos;
-       at = LowerAscii(std::string_view{rest}).find(kSwitch)) {
-    line.unattended = true;
-    rest.erase(at, kSwitch.size());
+  std::string rest;
+  for (std::string_view left = Trim(arguments); !left.empty(); left = Trim(left)) {
+    const std::string_view word = left.substr(0, left.find(' '));
+    left.remove_prefix(word.size());
+    if (EqualsIgnoringCase(word, kSwitch)) {
+      line.unattended = true;
+      continue;
+    }
+    rest += word;
+    while (left.starts_with(' ')) {
+      rest += ' ';
+      left.remove_prefix(1);
+    }
   }
-  std::string_view path = Trim(rest);
+  if (!(line.unattended && rest.starts_with('/')) && HoldsNoOtherSlash(rest)) {
+    for (auto at = FindSwitch(rest); at != rest.npos; at = FindSwitch(rest)) {
+      line.unattended = true;
+      rest.erase(at, kSwitch.size());
+    }
+  }
+  const std::string_view path = Trim(rest);
   const bool quoted = path.size() >= 2 && path.front() == '"' && path.back() == '"';
   line.path = quoted ? path.substr(1, path.size() - 2) : path;
   return line;

@@ -25,7 +25,8 @@ struct ConvertOptions {
   bool keep_temp = false;
   std::vector<std::string> subtitles;  // for each video, instead of those of its name that the settings look for
 
-  // Told of each video when it is done.
+  // Told of each video before it is opened, and when it is done.
+  std::function<void(const std::string&)> begin = [](const std::string&) {};
   std::function<void(const ConvertedVideo&)> done = [](const ConvertedVideo&) {};
 };
 
@@ -40,7 +41,7 @@ ConvertReport ConvertVideos(Session& session, const Outside& outside, std::span<
 
 // The argument string of the window program.
 struct CommandLine {
-  bool unattended = false;  // it holds "/AUTO", in any case
+  bool unattended = false;  // it holds "/AUTO", in any case; inside of a path with other slashes it is none
   std::string path;         // the rest, without the quotation marks around it
 };
 CommandLine ParseCommandLine(std::string_view arguments);

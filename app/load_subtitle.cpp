@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "app/batch_commands.h"
 #include "app/open_video.h"
 #include "app/safe_area_commands.h"
 #include "platform/ascii.h"
@@ -55,6 +56,12 @@ Result<void> CheckCues(Session& session, const LoadOptions& options) {
   return {};
 }
 
+// The command file of the settings, which is to be run on every file that is loaded.
+void RunCommands(Session& session, const LoadOptions& options) {
+  const std::string path = session.settings.BatchToRun;
+  if (!Trim(path).empty() && FileExists(path)) RunBatch(session, path, options.is_batch);
+}
+
 }  // namespace
 
 Result<void> LoadFileToList(Session& session, const std::string& file, const LoadOptions& options) {
@@ -73,6 +80,7 @@ Result<void> LoadFileToList(Session& session, const std::string& file, const Loa
   Result<void> checked;
   if (!track.IsIdx() && options.measure) checked = CheckCues(session, options);
   session.view.ShowTracks();
+  if (!track.IsIdx() && checked) RunCommands(session, options);
   return checked;
 }
 

@@ -21,6 +21,8 @@ struct LoadOptions {
 // Loads `file`, a SubRip file or a VobSub index, into the current track in place of what it held. When the name is
 // blank or the file is not there or cannot be read, nothing changes; the error of the former is NotFound. A SubRip file
 // at fault half-way is loaded up to there: the track's source says where and why, and so does a message, or the view.
+//
+// The command file of the settings (`BatchToRun`), where there is one, is run on the cues of a SubRip file.
 Result<void> LoadFileToList(Session& session, const std::string& file, const LoadOptions& options);
 
 // What the Open command and a dropped file do: as many tracks as the settings say (`LoadSubManyTimes`) get a SubRip

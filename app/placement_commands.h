@@ -5,6 +5,7 @@
 #pragma once
 
 #include "app/session.h"
+#include "automation/command_file.h"
 #include "settings/placement.h"
 
 namespace captoria {
@@ -12,5 +13,9 @@ namespace captoria {
 // Every selected cue of the list on screen gets the alignment; its own position and its fitting stay
 // (`SetAlignForSelectedSubs`).
 void SetAlignForSelectedSubs(Session& session, Alignment align);
+
+// Every selected cue of the current track, whichever list is on screen, gets the command's placement in place of its
+// own; its fitting stays.
+void RunPosAlCommand(Session& session, const PlacementCommand& command);
 
 }  // namespace captoria

@@ -5,6 +5,7 @@
 // to know of a person it asks through the prompts.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -30,6 +31,10 @@ class SessionView {
 
   // The tabs, the current track or its cues are others. The title of the window names the current track's file.
   virtual void ShowTracks() {}
+
+  // A command file was run on the current track: the tags and the selection of its cues are others, `selected` of them
+  // are selected now.
+  virtual void ShowCommandsRun(const std::string& /*file_name*/, std::size_t /*selected*/) {}
 
   // Something worth telling that needs no answer: a file that was read only half-way, a letter no font has.
   virtual void Warn(const std::string& text) = 0;

@@ -10,7 +10,7 @@ std::string Line(const char* what, const std::string& path) { return what + ("\"
 
 }  // namespace
 
-std::string RunBatch(std::span<const std::string> videos, BatchSteps& steps) {
+std::string ConvertList(std::span<const std::string> videos, BatchSteps& steps) {
   std::string report;
   for (const std::string& video : videos) {
     steps.CloseAllTracks();

@@ -24,7 +24,7 @@ class BatchSteps {
 };
 
 // A line, ending in CR LF, for each video that was not converted, in their order. After a stop the rest is not told.
-std::string RunBatch(std::span<const std::string> videos, BatchSteps& steps);
+std::string ConvertList(std::span<const std::string> videos, BatchSteps& steps);
 
 // What the user is shown: the report, or that there is nothing to report.
 std::string BatchResult(const std::string& report);

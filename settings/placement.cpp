@@ -13,8 +13,6 @@ namespace {
 
 constexpr std::string_view kLetters = "lcr";  // in the order of Alignment
 
-char LetterOf(Alignment alignment) { return kLetters[static_cast<std::size_t>(alignment)]; }
-
 // What stands behind the "|", taken apart.
 struct OwnPart {
   std::string_view position;
@@ -34,6 +32,8 @@ OwnPart OwnPartOf(std::string_view tag) {
 }
 
 }  // namespace
+
+char LetterOf(Alignment alignment) { return kLetters[static_cast<std::size_t>(alignment)]; }
 
 Placement ReadPlacement(std::string_view tag) {
   const OwnPart own = OwnPartOf(tag);

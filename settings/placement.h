@@ -21,6 +21,9 @@ constexpr Alignment AlignmentOf(int number) {
   return number == 0 ? Alignment::Left : number == 1 ? Alignment::Center : Alignment::Right;
 }
 
+// "l", "c" or "r", as placements write it.
+char LetterOf(Alignment alignment);
+
 // What a cue has of its own. For a value that is absent, the track's applies.
 struct Placement {
   std::optional<int> position;         // whole pixels above the bottom of the frame

@@ -27,14 +27,17 @@ TEST_P(CommandLines, AreReadAsOneText) {
   EXPECT_EQ(line.path, GetParam().path);
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, CommandLines,
-                         testing::Values(Arguments{"SwitchInFront", "/AUTO C:\\my video.avi", true, "C:\\my video.avi"},
-                                         Arguments{"SwitchBehind", "C:\\a.avi /Auto", true, "C:\\a.avi"},
-                                         Arguments{"EverySwitch", "/auto C:\\a/AUTOb.avi", true, "C:\\ab.avi"},
-                                         Arguments{"Quoted", "/auto \"C:\\a b.avi\"", true, "C:\\a b.avi"},
-                                         Arguments{"NoSwitch", "C:\\a.avi", false, "C:\\a.avi"},
-                                         Arguments{"Empty", "", false, ""}),
-                         [](const auto& row) { return std::string{row.param.name}; });
+INSTANTIATE_TEST_SUITE_P(
+    Texts, CommandLines,
+    testing::Values(Arguments{"SwitchInFront", "/AUTO C:\\my video.avi", true, "C:\\my video.avi"},
+                    Arguments{"SwitchBehind", "C:\\a.avi /Auto", true, "C:\\a.avi"},
+                    Arguments{"EverySwitch", "/auto C:\\a/AUTOb.avi", true, "C:\\ab.avi"},
+                    Arguments{"ItsLettersInAPath", "/AUTO /a/Autos/my  film.avi", true, "/a/Autos/my  film.avi"},
+                    Arguments{"APathAlone", "/a/Autos/film.avi", false, "/a/Autos/film.avi"},
+                    Arguments{"OneWord", "/AUTOC:\\a.avi", true, "C:\\a.avi"},
+                    Arguments{"Quoted", "/auto \"C:\\a b.avi\"", true, "C:\\a b.avi"},
+                    Arguments{"NoSwitch", "C:\\a.avi", false, "C:\\a.avi"}, Arguments{"Empty", "", false, ""}),
+    [](const auto& row) { return std::string{row.param.name}; });
 
 using BatchConvertTest = ConversionTest;
 

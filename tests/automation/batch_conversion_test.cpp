@@ -37,18 +37,18 @@ class LetterSteps final : public BatchSteps {
 
 TEST(BatchConversion, TellsEachFailureOnceAndGoesOn) {
   LetterSteps steps;
-  const std::string report = RunBatch(std::vector<std::string>{"a", "o", "s", "a c", "a"}, steps);
+  const std::string report = ConvertList(std::vector<std::string>{"a", "o", "s", "a c", "a"}, steps);
   EXPECT_EQ(report,
             "Error opening file \"o\"\r\nCan not find any subtitles for \"s\"\r\nConvert failed with file \"a c\"\r\n");
   EXPECT_EQ(BatchResult(report), report);
   EXPECT_THAT(steps.calls, ElementsAre("close", "a", "make", "close", "o", "close", "s", "close", "a c", "make",
                                        "close", "a", "make", "close"));
-  EXPECT_EQ(BatchResult(RunBatch(std::vector<std::string>{"a", "a"}, steps)), "All seems to be ok");
+  EXPECT_EQ(BatchResult(ConvertList(std::vector<std::string>{"a", "a"}, steps)), "All seems to be ok");
 }
 
 TEST(BatchConversion, AStoppedVideoIsNoFailureAndTheRestIsLeft) {
   LetterSteps steps;
-  EXPECT_EQ(RunBatch(std::vector<std::string>{"s", "!", "c"}, steps), "Can not find any subtitles for \"s\"\r\n");
+  EXPECT_EQ(ConvertList(std::vector<std::string>{"s", "!", "c"}, steps), "Can not find any subtitles for \"s\"\r\n");
   EXPECT_THAT(steps.calls, ElementsAre("close", "s", "close", "!", "make", "close"));
 }
 

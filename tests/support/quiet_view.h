@@ -18,6 +18,10 @@ class QuietView final : public SessionView {
  public:
   void Warn(const std::string& text) override { warnings.push_back(text); }
 
+  void ShowCommandsRun(const std::string& file_name, std::size_t selected) override {
+    commands_run.push_back(file_name + ": " + std::to_string(selected));
+  }
+
   std::unique_ptr<JobProgress> BeginWork(Work work) override {
     class Asking final : public JobProgress {
      public:
@@ -31,6 +35,7 @@ class QuietView final : public SessionView {
   }
 
   std::vector<std::string> warnings;
+  std::vector<std::string> commands_run;  // "file name: number of cues selected"
   std::function<bool(Work)> goes_on = [](Work) { return true; };
 };
 
