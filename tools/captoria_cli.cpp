@@ -4,6 +4,7 @@
 // captoria-cli: the program without a window or display, for servers, scripts and job schedulers.
 #include <CLI/CLI.hpp>
 
+#include "tools/batch_command.h"
 #include "tools/cli_context.h"
 #include "tools/convert_command.h"
 #include "tools/cues_command.h"
@@ -19,6 +20,7 @@ int main(int argc, char** argv) {
 
   CliContext context;
   AddConvertCommand(app, context);
+  AddBatchCommand(app, context);
   AddInfoCommand(app, context);
   AddCuesCommand(app, context);
   AddRenderCommand(app, context);

@@ -4,7 +4,6 @@
 #include "tools/convert_command.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -13,6 +12,7 @@
 #include "app/batch_convert.h"
 #include "tools/cli_session.h"
 #include "tools/cli_view.h"
+#include "tools/commands_option.h"
 #include "tools/interrupt.h"
 #include "tools/unattended_prompts.h"
 
@@ -21,26 +21,10 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-struct ConvertArguments {
-  std::vector<std::string> videos;
-  std::vector<std::string> subtitles;
-  std::vector<std::string> settings;
-  bool keep_temp = false;
-  bool remove_unknown = false;
-  bool json = false;
-  bool quiet = false;
-};
-
 // The tools work in a folder of their own, so names cannot stay relative to ours.
-std::string Absolute(const std::string& path) {
-  std::error_code gone;
-  const auto absolute = std::filesystem::absolute(path, gone);
-  return gone ? path : absolute.lexically_normal().string();
-}
-
 std::vector<std::string> AllAbsolute(const std::vector<std::string>& paths) {
   std::vector<std::string> absolute(paths.size());
-  std::ranges::transform(paths, absolute.begin(), Absolute);
+  std::ranges::transform(paths, absolute.begin(), AbsolutePath);
   return absolute;
 }
 
@@ -50,7 +34,8 @@ Result<void> ApplySettings(Session& session, const ConvertArguments& arguments) 
   const std::vector<std::string> defaults{"ShowDos=0", "ShowDosPause=0", "WaitToEndDos=-1", "RunDivX=0",
                                           "ReplaceDivX=0"};
   if (auto applied = ApplyAssignments(session, defaults); !applied) return applied;
-  return ApplyAssignments(session, arguments.settings);
+  if (auto applied = ApplyAssignments(session, arguments.settings); !applied) return applied;
+  return UseCommands(session, arguments.commands);
 }
 
 // The report's lines as lines of a terminal.
@@ -65,6 +50,8 @@ Json AsJson(const ConvertedVideo& video) {
           {"output", made ? Json(video.output) : Json(nullptr)},
           {"error", made ? Json(nullptr) : Json(video.error)}};
 }
+
+}  // namespace
 
 int RunConvert(const ConvertArguments& arguments, const std::string& data_folder) {
   const Interrupt interrupt;
@@ -98,7 +85,21 @@ int RunConvert(const ConvertArguments& arguments, const std::string& data_folder
   return all_made && printed ? kExitDone : kExitFailed;
 }
 
-}  // namespace
+void AddConvertOptions(CLI::App& command, ConvertArguments& arguments, CliContext& context) {
+  command.add_option("--set", arguments.settings, "A setting to use instead of the stored one, as VertPos0=60")
+      ->type_name("KEY=VALUE")
+      ->take_all()
+      ->expected(1);
+  AddCommandsOption(command, arguments.commands);
+  command.add_flag("--remove-unknown", arguments.remove_unknown,
+                   "Leave streams of an unknown kind out; without this, a video that has any is not converted");
+  command.add_flag("--keep-temp", arguments.keep_temp,
+                   "Keep bitmaps, lists and the script (in tmp of the data folder)");
+  command.add_flag("--json", arguments.json, "Tell what was made as JSON");
+  command.add_flag("--quiet", arguments.quiet, "Show no progress and no warnings");
+  command.add_option("--data", context.data_folder, "The folder of the settings, instead of the program's own")
+      ->type_name("DIR");
+}
 
 void AddConvertCommand(CLI::App& app, CliContext& context) {
   auto arguments = std::make_shared<ConvertArguments>();
@@ -111,18 +112,7 @@ void AddConvertCommand(CLI::App& app, CliContext& context) {
       ->type_name("FILE")
       ->take_all()
       ->expected(1);
-  command->add_option("--set", arguments->settings, "A setting to use instead of the stored one, as VertPos0=60")
-      ->type_name("KEY=VALUE")
-      ->take_all()
-      ->expected(1);
-  command->add_flag("--remove-unknown", arguments->remove_unknown,
-                    "Leave streams of an unknown kind out; without this, a video that has any is not converted");
-  command->add_flag("--keep-temp", arguments->keep_temp,
-                    "Keep bitmaps, lists and the script (in tmp of the data folder)");
-  command->add_flag("--json", arguments->json, "Tell what was made as JSON");
-  command->add_flag("--quiet", arguments->quiet, "Show no progress and no warnings");
-  command->add_option("--data", context.data_folder, "The folder of the settings, instead of the program's own")
-      ->type_name("DIR");
+  AddConvertOptions(*command, *arguments, context);
   command->callback([arguments, &context] {
     const bool several = arguments->videos.size() > 1;
     if (several && !arguments->subtitles.empty()) throw CLI::ValidationError("--subtitle", "goes with a single video");

@@ -64,6 +64,7 @@ void AddAsJson(const SubtitleCue& cue, bool outside, std::string& json) {
   json += Serialized(cue.Text);
   json += ",\"tag\":";
   json += Serialized(cue.Tag);
+  json += cue.Selected ? ",\"selected\":true" : ",\"selected\":false";
   json += outside ? ",\"outside\":true}" : ",\"outside\":false}";
 }
 

@@ -19,9 +19,9 @@ using ListingSink = std::function<bool(std::string_view)>;
 // can steer the terminal) and a line that counts.
 bool ListCuesAsTable(const SubtitleTrack& track, const ListingSink& sink);
 
-// {"file", "encoding", "undecodable", "cues": [{"number", "show", "hide", "text", "tag", "outside"}], "problem"}. The
-// row of a VobSub index has the number null, as its file has the encoding null. Bytes of a file name that are no UTF-8
-// appear as U+FFFD.
+// {"file", "encoding", "undecodable", "cues": [{"number", "show", "hide", "text", "tag", "selected", "outside"}],
+// "problem"}. The row of a VobSub index has the number null, as its file has the encoding null. Bytes of a file name
+// that are no UTF-8 appear as U+FFFD.
 bool ListCuesAsJson(const SubtitleTrack& track, const ListingSink& sink);
 
 }  // namespace captoria

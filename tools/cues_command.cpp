@@ -10,6 +10,7 @@
 #include "app/session.h"
 #include "platform/text_encoding.h"
 #include "tools/cli_session.h"
+#include "tools/commands_option.h"
 #include "tools/cue_listing.h"
 
 namespace captoria {
@@ -18,12 +19,17 @@ namespace {
 struct CuesOptions {
   std::string file;
   std::string encoding;
+  std::string commands;
   bool json = false;
 };
 
 int RunCues(const CuesOptions& options, const std::string& data_folder) {
   CliSession cli(data_folder);
   Session& session = cli.session;
+  if (auto used = UseCommands(session, options.commands); !used) {
+    Complain(used.error().message);
+    return kExitUsage;
+  }
 
   const auto loaded =
       LoadFileToList(session, options.file,
@@ -48,6 +54,7 @@ void AddCuesCommand(CLI::App& app, CliContext& context) {
       ->type_name("NAME")
       ->check(CLI::Validator([](std::string& name) { return IsKnownEncoding(name) ? "" : "no such encoding: " + name; },
                              "", "encoding"));
+  AddCommandsOption(*command, options->commands);
   command->add_option("--data", context.data_folder, "The folder of the settings, instead of the program's own")
       ->type_name("DIR");
   command->callback([options, &context] { context.status = RunCues(*options, context.data_folder); });

@@ -18,6 +18,7 @@
 #include "platform/utf8.h"
 #include "render/cue_batch.h"
 #include "tools/cli_session.h"
+#include "tools/commands_option.h"
 #include "tools/terminal_progress.h"
 
 namespace captoria {
@@ -29,6 +30,7 @@ struct RenderOptions {
   std::string file;
   std::string out;
   std::vector<std::string> settings;
+  std::string commands;
   std::size_t first = 1;
   std::size_t last = std::numeric_limits<std::size_t>::max();
   unsigned threads = 0;
@@ -91,7 +93,9 @@ Result<RenderedBatch> Render(Session& session, const RenderOptions& options, Cue
 int RunRender(const RenderOptions& options, const std::string& data_folder) {
   CliSession cli(data_folder);
   Session& session = cli.session;
-  if (auto applied = ApplyAssignments(session, options.settings); !applied) {
+  auto applied = ApplyAssignments(session, options.settings);
+  if (applied) applied = UseCommands(session, options.commands);
+  if (!applied) {
     Complain(applied.error().message);
     return kExitUsage;
   }
@@ -120,6 +124,7 @@ void AddRenderCommand(CLI::App& app, CliContext& context) {
       ->type_name("KEY=VALUE")
       ->take_all()
       ->expected(1);
+  AddCommandsOption(*command, options->commands);
   command->add_option("--first", options->first, "Number of the first cue")->check(CLI::PositiveNumber)->type_name("N");
   command->add_option("--last", options->last, "Number of the last cue")->check(CLI::PositiveNumber)->type_name("M");
   command->add_option("--threads", options->threads, "Threads to draw with; the bitmaps do not depend on it")

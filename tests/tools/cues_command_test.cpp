@@ -47,8 +47,9 @@ TEST_F(CuesCommand, ListsJson) {
   EXPECT_EQ(Json::parse(run.out),
             Json::parse(R"({"file": ")" + file + R"(", "encoding": "UTF-8", "undecodable": 0, "cues": [
     {"number": 1, "show": "00:00:01,000", "hide": "00:00:02,000", "text": "<i>a</i>\r\nb\u001b[2J", "tag": "",
-     "outside": false},
-    {"number": 2, "show": "00:00:03,000", "hide": "00:00:04,000", "text": "\"c\"", "tag": "", "outside": false}],
+     "selected": false, "outside": false},
+    {"number": 2, "show": "00:00:03,000", "hide": "00:00:04,000", "text": "\"c\"", "tag": "", "selected": false,
+     "outside": false}],
     "problem": null})"));
 }
 
@@ -83,6 +84,45 @@ TEST_F(CuesCommand, CuesOutsideTheSafeAreaAreMarkedAndHaveTheirFittedSize) {
   EXPECT_EQ(cues.at(1)["outside"], false);
   EXPECT_EQ(cues.at(2)["outside"], true);
   EXPECT_EQ(cues.at(2)["tag"], "14");
+}
+
+TEST_F(CuesCommand, RunsTheCommandsOfTheSettingsOrOfTheCommandLineInstead) {
+  const std::string file = folder_.Put("a.srt", kTwoCues);
+  folder_.Put("Captoria.ini",
+              "[General]\nBatchToRun=" + folder_.Put("stored.cbx", "select 2,,\nposalignment 7, r") + "\n");
+  const auto tags = [&](const std::vector<std::string>& arguments) {
+    std::string tags;
+    const Json listed = Json::parse(Cues(arguments).out);
+    for (const Json& cue : listed["cues"]) {
+      tags += cue["tag"].get<std::string>() + (cue["selected"] == true ? "+;" : "-;");
+    }
+    return tags;
+  };
+  EXPECT_EQ(tags({file, "--json"}), "|7r+;-;");
+  EXPECT_EQ(tags({file, "--json", "--commands", folder_.Put("other .cbx ", "select 1,,\nposalignment 9,")}), "-;|9+;");
+
+  const auto faulty = Cues({file, "--commands", folder_.Put("faulty.cbx", "\nselect 1")});
+  EXPECT_EQ(faulty.status, 0);
+  EXPECT_EQ(faulty.err, "captoria-cli: warning: " + folder_.File("faulty.cbx") + ": Error in batch at line 2\n");
+  for (const std::string& useless : {folder_.File("none.cbx"), folder_.Put("large.cbx", std::string(10 << 20, ','))}) {
+    const auto refused = Cues({file, "--commands", useless});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.err, HasSubstr(useless));
+    EXPECT_THAT(refused.out, IsEmpty());
+  }
+}
+
+TEST_F(CuesCommand, CommandsKnowTheLettersOfTheUsersLanguage) {
+  const std::string file = folder_.Put("a.srt", "1\n00:00:01,000 --> 00:00:02,000\nIsparta\n");
+  const std::string commands = folder_.Put("a.cbx", "select , \"i\", \"\"");
+  const auto selected = [&](const char* locale) {
+    setenv("LC_ALL", locale, 1);
+    const Json cues = Json::parse(Cues({file, "--json", "--commands", commands}).out)["cues"];
+    unsetenv("LC_ALL");
+    return cues.at(0)["selected"].get<bool>();
+  };
+  EXPECT_TRUE(selected("en_US.UTF-8"));
+  EXPECT_FALSE(selected("tr_TR.UTF-8"));
 }
 
 TEST_F(CuesCommand, AnIndexIsOneRow) {

@@ -56,7 +56,19 @@ TEST_F(RenderCommand, SettingsOfTheCommandLineCoverStoredOnes) {
   EXPECT_EQ(folder_.Get("Captoria.ini"), "[General]\nFontSize0=50\n") << "nothing is stored";
 }
 
+TEST_F(RenderCommand, DrawsTheCuesAsTheCommandsPlaceThem) {
+  file_ = folder_.Put("a.srt", "1\n00:00:01,000 --> 00:00:02,000\nTwo\nuneven lines\n");
+  const auto bitmap = [&](const std::string& commands) {
+    EXPECT_EQ(Render({file_, "--commands", folder_.Put("a.cbx", commands)}).status, 0);
+    return folder_.Get("out/bitmaps/bmp00001.bmp");
+  };
+  const std::string centred = bitmap("");
+  EXPECT_NE(bitmap("select , \"two\", \"\"\nposalignment , r"), centred);
+  EXPECT_EQ(bitmap("select , \"one\", \"\"\nposalignment , r"), centred);
+}
+
 TEST_F(RenderCommand, RefusesWhatItCannotDo) {
+  EXPECT_EQ(Render({file_, "--commands", folder_.File("none.cbx")}).status, 2);
   for (const char* setting : {"NoSuchKey=1", "FontSize0=big", "FontSize8=1", "FontSize0"}) {
     const auto run = Render({file_, "--set", setting});
     EXPECT_EQ(run.status, 2) << setting;

@@ -1,0 +1,55 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: Captoria contributors
+# SPDX-License-Identifier: MIT
+"""How long the window takes to be usable, against a window with nothing in it; and what a list of 20,000 cues takes to
+scroll, to select in and to draw a clicked cue of, without a screen."""
+
+import os
+import pathlib
+import statistics
+import subprocess
+import tempfile
+import time
+
+from read_srt import write_subtitles
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+BENCH = ROOT / "build/bin/window_bench"
+ENVIRONMENT = {**os.environ, "QT_QPA_PLATFORM": "offscreen"}
+ROUNDS = 11
+GOALS = {"scroll": "no pause", "click": "16 ms", "select all": "no pause", "select one": "no pause"}
+
+
+def measured(*arguments):
+    """{name: [milliseconds]}"""
+    output = subprocess.run([BENCH, *map(str, arguments)], env=ENVIRONMENT, check=True, stdout=subprocess.PIPE,
+                            stderr=subprocess.DEVNULL, text=True).stdout
+    times = {}
+    for line in output.splitlines():
+        name, _, value = line.rpartition(" ")
+        times.setdefault(name, []).append(float(value))
+    return times
+
+
+def main():
+    subprocess.run([ROOT / "scripts/build.sh", "release", "window_bench"], check=True)
+    starts = {"bare": [], "start": []}
+    for _ in range(ROUNDS):
+        for mode, times in starts.items():
+            with tempfile.TemporaryDirectory() as data:
+                extra = [data] if mode == "start" else []
+                times += measured(mode, time.monotonic_ns(), *extra)["start"]
+    ours, bare = (statistics.median(starts[mode]) for mode in ("start", "bare"))
+    print(f"start to usable window: {ours:.0f} ms, {ours / bare:.2f} times a window with nothing in it; goal: 400 ms")
+    with tempfile.TemporaryDirectory() as folder:
+        path = pathlib.Path(folder)
+        write_subtitles(path / "long.srt", 20_000)
+        times = measured("cues", path / "data", ROOT / "samples/harbour.avi", path / "long.srt")
+    print("20,000 cues, with the preview on:")
+    for name, values in times.items():
+        print(f"  {name:<11} {statistics.median(values):7.1f} ms, longest of {len(values)}: {max(values):.1f} ms; "
+              f"goal: {GOALS[name]}")
+
+
+if __name__ == "__main__":
+    main()
