@@ -13,6 +13,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolBar>
+#include <algorithm>
 #include <utility>
 
 #include "ui/qt_text.h"
@@ -54,7 +55,11 @@ class Walk {
 
   void Visit(QObject& object) {
     if (auto* action = qobject_cast<QAction*>(&object)) {
-      if (action->menu() == nullptr && !action->isSeparator()) {
+      // Others are reached by their toolbar.
+      const bool in_menu = std::ranges::any_of(action->associatedObjects(), [](const QObject* shown_by) {
+        return qobject_cast<const QMenu*>(shown_by) != nullptr;
+      });
+      if (in_menu && action->menu() == nullptr && !action->isSeparator() && !action->property(kShowsData).toBool()) {
         Add(KeyOf(*action), action->text(), [action](const QString& text) { action->setText(text); });
       }
     } else if (auto* bar = qobject_cast<QTabBar*>(&object)) {

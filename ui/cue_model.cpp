@@ -16,7 +16,9 @@ namespace {
 // Lines of a cue in one line of the list.
 QString OneLine(const std::string& text) {
   QString line = ToQt(text);
-  return line.replace(QStringLiteral("\r\n"), QStringLiteral(" \u23CE "));
+  line.replace(QStringLiteral("\r\n"), QStringLiteral(" \u23CE "));
+  // A line of the other direction than the window's is set apart, or its full stop would stand before it.
+  return line.isRightToLeft() == QApplication::isRightToLeft() ? line : QChar(0x2068) + line + QChar(0x2069);
 }
 
 }  // namespace

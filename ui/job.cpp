@@ -5,10 +5,12 @@
 
 #include <QEventLoop>
 #include <QHBoxLayout>
+#include <algorithm>
 #include <thread>
 
 #include "ui/captions.h"
 #include "ui/hidden_text.h"
+#include "ui/on_gui_thread.h"
 
 namespace captoria {
 
@@ -36,6 +38,7 @@ JobBar::JobBar(QWidget* parent)
       bitmaps_text_(HiddenText("lblCreateBitmaps", tr("Creating Bitmaps..."), this)),
       film_text_(HiddenText("lblWritingFilm", tr("Writing the film"), this)),
       time_text_(HiddenText("lblTimeLeft", tr(", %1 s left"), this)),
+      item_text_(HiddenText("lblJobItem", tr("%1 of %2, %3: "), this)),
       state_(std::make_shared<State>()),
       stop_(std::make_shared<std::atomic<bool>>(false)) {
   setObjectName("jobBar");
@@ -62,9 +65,16 @@ void JobBar::Run(const std::function<void()>& work) {
   if (busy_) return;
   busy_ = true;
   *stop_ = false;
+  state_->item = 0;
+  state_->items = 1;
+  state_->done = 0;
+  state_->total = 0;
+  item_name_.clear();
+  since_.start();
   cancel_->setEnabled(true);
   label_->clear();
   bar_->setRange(0, 0);
+  bar_->setValue(0);
   constexpr int kLookEvery = 50;  // milliseconds
   timer_.start(kLookEvery);
   show();
@@ -86,33 +96,38 @@ std::unique_ptr<JobProgress> JobBar::BeginWork(Work work) {
   state_->work = work;
   state_->done = 0;
   state_->total = 0;
-  ++state_->begun;
   return std::make_unique<Reporter>(state_, stop_);
+}
+
+void JobBar::BeginItem(int index, int count, const QString& name) {
+  state_->done = 0;
+  state_->total = 0;
+  state_->work = Work::Bitmaps;
+  state_->item = index;
+  state_->items = count;
+  OnGuiThread(this, [&] { item_name_ = item_text_->text().arg(index + 1).arg(count).arg(name); });
 }
 
 void JobBar::ShowState() {
   const std::size_t done = state_->done, total = state_->total;
+  const bool drawing = state_->work == Work::Bitmaps;
+  label_->setText(item_name_);
   if (total == 0 || done == 0 || done > total) return;
-  if (shown_ != state_->begun || !since_.isValid() || done < done_at_first_) {
-    shown_ = state_->begun;
-    done_at_first_ = done;
-    since_.start();
-  }
+  // A film's two halves take about the same time on a fast disk; on a slow one the second does.
+  const double half = static_cast<double>(done) / static_cast<double>(total) / 2;
+  const double part = (state_->item + half + (drawing ? 0 : 0.5)) / state_->items;
   constexpr int kSteps = 1000;
   bar_->setRange(0, kSteps);
-  bar_->setValue(static_cast<int>(done * kSteps / total));
-  const QString what =
-      state_->work == Work::Bitmaps ? bitmaps_text_->text() + QString::number(done) : film_text_->text();
-  label_->setText(what + TimeLeft(done, total));
+  bar_->setValue(std::max(bar_->value(), static_cast<int>(part * kSteps)));
+  const QString what = drawing ? bitmaps_text_->text() + QString::number(done) : film_text_->text();
+  label_->setText(item_name_ + what + TimeLeft(part));
 }
 
-QString JobBar::TimeLeft(std::size_t done, std::size_t total) const {
+QString JobBar::TimeLeft(double part) const {
   constexpr qint64 kTellsNothing = 500;  // milliseconds
   const qint64 passed = since_.elapsed();
-  if (done <= done_at_first_ || passed < kTellsNothing) return {};
-  const auto left =
-      static_cast<double>(passed) * static_cast<double>(total - done) / static_cast<double>(done - done_at_first_);
-  return time_text_->text().arg(static_cast<qint64>(left / 1000) + 1);
+  if (part <= 0 || passed < kTellsNothing) return {};
+  return time_text_->text().arg(static_cast<qint64>(static_cast<double>(passed) * (1 - part) / part / 1000) + 1);
 }
 
 }  // namespace captoria

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// One long piece of work beside the window, with a bar that tells how far it is and a button that stops it.
+// One long piece of work beside the window, with a bar that tells how far it is and a button that stops it. The work is
+// a film, of which first the bitmaps are drawn and then the file is written, or a list of such films.
 #pragma once
 
 #include <QElapsedTimer>
@@ -33,7 +34,8 @@ class JobBar final : public QWidget {
   // The work that runs is asked to stop, as by the button.
   void Stop() { *stop_ = true; }
 
-  // For the work to report to; called on its thread.
+  // Both are for the work, on its thread: which film of a list begins, counted from 0; and where to report to.
+  void BeginItem(int index, int count, const QString& name);
   std::unique_ptr<JobProgress> BeginWork(Work work);
 
  signals:
@@ -46,23 +48,24 @@ class JobBar final : public QWidget {
     std::atomic<Work> work = Work::Bitmaps;
     std::atomic<std::size_t> done = 0;
     std::atomic<std::size_t> total = 0;
-    std::atomic<int> begun = 0;  // counts the pieces of work, so that time is reckoned anew for each
+    std::atomic<int> item = 0;
+    std::atomic<int> items = 1;
   };
   class Reporter;
 
   void ShowState();
-  QString TimeLeft(std::size_t done, std::size_t total) const;
+  QString TimeLeft(double part) const;
 
   QLabel* label_;
   QProgressBar* bar_;
   QPushButton* cancel_;
   QTimer timer_;
-  QElapsedTimer since_;  // the piece of work was first seen to move
-  std::size_t done_at_first_ = 0;
-  int shown_ = 0;
-  QLabel* bitmaps_text_;  // these three are hidden texts
+  QElapsedTimer since_;
+  QLabel* bitmaps_text_;  // these four are hidden texts
   QLabel* film_text_;
   QLabel* time_text_;
+  QLabel* item_text_;
+  QString item_name_;  // of the film of a list; set on the window's thread
   std::shared_ptr<State> state_;
   std::shared_ptr<std::atomic<bool>> stop_;
   bool busy_ = false;

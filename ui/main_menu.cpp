@@ -34,7 +34,7 @@ MainMenu::MainMenu(QMenuBar* bar, QToolBar* toolbar, const QList<QAction*>& styl
     : QObject(parent) {
   BuildFile(bar);
   BuildSubtitles(bar, style_actions);
-  BuildLater(bar);
+  BuildBatchAndHelp(bar);
   BuildPopup(bar);
   BuildToolbar(toolbar);
 }
@@ -116,10 +116,10 @@ void MainMenu::BuildOutlineWidths(QMenu* menu, const QList<QAction*>& style_acti
   }
 }
 
-void MainMenu::BuildLater(QMenuBar* bar) {
-  QMenu* batch = AddMenu(bar, "mnuBatchCommands", tr("&Batch commands"));
-  QAction* none = Later(Add(batch, "mnuBatch", tr("None batch file")));
-  none->setProperty("Index", 0);
+void MainMenu::BuildBatchAndHelp(QMenuBar* bar) {
+  batch_commands = AddMenu(bar, "mnuBatchCommands", tr("&Batch commands"));
+  no_batch_file = Add(batch_commands, "mnuBatch", tr("None batch file"));
+  no_batch_file->setProperty("Index", 0);
   QMenu* help = AddMenu(bar, "mnuHelp", tr("&Help"));
   QMenu* languages = help->addMenu(tr("&Languages"));
   languages->setObjectName("mnuLanguages");
@@ -137,8 +137,8 @@ void MainMenu::BuildPopup(QMenuBar* bar) {
   center = Add(selected_subs, "mnuCenterAl", tr("&Center alignment"), "align-center", tr("Ctrl+E"));
   right = Add(selected_subs, "mnuRightAl", tr("&Right alignment"), "align-right", tr("Ctrl+R"));
   selected_subs->addSeparator()->setObjectName("mnuforSelectedSubsSep");
-  Later(Add(selected_subs, "mnuSetPosAlign", tr("Set &pos and alignment...")));
-  Later(Add(selected_subs, "mnuSelectSub", tr("&Select subtitles...")));
+  set_pos_align = Add(selected_subs, "mnuSetPosAlign", tr("Set &pos and alignment..."), nullptr, tr("Ctrl+G"));
+  select_subs = Add(selected_subs, "mnuSelectSub", tr("&Select subtitles..."), nullptr, QKeySequence::Find);
 }
 
 void MainMenu::BuildToolbar(QToolBar* toolbar) {

@@ -39,12 +39,16 @@ class MainMenu final : public QObject {
   QAction* left;
   QAction* center;
   QAction* right;
+  QAction* set_pos_align;
+  QAction* select_subs;
+  QMenu* batch_commands;
+  QAction* no_batch_file;
 
  private:
   void BuildFile(QMenuBar* bar);
   void BuildSubtitles(QMenuBar* bar, const QList<QAction*>& style_actions);
   void BuildOutlineWidths(QMenu* menu, const QList<QAction*>& style_actions);
-  void BuildLater(QMenuBar* bar);
+  void BuildBatchAndHelp(QMenuBar* bar);
   void BuildPopup(QMenuBar* bar);
   void BuildToolbar(QToolBar* toolbar);
   QAction* Add(QMenu* menu, const char* name, const QString& text, const char* icon = nullptr,

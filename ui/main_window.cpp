@@ -17,7 +17,9 @@
 #include "app/safe_area_commands.h"
 #include "platform/path_text.h"
 #include "ui/hidden_text.h"
+#include "ui/position_dialog.h"
 #include "ui/qt_text.h"
+#include "ui/select_subs_dialog.h"
 #include "ui/start_page.h"
 #include "ui/welcome_dialog.h"
 
@@ -85,6 +87,7 @@ void Form1::Build() {
   status_ = new StatusLabels(statusBar());
   commands_ = new WindowCommands(session_, *jobs_, this);
   state_->KeepRecent(menu_->recent);
+  batch_menu_ = new BatchCommandsMenu(session_, menu_->batch_commands, menu_->no_batch_file);
 }
 
 QWidget* Form1::BuildWorkPage() {
@@ -144,7 +147,9 @@ void Form1::ConnectMenu() {
   on(menu_->left, [this] { SetAlignment(Alignment::Left); });
   on(menu_->center, [this] { SetAlignment(Alignment::Center); });
   on(menu_->right, [this] { SetAlignment(Alignment::Right); });
-  tracks_->List()->addActions({menu_->left, menu_->center, menu_->right});  // for their shortcuts
+  on(menu_->set_pos_align, [this] { SetPosAlign(); });
+  on(menu_->select_subs, [this] { SelectSubs(); });
+  tracks_->List()->addActions(menu_->selected_subs->actions());  // for their shortcuts
   on(menu_->preview, [this](bool shown) {
     session_.settings.Preview = shown;
     preview_->SetPreviewOn(shown);
@@ -159,9 +164,14 @@ void Form1::ConnectParts() {
   connect(&view_, &WindowView::TracksChanged, this, &Form1::ShowTracks);
   connect(&view_, &WindowView::VideoChanged, this, &Form1::ShowVideo);
   connect(&view_, &WindowView::StreamsWanted, streams_dock_, &QDockWidget::show);
+  connect(&view_, &WindowView::CommandsRun, this, &Form1::ShowCommandsRun);
   connect(&view_, &WindowView::Warned, status_, &StatusLabels::Tell);
   connect(tracks_, &TrackTabs::TrackChosen, this, &Form1::ShowTracks);
-  connect(tracks_, &TrackTabs::CueChosen, this, &Form1::ShowCue);
+  connect(tracks_, &TrackTabs::CueChosen, this, [this] {
+    ShowCue();
+    const SubtitleCue* cue = tracks_->CurrentCue();
+    if (cue != nullptr && !cue->Tag.empty()) status_->Tell(tracks_->TagText(*cue));
+  });
   connect(tracks_, &TrackTabs::SelectionChanged, this, &Form1::ShowCounts);
   connect(tracks_, &TrackTabs::MenuWanted, this, [this](const QPoint& at) {
     if (!session_.tracks.Current().IsIdx()) menu_->selected_subs->popup(at);
@@ -226,7 +236,6 @@ void Form1::ShowCue() {
   if (cue != nullptr) style_->ShowVerticalPosition(ReadPlacement(cue->Tag).position.value_or(track.style.VertPos));
   preview_->SetVertical(style_->VerticalPosition(), style_->VerticalMaximum());
   preview_->ShowCue(cue);
-  if (cue != nullptr && !cue->Tag.empty()) status_->Tell(tracks_->TagText(*cue));
 }
 
 void Form1::ShowCounts() {
@@ -258,6 +267,35 @@ void Form1::SetAlignment(Alignment align) {
   SetAlignForSelectedSubs(session_, align);
   tracks_->Refresh();
   ShowCue();
+}
+
+void Form1::SetPosAlign() {
+  if (!session_.tracks.Current().IsRendered()) return;
+  Form3 dialog(session_, CommandMode::Apply,
+               {tracks_->CurrentCue(), style_->VerticalPosition(), style_->VerticalMaximum()}, this);
+  const auto show = [this] {
+    tracks_->Refresh();
+    ShowCue();
+  };
+  connect(&dialog, &Form3::Previewed, this, show);
+  dialog.exec();
+  show();
+}
+
+void Form1::SelectSubs() {
+  if (!session_.tracks.Current().IsRendered()) return;
+  frmSelectSubs(session_, CommandMode::Apply, this).exec();
+  tracks_->ShowSelection();
+  ShowCounts();
+}
+
+void Form1::ShowCommandsRun(const QString& file_name, int selected) {
+  if (jobs_->IsBusy()) return;  // all is shown when the job is over
+  tracks_->Refresh();
+  tracks_->ShowSelection();
+  ShowCue();
+  status_->TellBatch(file_name);
+  status_->ShowSelected(selected);
 }
 
 void Form1::SetBusy(bool busy) {

@@ -11,6 +11,7 @@
 #include <QStackedWidget>
 
 #include "app/session.h"
+#include "ui/batch_commands_menu.h"
 #include "ui/captions.h"
 #include "ui/info.h"
 #include "ui/job.h"
@@ -61,6 +62,9 @@ class Form1 final : public QMainWindow {
   void SetFitFont(bool fit);
   void CheckSafeAreaAgain();
   void SetAlignment(Alignment align);
+  void SetPosAlign();
+  void SelectSubs();
+  void ShowCommandsRun(const QString& file_name, int selected);
   void SetBusy(bool busy);
 
   Session& session_;
@@ -80,6 +84,7 @@ class Form1 final : public QMainWindow {
   QLabel* stop_text_;
   WindowCommands* commands_;
   WindowState* state_;
+  BatchCommandsMenu* batch_menu_;
   WindowCaptions captions_{*this};
   bool closing_ = false;  // as soon as the job has stopped
 

@@ -4,6 +4,7 @@
 #include "ui/style_panel.h"
 
 #include <QAbstractItemView>
+#include <QEvent>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -79,6 +80,7 @@ void StylePanel::Build() {
   own_position_ = NoteOf("lblOwnPos", tr("Selected subtitle has own position"), this);
   outline_row_ = BuildOutline();
   alignment_row_ = BuildAlignment();
+  KeepAlignmentOrder();
 
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(kSpacing);
@@ -123,23 +125,21 @@ QWidget* StylePanel::BuildAlignment() {
                                         {"optCenter", "Center", ":/icons/align-center.svg"},
                                         {"optRight", "Right", ":/icons/align-right.svg"}};
   auto* group = new QWidget(this);
-  group->setLayoutDirection(Qt::LeftToRight);  // left and right are those of the frame, which no language mirrors
-  auto* buttons = new QHBoxLayout;
-  buttons->setSpacing(kSpacing);
+  alignment_buttons_ = new QHBoxLayout;
+  alignment_buttons_->setSpacing(kSpacing);
   alignment_ = new QButtonGroup(this);
   for (const Button& made : kButtons) {
     auto* button = new QPushButton(QIcon(made.icon), tr(made.caption), group);
     button->setObjectName(made.name);
     button->setCheckable(true);
     alignment_->addButton(button, static_cast<int>(alignment_->buttons().size()));
-    buttons->addWidget(button);
+    alignment_buttons_->addWidget(button);
   }
-  buttons->addStretch(1);
   auto* layout = new QVBoxLayout(group);
   layout->setContentsMargins({});
   layout->setSpacing(2);
   layout->addWidget(LabelFor(alignment_->button(0), "lblInAlign", tr("Inside ali&gnment")), 0, Qt::AlignLeading);
-  layout->addLayout(buttons);
+  layout->addLayout(alignment_buttons_);
   return group;
 }
 
@@ -197,6 +197,16 @@ void StylePanel::LoadCorrectValues() {
   vertical_->SetRange(0, std::max(VerticalMaximum(), style.VertPos));
   vertical_->ShowValue(style.VertPos);
   horizontal_->ShowValue(style.HorPos);
+}
+
+// Left and right are those of the frame, which no language mirrors.
+void StylePanel::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::LayoutDirectionChange) KeepAlignmentOrder();
+  QWidget::changeEvent(event);
+}
+
+void StylePanel::KeepAlignmentOrder() {
+  alignment_buttons_->setDirection(isRightToLeft() ? QBoxLayout::RightToLeft : QBoxLayout::LeftToRight);
 }
 
 void StylePanel::EnableButtons(bool enable) {

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <QAction>
+#include <QBoxLayout>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
@@ -63,11 +64,15 @@ class StylePanel final : public QWidget {
   // The same, because of the font: the safe viewing area has to be checked as well. StyleChanged is not told then.
   void FontChanged();
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   TrackStyle& Style() { return session_.tracks.Current().style; }
   void Build();
   QWidget* BuildOutline();
   QWidget* BuildAlignment();
+  void KeepAlignmentOrder();
   void BuildStream(QFormLayout* form);
   void Connect();
 
@@ -78,6 +83,7 @@ class StylePanel final : public QWidget {
   QSpinBox* bevel_;
   QWidget* outline_row_;
   QWidget* alignment_row_;
+  QBoxLayout* alignment_buttons_;
   QButtonGroup* alignment_;
   QCheckBox* right_to_left_;
   PositionSlider* vertical_;

@@ -46,7 +46,7 @@ TrackTabs::TrackTabs(Session& session, QWidget* parent)
   connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TrackTabs::TakeSelection);
   connect(list_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
     if (const SubtitleCue* cue = CurrentCue()) current_number_ = cue->Number;
-    emit CueChosen();
+    if (!restoring_) emit CueChosen();
   });
   connect(list_, &QTreeView::customContextMenuRequested, this, [this](const QPoint& at) {
     if (list_->indexAt(at).isValid()) emit MenuWanted(list_->viewport()->mapToGlobal(at));
@@ -72,7 +72,9 @@ void TrackTabs::RestoreCurrent() {
       if (model_->CueAt(i)->Number == current_number_) row = i;
     }
   }
+  restoring_ = true;
   list_->selectionModel()->setCurrentIndex(model_->index(row, 0), QItemSelectionModel::NoUpdate);
+  restoring_ = false;
 }
 
 SubtitleCue* TrackTabs::CurrentCue() const { return model_->CueAt(list_->currentIndex().row()); }
@@ -103,6 +105,11 @@ void TrackTabs::ChooseTab(int index) {
     session_.SelectLastTab();
   }
   emit TrackChosen();
+}
+
+void TrackTabs::ShowSelection() {
+  RestoreSelection();
+  list_->viewport()->update();  // nobody was told
 }
 
 // A track that is come back to has its cues selected as they were.

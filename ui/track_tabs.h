@@ -26,6 +26,9 @@ class TrackTabs final : public QWidget {
   // What is told of the tag of `cue`.
   QString TagText(const SubtitleCue& cue) const { return model_->TagText(cue); }
 
+  // Other cues are selected in the session.
+  void ShowSelection();
+
   // Tags have changed.
   void Refresh() { model_->Refresh(); }
 
@@ -37,7 +40,7 @@ class TrackTabs final : public QWidget {
 
  signals:
   void TrackChosen();  // another one is current now, and has to be shown
-  void CueChosen();
+  void CueChosen();    // by a person; the one that ShowTracks makes current is not told
   void SelectionChanged();
   void MenuWanted(const QPoint& global);
 
@@ -53,6 +56,7 @@ class TrackTabs final : public QWidget {
   QTreeView* list_;
   CueModel* model_;
   std::pair<int, std::string> shown_;  // the track, and its file
+  bool restoring_ = false;
   std::string current_number_;         // of the cue that was current last
 };
 

@@ -9,9 +9,11 @@
 #include "automation/batch_conversion.h"
 #include "pipeline/avi_inspection.h"
 #include "platform/files.h"
+#include "platform/path_text.h"
 #include "ui/about_dialog.h"
 #include "ui/ask_for_tool_dialog.h"
 #include "ui/batch_dialog.h"
+#include "ui/hidden_text.h"
 #include "ui/qt_text.h"
 
 namespace captoria {
@@ -21,6 +23,7 @@ WindowCommands::WindowCommands(Session& session, JobBar& jobs, QWidget* window)
       session_(session),
       jobs_(jobs),
       window_(window),
+      stopped_text_(HiddenText("lblBatchStopped", tr("Stopped. %1 of %2 videos were converted."), window)),
       scripts_(session.folders.executable, ProcessEnvironment()),
       outside_{.scripts = scripts_, .documents = documents_, .ask_for_tool = [window](Session& asking, Tool tool) {
                  return AskForToolDialog::Ask(asking, tool, window);
@@ -77,8 +80,22 @@ void WindowCommands::BatchConvert() {
   if (!dialog.Confirmed()) return;
   const std::vector<std::string> files = dialog.Files();
   CloseSubtitles();  // here, so that the list shows nothing of what the job's thread loads and closes
+  ConvertList(files);
+}
+
+void WindowCommands::ConvertList(const std::vector<std::string>& files) {
+  const auto count = static_cast<int>(files.size());
+  int begun = 0, made = 0;
+  const ConvertOptions options{
+      .subtitles{},
+      .begin = [&](const std::string& video) { jobs_.BeginItem(begun++, count, ToQt(GetFileNameOnly(video))); },
+      .done = [&](const ConvertedVideo& video) { made += video.output.empty() ? 0 : 1; }};
   ConvertReport report;
-  jobs_.Run([&] { report = ConvertVideos(session_, outside_, files, {}); });
+  jobs_.Run([&] { report = ConvertVideos(session_, outside_, files, options); });
+  if (report.stopped) {
+    const QString stopped = stopped_text_->text().arg(made).arg(count) + "\r\n";
+    report.text.insert(0, FromQt(stopped));
+  }
   session_.prompts.ShowMessage(std::string{"Batch results - "} + kProgramTitle, BatchResult(report.text));
 }
 

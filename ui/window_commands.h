@@ -4,6 +4,7 @@
 // What the window's menu entries do to the session, long work beside the window.
 #pragma once
 
+#include <QLabel>
 #include <QObject>
 #include <QStringList>
 
@@ -40,9 +41,12 @@ class WindowCommands final : public QObject {
   void VideoOpened(const QString& path);
 
  private:
+  void ConvertList(const std::vector<std::string>& files);
+
   Session& session_;
   JobBar& jobs_;
   QWidget* window_;
+  QLabel* stopped_text_;  // a hidden text
   CaptoriaRun scripts_;
   DesktopOpener documents_;
   Outside outside_;

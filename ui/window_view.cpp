@@ -20,6 +20,10 @@ void WindowView::ShowTracks() {
   OnGuiThread(this, [this] { emit TracksChanged(); });
 }
 
+void WindowView::ShowCommandsRun(const std::string& file_name, std::size_t selected) {
+  OnGuiThread(this, [&] { emit CommandsRun(PathToQt(file_name), static_cast<int>(selected)); });
+}
+
 void WindowView::Warn(const std::string& text) {
   OnGuiThread(this, [this, line = ToQt(text)] { emit Warned(line); });
 }

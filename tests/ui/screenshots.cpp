@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Pictures of the window for people to look at: screenshots FILM FOLDER.
+// Pictures of the window for people to look at: screenshots FILM FOLDER [track-2x]. With a third word there is one
+// picture, of that name; QT_SCALE_FACTOR makes it fit the name.
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QDir>
@@ -13,6 +14,7 @@
 #include "platform/program_folder.h"
 #include "tools/unattended_prompts.h"
 #include "ui/about_dialog.h"
+#include "ui/ask_for_tool_dialog.h"
 #include "ui/batch_dialog.h"
 #include "ui/main_window.h"
 #include "ui/welcome_dialog.h"
@@ -38,9 +40,18 @@ class Shots {
  public:
   Shots(QString film, QDir folder) : film_(std::move(film)), folder_(std::move(folder)) {}
 
+  void TakeTracks(const char* name) {
+    Window(name, true, [this](Form1& window) {
+      window.Commands().OpenFiles(
+          {QString(film_).replace(".avi", ".en.srt"), QString(film_).replace(".avi", ".ar.srt")});
+      window.findChild<QTabBar*>("TabStrip1")->setCurrentIndex(1);
+      SelectCue(window, 1);
+    });
+  }
+
   void Take() {
     Window("empty", false, [](Form1&) {});
-    Window("track", true, [](Form1& window) { SelectCue(window, 1); });
+    TakeTracks("track");
     Window("streams", true, [](Form1& window) { window.findChild<QAction*>("AviInfo")->trigger(); });
     Window("outside", true, [](Form1& window) { window.findChild<QAction*>("mnuOnlyOut")->trigger(); });
     const QPalette light = QApplication::palette();
@@ -66,7 +77,7 @@ class Shots {
     Session session({.executable = ExecutableFolder(), .data = folder_.filePath("data").toStdString()}, prompts, view);
     session.remembers = false;
     Form1 window(session, view);
-    window.resize(1024, 700);
+    window.resize(1024, 600);  // the smallest screen we care for
     window.show();
     if (with_film) window.Commands().OpenVideo(film_);
     act(window);
@@ -77,6 +88,12 @@ class Shots {
   void Dialogs() {
     UnattendedPrompts prompts(false);
     DesktopOpener opener;
+    WindowView view;
+    Session session({.executable = ExecutableFolder(), .data = folder_.filePath("data").toStdString()}, prompts, view);
+    AskForToolDialog mux(session, Tool::DivXMux, opener, nullptr);
+    Save(mux, "ask-for-divxmux");
+    AskForToolDialog converter(session, Tool::BmpToXSub, opener, nullptr);
+    Save(converter, "ask-for-bmptoxsub");
     frmWelcome welcome(nullptr);
     Save(welcome, "welcome");
     frmAbout about({.version = "3.5.0"}, prompts, opener, nullptr);
@@ -101,13 +118,14 @@ class Shots {
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
-  if (argc != 3) {
-    std::fputs("screenshots FILM FOLDER\n", stderr);
+  if (argc != 3 && argc != 4) {
+    std::fputs("screenshots FILM FOLDER [NAME]\n", stderr);
     return 2;
   }
   QApplication::setStyle(QStyleFactory::create("Fusion"));
   const QDir folder(argv[2]);
   folder.mkpath(".");
-  captoria::Shots(argv[1], folder).Take();
+  captoria::Shots shots(argv[1], folder);
+  argc == 4 ? shots.TakeTracks(argv[3]) : shots.Take();
   return 0;
 }
