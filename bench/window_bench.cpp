@@ -8,6 +8,7 @@
 //   window_bench cues DATA FILM SRT  a long list: scrolling through it, selecting in it, clicking cues
 //
 // STARTED is the monotonic clock in nanoseconds when the process was started.
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QMainWindow>
 #include <QScrollBar>
@@ -33,8 +34,9 @@ void Tell(const char* name, Clock::duration time) {
 
 // Until there is nothing left to do: all is painted, and a click would be heard.
 void Settle() {
-  while (QApplication::hasPendingEvents()) QApplication::processEvents();
-  QApplication::sendPostedEvents();
+  auto* events = QAbstractEventDispatcher::instance();
+  while (events->processEvents(QEventLoop::AllEvents)) {
+  }
 }
 
 void TellStart(const char* started) {

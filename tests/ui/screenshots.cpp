@@ -17,6 +17,8 @@
 #include "ui/ask_for_tool_dialog.h"
 #include "ui/batch_dialog.h"
 #include "ui/main_window.h"
+#include "ui/position_dialog.h"
+#include "ui/select_subs_dialog.h"
 #include "ui/welcome_dialog.h"
 
 namespace captoria {
@@ -94,6 +96,13 @@ class Shots {
     Save(mux, "ask-for-divxmux");
     AskForToolDialog converter(session, Tool::BmpToXSub, opener, nullptr);
     Save(converter, "ask-for-bmptoxsub");
+    frmSelectSubs select(session, CommandMode::ComposeOnly, nullptr);
+    select.findChild<QComboBox*>("cmbStart")->setCurrentIndex(2);
+    select.findChild<QLineEdit*>("txtStart")->setText("-");
+    Save(select, "select-subtitles");
+    Form3 position(session, CommandMode::ComposeOnly, {nullptr, 0, 500}, nullptr);
+    position.findChild<QSlider*>("Slider1")->setValue(120);
+    Save(position, "position");
     frmWelcome welcome(nullptr);
     Save(welcome, "welcome");
     frmAbout about({.version = "3.5.0"}, prompts, opener, nullptr);
