@@ -16,11 +16,13 @@ const std::string& StoredPath(const Session& session, Tool tool) {
 }  // namespace
 
 std::optional<std::string> AcceptToolPath(Session& session, Tool tool, const std::string& path) {
-  const char* window = tool == Tool::DivXMux ? "frmAskForDivXMux" : "frmAskForbmptoxsub";
+  const bool mux = tool == Tool::DivXMux;
   const std::string trimmed{Trim(path)};
-  if (trimmed.empty()) return session.TextFor({window, 1, "Please set a path"});
-  if (!FileExists(trimmed)) return session.TextFor({window, 2, "Please set a valid path"});
-  const auto stored = session.Store(tool == Tool::DivXMux ? "DivXMuxPath" : "bmpToxSubPath", trimmed);
+  if (trimmed.empty()) return session.TextFor(mux ? messages::kSetMuxPath : messages::kSetConverterPath);
+  if (!FileExists(trimmed)) {
+    return session.TextFor(mux ? messages::kSetValidMuxPath : messages::kSetValidConverterPath);
+  }
+  const auto stored = session.Store(mux ? "DivXMuxPath" : "bmpToxSubPath", trimmed);
   if (!stored) return stored.error().message;
   return std::nullopt;
 }

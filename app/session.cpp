@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "localisation/language_files.h"
 #include "platform/files.h"
 #include "settings/settings_file.h"
 #include "settings/settings_values.h"
@@ -43,6 +44,29 @@ Result<void> Session::Store(std::string_view key, const std::string& value) {
   return ini_.Update([&](IniDocument& document) { (void)ApplySetting(document, key, value); });
 }
 
+Result<void> Session::StoreAtOnce(const std::function<Result<void>(IniDocument&)>& save) {
+  auto stored = save(stored_);
+  if (!remembers) return stored;
+  if (auto created = CreateFolder(folders.data); !created) return created;
+  auto written = ini_.Update([&](IniDocument& document) { (void)save(document); });
+  return written ? stored : written;
+}
+
+Result<void> Session::SaveOptions() {
+  return StoreAtOnce([this](IniDocument& document) { return captoria::SaveOptions(document, settings); });
+}
+
+Font Session::StoredListFont(int index) const {
+  TrackStyle unused;
+  Font font;
+  LoadValuesForIndex(stored_, index, unused, font);
+  return font;
+}
+
+Result<void> Session::StoreListFont(int index, const Font& font) {
+  return StoreAtOnce([&](IniDocument& document) { return SaveListFont(document, index, font); });
+}
+
 void Session::SelectLastTab() {
   tracks.SelectLastTab(
       [this](int index, SubtitleTrack& track) { LoadValuesForIndex(stored_, index, track.style, track.list_font); });
@@ -69,6 +93,7 @@ Result<SubtitleBitmap*> Session::Bitmap() {
 Result<void> Session::Save() {
   if (auto created = CreateFolder(folders.data); !created) return created;
   settings.right_to_left = tracks.RightToLeft();
+  if (!LangFile.empty()) settings.Lang = LanguageName(LangFile);
   std::vector<TrackValues> open;
   for (const SubtitleTrack& track : tracks.Open()) open.push_back({track.style, track.list_font});
 

@@ -6,6 +6,7 @@
 // Commands are functions over a session, each in a file of its own; a session by itself only begins and ends.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -61,6 +62,13 @@ class Session {
   // Shutdown, and before a video is opened: writes all that is to be remembered (`SaveValues`), whole or not at all.
   Result<void> Save();
 
+  // What the options dialog edits, written at once, whole or not at all.
+  Result<void> SaveOptions();
+
+  // The font that the cue list of the next track of this index, 0 to 7, begins with; and its change, written at once.
+  Font StoredListFont(int index) const;
+  Result<void> StoreListFont(int index, const Font& font);
+
   // The message in the language of the session.
   std::string TextFor(const Message& message) const { return MessageText(language, message); }
 
@@ -68,6 +76,7 @@ class Session {
   Prompts& prompts;
   SessionView& view;
   LanguageDocument language;
+  std::string LangFile;  // base name of the language's file, as in "English.Captoria.exe"; empty until one was loaded
   Settings settings;
   TrackSet tracks;
   OpenVideo video;
@@ -78,6 +87,9 @@ class Session {
 
  private:
   void TakeSettings();
+
+  // Saves into what is read from now on and, where this session remembers, into the file.
+  Result<void> StoreAtOnce(const std::function<Result<void>(IniDocument&)>& save);
 
   clsIniFile ini_;
   IniDocument stored_;  // what the settings file held at the start, and what was put in its place

@@ -36,6 +36,9 @@ class SessionView {
   // are selected now.
   virtual void ShowCommandsRun(const std::string& /*file_name*/, std::size_t /*selected*/) {}
 
+  // The texts of the program are those of another language.
+  virtual void ShowLanguage() {}
+
   // Something worth telling that needs no answer: a file that was read only half-way, a letter no font has.
   virtual void Warn(const std::string& text) = 0;
 

@@ -38,6 +38,17 @@ constexpr Message kSelectToUpdate{"Form3", 1, "Select something to update"};
 constexpr Message kSetSomething{"frmSelectSubs", 1, "Please set something"};
 constexpr Message kSubtitlesSelected{"frmSelectSubs", 2, " subtitles selected"};  // behind a count
 
+constexpr Message kSetMuxPath{"frmAskForDivXMux", 1, "Please set a path"};
+constexpr Message kSetValidMuxPath{"frmAskForDivXMux", 2, "Please set a valid path"};
+constexpr Message kSetConverterPath{"frmAskForbmptoxsub", 1, "Please set a path"};
+constexpr Message kSetValidConverterPath{"frmAskForbmptoxsub", 2, "Please set a valid path"};
+
+// For whoever translates them.
+constexpr Message kAll[]{
+    kFileNotFound, kOutsideFitted,     kLoadAvi,          kLoadSubtitle,    kNoFileInfo,       kFinished,
+    kBatchError,   kUnknownStreams,    kOutsideNotFitted, kFailed,          kNothingToSave,    kSelectToUpdate,
+    kSetSomething, kSubtitlesSelected, kSetMuxPath,       kSetValidMuxPath, kSetConverterPath, kSetValidConverterPath};
+
 }  // namespace messages
 
 // The message in the document's language, else its English text.

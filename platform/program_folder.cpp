@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "platform/files.h"
 #include "platform/path_text.h"
 
 namespace captoria {
@@ -46,6 +47,11 @@ ProgramFolders FindProgramFolders(const std::string& chosen, const std::string& 
     folders.data = JoinPath(HomeFolder(environment), ".local/share/captoria");
   }
   return folders;
+}
+
+std::string ShippedFolder(const ProgramFolders& folders, const std::string& name) {
+  const std::string installed = JoinPath(folders.executable, "../share/captoria/" + name);
+  return FolderExists(installed) ? installed : JoinPath(folders.executable, name);
 }
 
 std::string ExecutableFolder() {

@@ -24,6 +24,10 @@ using Environment = std::function<std::optional<std::string>(const std::string& 
 ProgramFolders FindProgramFolders(const std::string& chosen, const std::string& executable_folder,
                                   const Environment& environment);
 
+// The shipped folder `name`, such as "languages": ../share/captoria/NAME seen from the executable when the program is
+// installed, else NAME beside the executable. It need not be there.
+std::string ShippedFolder(const ProgramFolders& folders, const std::string& name);
+
 // The folder of the running executable, links resolved; "." when the system does not tell.
 std::string ExecutableFolder();
 

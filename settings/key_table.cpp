@@ -36,7 +36,6 @@ constexpr auto kTrackListFont = &Reach<TrackValues, &TrackValues::list_font, Mem
 // Farther than any frame reaches, and near enough to be added up without fear.
 constexpr int kFarthest = 32767;
 constexpr int kLargestColor = 0xFFFFFF;
-constexpr std::string_view kListFontName = "MS Sans Serif";
 constexpr std::string_view kListFontSize = "8";
 
 using S = Settings;
@@ -63,7 +62,7 @@ constexpr auto kGlobalKeys = std::to_array<GlobalKey>({
     {"deleteBmp", "0", "delete the temporary bitmaps when a film is made", kGlobal<&S::deleteBmp>},
     {"deleteOther", "0", "delete the other temporary files when a film is made", kGlobal<&S::deleteOther>},
     {"ReplaceDivX", "0", "replace a film of the same name, else make another name", kGlobal<&S::ReplaceDivX>},
-    {"FrameForPreview", "50", "number of the video frame behind the preview", kGlobal<&S::FrameForPreview>, 0},
+    {"FrameForPreview", "50", "number of the video frame behind the preview, -1 the first", kGlobal<&S::FrameForPreview>, -1},
     {"ForceVideoHeight", "", "video height to reckon with in pixels, 0 for the video's own", kGlobal<&S::ForceVideoHeight>, 0, kFarthest},
     {"UsePalMode1", "0", "move the subtitles for PAL to NTSC conversion", kGlobal<&S::UsePalMode1>},
     {"LoadSubManyTimes", "1", "number of tracks a subtitle file is loaded into", kGlobal<&S::LoadSubManyTimes>, 1},
@@ -81,7 +80,7 @@ constexpr auto kGlobalKeys = std::to_array<GlobalKey>({
     {"RunDivX", "0", "play the film when it is made", kGlobal<&S::RunDivX>},
     {"AutoShowAviInfo", "0", "show the streams of an opened video", kGlobal<&S::AutoShowAviInfo>},
     {"MiddlePos", "250", "top of the divider between the cues and the preview, twips", kGlobal<&S::MiddlePos>},
-    {"FontNameL", kListFontName, "font of the cue lists", kListFont<&Font::name>},
+    {"FontNameL", kDefaultListFontName, "font of the cue lists", kListFont<&Font::name>},
     {"FontSizeL", kListFontSize, "its size in points", kListFont<&Font::size>},
     {"FontBoldL", "0", "bold", kListFont<&Font::bold>},
     {"FontItalicL", "0", "italic", kListFont<&Font::italic>},
@@ -116,7 +115,7 @@ constexpr auto kTrackKeys = std::to_array<TrackKey>({
     {"FontBold", "0", "bold", kFont<&Font::bold>},
     {"FontItalic", "0", "italic", kFont<&Font::italic>},
     {"FontCharset", "1", "character set", kFont<&Font::charset>, 0, 255},
-    {"FontNameL", kListFontName, "font of this track's cue lists", kTrackListFont<&Font::name>},
+    {"FontNameL", kDefaultListFontName, "font of this track's cue lists", kTrackListFont<&Font::name>},
     {"FontSizeL", kListFontSize, "its size in points", kTrackListFont<&Font::size>},
     {"FontBoldL", "0", "bold", kTrackListFont<&Font::bold>},
     {"FontItalicL", "0", "italic", kTrackListFont<&Font::italic>},

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/prompts.h"
 #include "settings/placement.h"
@@ -14,6 +15,10 @@
 namespace captoria {
 
 using Font = FontChoice;  // a font that was chosen and a font that is kept are one thing
+
+// What settings files say of a cue list whose font nobody has chosen.
+inline constexpr std::string_view kDefaultListFontName = "MS Sans Serif";
+inline constexpr double kDefaultListFontSize = 8;  // points
 
 // An entry of a track's palette.
 struct Color {

@@ -41,5 +41,14 @@ TEST(ProgramFolders, AChosenFolderWins) {
   EXPECT_EQ(folders.executable, kReadOnly);
 }
 
+TEST(ProgramFolders, ShippedFilesAreBesideTheProgramUnlessItIsInstalled) {
+  const TestFolder folder;
+  const ProgramFolders folders{.executable = folder.File("bin"), .data = "/x"};
+  EXPECT_EQ(ShippedFolder(folders, "languages"), folder.File("bin/languages"));
+  folder.Put("share/captoria/languages/a.xml", "");
+  ASSERT_TRUE(CreateFolder(folder.File("bin")));
+  EXPECT_TRUE(FileExists(ShippedFolder(folders, "languages") + "/a.xml"));
+}
+
 }  // namespace
 }  // namespace captoria
