@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "ui/captions.h"
 #include "ui/link_label.h"
 #include "ui/on_gui_thread.h"
 #include "ui/qt_text.h"
@@ -23,6 +24,7 @@ AskForToolDialog::AskForToolDialog(Session& session, Tool tool, DocumentOpener& 
   layout->addStretch();
   AddButtons(layout);
   path_->setFocus();
+  ApplyCaptions(*this, session_.language);
 }
 
 QLabel* AskForToolDialog::AddLabel(QVBoxLayout* layout, const char* name, const QString& text) {

@@ -22,12 +22,6 @@ QMenu* AddMenu(QMenuBar* bar, const char* name, const QString& text) {
   return menu;
 }
 
-// What is there already and works later.
-QAction* Later(QAction* action) {
-  action->setEnabled(false);
-  return action;
-}
-
 }  // namespace
 
 MainMenu::MainMenu(QMenuBar* bar, QToolBar* toolbar, const QList<QAction*>& style_actions, QObject* parent)
@@ -58,7 +52,7 @@ void MainMenu::BuildFile(QMenuBar* bar) {
   Add(file, "mnuCloseThisSrt", tr("Close active srt/idx file"))->setVisible(false);
   close_srt = Add(file, "mnuCloseSrt", tr("&Close all srt/idx files"), nullptr, QKeySequence::Close);
   file->addSeparator()->setObjectName("mnuSep3");
-  options = Later(Add(file, "mnuOptions", tr("&Options..."), "options", QKeySequence::Preferences));
+  options = Add(file, "mnuOptions", tr("&Options..."), "options", QKeySequence::Preferences);
   file->addSeparator()->setObjectName("mnuSep156");
   batch_convert = Add(file, "mnuBatchConvert", tr("&Batch convert..."), nullptr, tr("Ctrl+B"));
   file->addSeparator()->setObjectName("mnuSep4");
@@ -121,9 +115,12 @@ void MainMenu::BuildBatchAndHelp(QMenuBar* bar) {
   no_batch_file = Add(batch_commands, "mnuBatch", tr("None batch file"));
   no_batch_file->setProperty("Index", 0);
   QMenu* help = AddMenu(bar, "mnuHelp", tr("&Help"));
-  QMenu* languages = help->addMenu(tr("&Languages"));
+  languages = help->addMenu(tr("&Languages"));
   languages->setObjectName("mnuLanguages");
-  Later(Add(languages, "mnuCreateLang", tr("&Create new Language...")));
+  create_lang = Add(languages, "mnuCreateLang", tr("&Create new Language..."));
+  languages->addSeparator()->setObjectName("mnuSep73");
+  no_language = Add(languages, "mnuLangDef", tr("Default"));
+  no_language->setProperty("Index", 0);
   help->addSeparator()->setObjectName("mnuSep59");
   welcome = Add(help, "mnuWelcome", tr("&Welcome dialog..."), nullptr, QKeySequence::HelpContents);
   about = Add(help, "mnuAbout", tr("&About..."));

@@ -43,6 +43,9 @@ class MainMenu final : public QObject {
   QAction* select_subs;
   QMenu* batch_commands;
   QAction* no_batch_file;
+  QMenu* languages;
+  QAction* create_lang;
+  QAction* no_language;
 
  private:
   void BuildFile(QMenuBar* bar);

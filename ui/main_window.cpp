@@ -12,12 +12,13 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "app/language_commands.h"
 #include "app/open_video.h"
 #include "app/placement_commands.h"
 #include "app/safe_area_commands.h"
 #include "platform/path_text.h"
 #include "ui/hidden_text.h"
-#include "ui/position_dialog.h"
+#include "ui/options_dialog.h"
 #include "ui/qt_text.h"
 #include "ui/select_subs_dialog.h"
 #include "ui/start_page.h"
@@ -45,6 +46,7 @@ QStringList FilesOf(const QMimeData* data) {
 
 Form1::Form1(Session& session, WindowView& view) : session_(session), view_(view) {
   setObjectName("Form1");
+  setProperty(kShowsData, true);
   setAcceptDrops(true);
   state_ = new WindowState(session_, this);
   Build();
@@ -54,7 +56,7 @@ Form1::Form1(Session& session, WindowView& view) : session_(session), view_(view
   view_.SetJobBar(jobs_);
   menu_->preview->setChecked(session_.settings.Preview);
   preview_->SetPreviewOn(session_.settings.Preview);
-  ShowLanguage();
+  RestoreLanguage(session_);
   ShowVideo();
   state_->Restore();
 }
@@ -87,6 +89,7 @@ void Form1::Build() {
   status_ = new StatusLabels(statusBar());
   commands_ = new WindowCommands(session_, *jobs_, this);
   state_->KeepRecent(menu_->recent);
+  languages_ = new LanguagesMenu(session_, menu_->languages, menu_->no_language);
   batch_menu_ = new BatchCommandsMenu(session_, menu_->batch_commands, menu_->no_batch_file);
 }
 
@@ -138,11 +141,12 @@ void Form1::ConnectMenu() {
   on(menu_->open_srt, [this] { commands_->OpenSubtitle({}); });
   on(menu_->close_srt, [this] { commands_->CloseSubtitles(); });
   on(menu_->batch_convert, [this] { commands_->BatchConvert(); });
+  on(menu_->options, [this] { ShowOptions(); });
   on(menu_->exit, [this] { close(); });
   on(menu_->make_divx, [this] { commands_->MakeDivX(); });
   on(menu_->fit_font, [this](bool fit) { SetFitFont(fit); });
   on(menu_->only_outside, [this](bool only) { ShowOnlyOutside(only); });
-  on(menu_->welcome, [this] { frmWelcome(this).exec(); });
+  on(menu_->welcome, [this] { frmWelcome(session_.language, this).exec(); });
   on(menu_->about, [this] { commands_->ShowAbout(); });
   on(menu_->left, [this] { SetAlignment(Alignment::Left); });
   on(menu_->center, [this] { SetAlignment(Alignment::Center); });
@@ -165,6 +169,7 @@ void Form1::ConnectParts() {
   connect(&view_, &WindowView::VideoChanged, this, &Form1::ShowVideo);
   connect(&view_, &WindowView::StreamsWanted, streams_dock_, &QDockWidget::show);
   connect(&view_, &WindowView::CommandsRun, this, &Form1::ShowCommandsRun);
+  connect(&view_, &WindowView::LanguageChanged, this, &Form1::ShowLanguage);
   connect(&view_, &WindowView::Warned, status_, &StatusLabels::Tell);
   connect(tracks_, &TrackTabs::TrackChosen, this, &Form1::ShowTracks);
   connect(tracks_, &TrackTabs::CueChosen, this, [this] {
@@ -269,10 +274,13 @@ void Form1::SetAlignment(Alignment align) {
   ShowCue();
 }
 
+PositionDialogStart Form1::PlacementStart() const {
+  return {tracks_->CurrentCue(), style_->VerticalPosition(), style_->VerticalMaximum()};
+}
+
 void Form1::SetPosAlign() {
   if (!session_.tracks.Current().IsRendered()) return;
-  Form3 dialog(session_, CommandMode::Apply,
-               {tracks_->CurrentCue(), style_->VerticalPosition(), style_->VerticalMaximum()}, this);
+  Form3 dialog(session_, CommandMode::Apply, PlacementStart(), this);
   const auto show = [this] {
     tracks_->Refresh();
     ShowCue();
@@ -287,6 +295,20 @@ void Form1::SelectSubs() {
   frmSelectSubs(session_, CommandMode::Apply, this).exec();
   tracks_->ShowSelection();
   ShowCounts();
+}
+
+void Form1::ShowOptions() {
+  FileRegistry registry(JoinPath(session_.folders.data, "Captoria.registry"));
+  ContextMenuEntry entry(registry, FileActions(ProcessEnvironment()), VerbProgram(session_.folders.executable));
+  Form2 dialog(session_, entry, PlacementStart(), this);
+  dialog.exec();
+  if (dialog.BatchFilesChanged()) batch_menu_->ReloadBatch();
+  const OptionsEffect& effect = dialog.Effect();
+  if (effect.frame_changed || effect.back_color_or_width_changed) {
+    ShowVideo();
+  } else if (effect.list_fonts_changed) {
+    ShowTracks();
+  }
 }
 
 void Form1::ShowCommandsRun(const QString& file_name, int selected) {
@@ -314,7 +336,10 @@ void Form1::SetBusy(bool busy) {
 }
 
 void Form1::ShowLanguage() {
+  look_.Apply(session_.language);
   captions_.Apply(session_.language);
+  languages_->ShowCurrent();
+  status_->ShowLanguage(ToQt(LanguageCredit(session_, FromQt(status_->Language()))));
   streams_->SetTitle1(stream_text_->text());
   streams_->SetTitle2(information_text_->text());
   ShowTracks();
@@ -322,7 +347,7 @@ void Form1::ShowLanguage() {
 
 void Form1::Welcome() {
   if (!session_.settings.ShowWelcome) return;
-  frmWelcome(this).exec();
+  frmWelcome(session_.language, this).exec();
   session_.settings.ShowWelcome = false;
   const auto stored = session_.Store("ShowWelcome", "0");
   if (!stored) view_.Warn(stored.error().message);

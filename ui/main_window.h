@@ -15,7 +15,10 @@
 #include "ui/captions.h"
 #include "ui/info.h"
 #include "ui/job.h"
+#include "ui/language_look.h"
+#include "ui/languages_menu.h"
 #include "ui/main_menu.h"
+#include "ui/position_dialog.h"
 #include "ui/preview_pane.h"
 #include "ui/status_labels.h"
 #include "ui/style_panel.h"
@@ -38,9 +41,6 @@ class Form1 final : public QMainWindow {
   // The first start greets the user.
   void Welcome();
 
-  // The session's language is another one.
-  void ShowLanguage();
-
  protected:
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
@@ -53,6 +53,7 @@ class Form1 final : public QMainWindow {
   void ConnectMenu();
   void ConnectParts();
 
+  void ShowLanguage();
   void ShowTracks();
   void ShowVideo();
   void ShowSystem();
@@ -62,8 +63,11 @@ class Form1 final : public QMainWindow {
   void SetFitFont(bool fit);
   void CheckSafeAreaAgain();
   void SetAlignment(Alignment align);
+  PositionDialogStart PlacementStart() const;
   void SetPosAlign();
   void SelectSubs();
+  void ShowOptions();
+  void CreateLanguage();
   void ShowCommandsRun(const QString& file_name, int selected);
   void SetBusy(bool busy);
 
@@ -85,7 +89,9 @@ class Form1 final : public QMainWindow {
   WindowCommands* commands_;
   WindowState* state_;
   BatchCommandsMenu* batch_menu_;
+  LanguagesMenu* languages_;
   WindowCaptions captions_{*this};
+  LanguageLook look_;
   bool closing_ = false;  // as soon as the job has stopped
 
   // What a job has changed: shown when it is over, for until then its thread may change it again.

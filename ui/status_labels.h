@@ -30,6 +30,7 @@ class StatusLabels final : public QObject {
 
   // Whose translation is on screen.
   void ShowLanguage(const QString& text) { language_->setText(text); }
+  QString Language() const { return language_->text(); }
 
  private:
   QLabel* message_;

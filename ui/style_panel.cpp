@@ -78,6 +78,10 @@ void StylePanel::Build() {
   horizontal_ = new PositionSlider("HorPos", tr("H&orizontal position"), tr("Horizontall pos"), this);
   own_alignment_ = NoteOf("lblOwnAlign", tr("Selected subtitle has own alignment"), this);
   own_position_ = NoteOf("lblOwnPos", tr("Selected subtitle has own position"), this);
+  titles_ = {HiddenText("lblFontTitle", tr("Font"), this)};
+  for (const StyleColor& color : kStyleColors) {
+    titles_.append(HiddenText(QByteArray("lblTitle_").append(color.key), tr(color.title), this));
+  }
   outline_row_ = BuildOutline();
   alignment_row_ = BuildAlignment();
   KeepAlignmentOrder();
@@ -225,7 +229,7 @@ void StylePanel::ShowOwn(const Placement& placement) {
 void StylePanel::SetVerticalMaximum(int maximum) { vertical_->SetRange(0, std::max(maximum, 0)); }
 
 void StylePanel::ChooseFont() {
-  const auto chosen = session_.prompts.AskFont(FromQt(tr("Font")), Style().font);
+  const auto chosen = session_.prompts.AskFont(FromQt(titles_.front()->text()), Style().font);
   if (!chosen) return;
   Style().font = *chosen;
   LoadCorrectValues();
@@ -235,7 +239,8 @@ void StylePanel::ChooseFont() {
 void StylePanel::ChooseColor(int palette_entry) {
   const StyleColor& asked = kStyleColors.at(static_cast<std::size_t>(palette_entry - 1));
   Color& color = Style().*asked.color;
-  const auto chosen = session_.prompts.AskColor(FromQt(tr(asked.title)), static_cast<std::uint32_t>(ValueOf(color)));
+  const auto chosen = session_.prompts.AskColor(FromQt(titles_.at(static_cast<std::size_t>(palette_entry))->text()),
+                                                static_cast<std::uint32_t>(ValueOf(color)));
   if (!chosen) return;
   color = SplitColour(static_cast<ColorValue>(*chosen));
   LoadCorrectValues();

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "ui/qt_font.h"
 #include "ui/qt_text.h"
 
 namespace captoria {
@@ -57,6 +58,7 @@ TrackTabs::TrackTabs(Session& session, QWidget* parent)
 void TrackTabs::ShowTracks() {
   RebuildTabs();
   model_->Reset();
+  list_->setFont(ListFont(session_.tracks.Current().list_font, font()));
   RestoreSelection();
   RestoreCurrent();
   list_->setProperty("Index", session_.tracks.CurrentIndex());

@@ -57,7 +57,7 @@ class TrackTabs final : public QWidget {
   CueModel* model_;
   std::pair<int, std::string> shown_;  // the track, and its file
   bool restoring_ = false;
-  std::string current_number_;         // of the cue that was current last
+  std::string current_number_;  // of the cue that was current last
 };
 
 }  // namespace captoria

@@ -9,6 +9,8 @@
 #include <QVBoxLayout>
 #include <array>
 
+#include "ui/captions.h"
+
 namespace captoria {
 namespace {
 
@@ -39,7 +41,7 @@ constexpr std::array kTexts = {
 
 }  // namespace
 
-frmWelcome::frmWelcome(QWidget* parent) : QDialog(parent) {
+frmWelcome::frmWelcome(const LanguageDocument& language, QWidget* parent) : QDialog(parent) {
   setObjectName("frmWelcome");
   setWindowTitle(tr("Welcome to the program"));
   auto* page = new QWidget;
@@ -76,6 +78,7 @@ frmWelcome::frmWelcome(QWidget* parent) : QDialog(parent) {
   layout->addWidget(scroll, 1);
   layout->addWidget(ok, 0, Qt::AlignTrailing);
   ok->setFocus();
+  ApplyCaptions(*this, language);
   const QFontMetrics letters(font());
   resize(letters.averageCharWidth() * 90, letters.lineSpacing() * 26);
 }

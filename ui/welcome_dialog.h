@@ -6,6 +6,8 @@
 
 #include <QDialog>
 
+#include "localisation/language_document.h"
+
 namespace captoria {
 
 // Labels "Label1" to "Label10" in reading order.
@@ -13,7 +15,7 @@ class frmWelcome final : public QDialog {
   Q_OBJECT
 
  public:
-  explicit frmWelcome(QWidget* parent);
+  frmWelcome(const LanguageDocument& language, QWidget* parent);
 };
 
 }  // namespace captoria

@@ -12,6 +12,7 @@
 #include <QMessageBox>
 
 #include "ui/on_gui_thread.h"
+#include "ui/qt_font.h"
 #include "ui/qt_text.h"
 
 namespace captoria {
@@ -77,14 +78,6 @@ class FileQuestion {
 
 QColor ToQColor(std::uint32_t color) {
   return {static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF), static_cast<int>(color >> 16 & 0xFF)};
-}
-
-QFont ToQFont(const FontChoice& choice) {
-  QFont font(ToQt(choice.name));
-  if (choice.size > 0) font.setPointSizeF(choice.size);
-  font.setBold(choice.bold);
-  font.setItalic(choice.italic);
-  return font;
 }
 
 FontChoice FromQFont(const QFont& font, FontChoice choice) {

@@ -20,6 +20,10 @@ void WindowView::ShowTracks() {
   OnGuiThread(this, [this] { emit TracksChanged(); });
 }
 
+void WindowView::ShowLanguage() {
+  OnGuiThread(this, [this] { emit LanguageChanged(); });
+}
+
 void WindowView::ShowCommandsRun(const std::string& file_name, std::size_t selected) {
   OnGuiThread(this, [&] { emit CommandsRun(PathToQt(file_name), static_cast<int>(selected)); });
 }

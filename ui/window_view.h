@@ -23,6 +23,7 @@ class WindowView final : public QObject, public SessionView {
   void ShowVideo() override;
   void BringUpStreams() override;
   void ShowTracks() override;
+  void ShowLanguage() override;
   void ShowCommandsRun(const std::string& file_name, std::size_t selected) override;
   void Warn(const std::string& text) override;
   std::unique_ptr<JobProgress> BeginWork(Work work) override;
@@ -30,6 +31,7 @@ class WindowView final : public QObject, public SessionView {
  signals:
   void VideoChanged();
   void StreamsWanted();
+  void LanguageChanged();
   void TracksChanged();
   void CommandsRun(const QString& file_name, int selected);
   void Warned(const QString& text);

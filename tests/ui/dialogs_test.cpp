@@ -146,7 +146,7 @@ TEST_F(Dialogs, TheAboutBoxTellsVersionsAndLeadsToPages) {
 }
 
 TEST_F(Dialogs, TheWelcomeFitsASmallScreenAndIsLeftByOk) {
-  frmWelcome welcome(nullptr);
+  frmWelcome welcome({}, nullptr);
   welcome.show();
   EXPECT_LE(welcome.width(), 1024);
   EXPECT_LE(welcome.height(), 600);

@@ -157,7 +157,7 @@ TEST_F(MainWindow, HasATextInALanguageFileForEveryCaption) {
                                           lblSubOut=" draußen" lblStream="Spur"/></L>)");
   session_->language = std::move(*LanguageDocument::Load(path));
   session_->SelectLastTab();
-  window_->ShowLanguage();
+  view_.ShowLanguage();
   EXPECT_EQ(Tabs(), QStringList({"Untertitel 1", "Untertitel 2", "<Neu>"}));
   Part<QTabBar>("TabStrip1")->setCurrentIndex(0);
   EXPECT_EQ(Status("lblStatus2"), "1 draußen");

@@ -103,7 +103,7 @@ class Shots {
     Form3 position(session, CommandMode::ComposeOnly, {nullptr, 0, 500}, nullptr);
     position.findChild<QSlider*>("Slider1")->setValue(120);
     Save(position, "position");
-    frmWelcome welcome(nullptr);
+    frmWelcome welcome({}, nullptr);
     Save(welcome, "welcome");
     frmAbout about({.version = "3.5.0"}, prompts, opener, nullptr);
     Save(about, "about");

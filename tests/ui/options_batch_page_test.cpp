@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "ui/options_batch_page.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QTimer>
+#include <stdexcept>
+
+#include "tests/support/qt_application.h"
+#include "tests/support/quiet_view.h"
+#include "tests/support/scripted_prompts.h"
+#include "tests/support/test_folder.h"
+#include "ui/qt_text.h"
+
+namespace captoria {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+using Path = std::optional<std::string>;
+
+constexpr const char* kTidy = "# old\r\n# Dashes\r\n\r\nSelect 2, \"-\"A, \"\"\r\nx\r\n";
+
+class BatchPage : public testing::Test {
+ protected:
+  static void SetUpTestSuite() { TestApplication(); }
+
+  void Show(const std::string& batch_to_run) {
+    Settings settings = session_.settings;
+    settings.BatchToRun = batch_to_run;
+    page_.Load(settings);
+    page_.show();
+  }
+
+  template <typename Widget>
+  Widget& Part(const char* name, int index = -1) {
+    for (auto* part : page_.findChildren<Widget*>(name)) {
+      if (index < 0 || part->property("Index") == index) return *part;
+    }
+    throw std::runtime_error(std::string{"no control "} + name);
+  }
+
+  void Press(const char* name, int index = -1) { Part<QAbstractButton>(name, index).click(); }
+  bool CanSave() { return Part<QPushButton>("cmdSave").isEnabled(); }
+
+  std::vector<std::string> Commands(int index) {
+    const auto& list = Part<QListWidget>("lstCommands", index);
+    std::vector<std::string> lines(static_cast<std::size_t>(list.count()));
+    for (int i = 0; i < list.count(); ++i) lines.at(static_cast<std::size_t>(i)) = FromQt(list.item(i)->text());
+    return lines;
+  }
+
+  // Adds a command by the dialog behind `action`, in which `confirm` does what a person does.
+  template <typename Dialog, typename Confirm>
+  void Add(int index, const char* action, Confirm confirm) {
+    Press("cmdAddComm", index);
+    page_.findChild<QMenu*>("mnuHidden")->close();
+    QTimer when_shown;
+    when_shown.setSingleShot(true);
+    QObject::connect(&when_shown, &QTimer::timeout, &page_, [&] {
+      auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      confirm(*dialog);
+    });
+    when_shown.start(0);
+    page_.findChild<QAction*>(action)->trigger();
+  }
+
+  void AddSelect(int index) {
+    Add<frmSelectSubs>(index, "mnuSelect", [](frmSelectSubs& dialog) {
+      dialog.findChild<QComboBox*>("cmbNumOfLines")->setCurrentIndex(2);
+      dialog.accept();
+    });
+  }
+
+  std::string Stored() {
+    Settings settings;
+    page_.Store(settings);
+    return settings.BatchToRun;
+  }
+
+  TestFolder folder_;
+  ScriptedPrompts prompts_;
+  QuietView view_;
+  Session session_{{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_};
+  OptionsBatchPage page_{session_, {.cue = nullptr, .position = 0, .maximum = 300}, nullptr};
+};
+
+TEST_F(BatchPage, AFileIsLoadedEditedAndSaved) {
+  const std::string tidy = folder_.Put("tidy.cbx", kTidy);
+  Show(tidy);
+  EXPECT_EQ(Part<QLineEdit>("txtComment", 1).text(), "Dashes");
+  EXPECT_THAT(Commands(1), ElementsAre("Select 2, \"-\"A, \"\"", "x"));
+  EXPECT_FALSE(CanSave());
+  Press("cmdDel", 1);
+  EXPECT_FALSE(CanSave()) << "no line is selected";
+  Part<QListWidget>("lstCommands", 1).setCurrentRow(1);
+  Press("cmdDel", 1);
+  EXPECT_TRUE(CanSave());
+  Add<Form3>(1, "mnuPosAl", [](Form3& dialog) {
+    dialog.findChild<QSlider*>("Slider1")->setValue(35);
+    dialog.accept();
+  });
+  Add<Form3>(1, "mnuPosAl", [](Form3& dialog) { dialog.reject(); });
+  Press("cmdSave");
+  EXPECT_FALSE(CanSave());
+  EXPECT_EQ(folder_.Get("tidy.cbx"), "# Dashes\r\nSelect 2, \"-\"A, \"\"\r\nPosAlignment 35, \r\n");
+  EXPECT_FALSE(page_.HasMadeFiles());
+  EXPECT_EQ(Stored(), tidy);
+}
+
+TEST_F(BatchPage, WithoutAFileOnlyANewOneCanBeMade) {
+  Show(folder_.File("missing.cbx"));
+  for (const char* name : {"cmdAddComm", "cmdDel", "txtComment", "lblCommands"}) {
+    EXPECT_FALSE(Part<QWidget>(name, 1).isEnabled()) << name;
+    EXPECT_TRUE(Part<QWidget>(name, 0).isEnabled()) << name;
+  }
+  EXPECT_EQ(Stored(), "");
+  Part<QLineEdit>("txtComment", 0).setText("new");
+  EXPECT_TRUE(CanSave());
+  Press("cmdSave");
+  Press("cmdCreate");
+  EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Nothing to save", "Nothing to save"));
+}
+
+TEST_F(BatchPage, AnotherFileTakesThePlaceOfTheFirst) {
+  const std::string tidy = folder_.Put("tidy.cbx", kTidy), other = folder_.Put("other.cbx", "Select 1, \"\", \"\"\r\n");
+  Show(tidy);
+  prompts_.Expect("batch file", Path{});
+  Press("cmdBatchToRun");
+  EXPECT_EQ(Stored(), tidy);
+  Part<QLineEdit>("txtComment", 1).setText("lost");
+  prompts_.Expect("batch file", Path{other});
+  Press("cmdBatchToRun");
+  EXPECT_THAT(Commands(1), ElementsAre("Select 1, \"\", \"\""));
+  EXPECT_EQ(Part<QLineEdit>("txtComment", 1).text(), "");
+  EXPECT_FALSE(CanSave());
+
+  // A name that is typed shows its file, so that "Save" writes over nothing unseen.
+  Part<QLineEdit>("txtBatchToRun").setText(PathToQt(tidy));
+  emit Part<QLineEdit>("txtBatchToRun").editingFinished();
+  EXPECT_EQ(Commands(1).size(), 2U);
+
+  Press("cmdClear");
+  EXPECT_THAT(Commands(1), IsEmpty());
+  EXPECT_FALSE(Part<QPushButton>("cmdAddComm", 1).isEnabled());
+  EXPECT_FALSE(CanSave());
+  EXPECT_EQ(Stored(), "");
+  EXPECT_EQ(folder_.Get("tidy.cbx"), kTidy);
+}
+
+struct Creation {
+  const char* name;
+  const char* chosen;
+  const char* written;
+};
+
+class BatchCreation : public BatchPage, public testing::WithParamInterface<Creation> {};
+
+TEST_P(BatchCreation, NamesTheFile) {
+  Show("");
+  AddSelect(0);
+  Part<QLineEdit>("txtComment", 0).setText("Two lines");
+  prompts_.Expect("Create", Path{});
+  Press("cmdCreate");
+  EXPECT_FALSE(page_.HasMadeFiles());
+  prompts_.Expect("Create", Path{folder_.File(GetParam().chosen)});
+  Press("cmdCreate");
+  EXPECT_EQ(folder_.Get(GetParam().written), "# Two lines\r\nSelect 2, \"\", \"\"\r\n");
+  EXPECT_TRUE(page_.HasMadeFiles());
+  EXPECT_THAT(Commands(1), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, BatchCreation,
+                         testing::Values(Creation{"WithExtension", "tidy.cbx", "tidy.cbx"},
+                                         Creation{"Without", "tidy", "tidy.cbx"},
+                                         Creation{"InCapitals", "Tidy.CBX", "Tidy.CBX.cbx"},
+                                         Creation{"LettersAreEnough", "tidycbx", "tidycbx"}),
+                         [](const auto& row) { return std::string{row.param.name}; });
+
+TEST_F(BatchPage, TheFileToRunIsSeenWhenItIsCreatedAnew) {
+  const std::string tidy = folder_.Put("tidy.cbx", kTidy);
+  Show(tidy);
+  AddSelect(0);
+  Part<QLineEdit>("txtComment", 0).setText("anew");
+  prompts_.Expect("Create", Path{tidy});
+  Press("cmdCreate");
+  EXPECT_THAT(Commands(1), ElementsAre("Select 2, \"\", \"\""));
+  EXPECT_EQ(Part<QLineEdit>("txtComment", 1).text(), "anew");
+}
+
+TEST_F(BatchPage, AFileThatTheDialogDidNotAskAboutIsAskedFor) {
+  folder_.Put("tidy.cbx", kTidy);
+  Show("");
+  AddSelect(0);
+  prompts_.Expect("Create", Path{folder_.File("tidy")});
+  prompts_.Expect("tidy.cbx is there already", false);
+  Press("cmdCreate");
+  EXPECT_EQ(folder_.Get("tidy.cbx"), kTidy);
+  EXPECT_FALSE(page_.HasMadeFiles());
+}
+
+TEST_F(BatchPage, WhatCannotBeReadOrWrittenIsTold) {
+  const std::string large = folder_.Put("large.cbx", std::string(kLargestCommandFile + 1, 'x'));
+  Show(large);
+  EXPECT_EQ(prompts_.TakeMessages().size(), 1U);
+  EXPECT_FALSE(Part<QPushButton>("cmdAddComm", 1).isEnabled());
+  EXPECT_EQ(Stored(), large);
+  AddSelect(0);
+  prompts_.Expect("Create", Path{folder_.File("no/such/folder.cbx")});
+  Press("cmdCreate");
+  EXPECT_EQ(prompts_.TakeMessages().size(), 1U);
+  EXPECT_FALSE(page_.HasMadeFiles());
+}
+
+}  // namespace
+}  // namespace captoria

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// Every text of the program that a language file may replace, as it is built in.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "localisation/language_template.h"
+#include "ui/ask_for_tool_dialog.h"
+#include "ui/captions.h"
+#include "ui/main_window.h"
+#include "ui/options_dialog.h"
+#include "ui/position_dialog.h"
+#include "ui/select_subs_dialog.h"
+#include "ui/welcome_dialog.h"
+
+namespace captoria {
+
+inline void AddTexts(QWidget& window, std::vector<LanguageText>& texts) {
+  const std::string section = window.objectName().toStdString() + "_Design";
+  for (const Caption& caption : CaptionsOf(window)) {
+    // Numbers and signs are the same in all languages.
+    if (std::none_of(caption.text.begin(), caption.text.end(), [](QChar c) { return c.isLetter(); })) continue;
+    texts.push_back({section, caption.key.toStdString(), caption.text.toStdString()});
+  }
+}
+
+// `folder` is an empty one, so that no language file is found, and `prompts` are asked nothing.
+inline std::vector<LanguageText> ProgramTexts(const std::string& folder, Prompts& prompts) {
+  std::vector<LanguageText> texts;
+  WindowView view;
+  Session session({.executable = folder, .data = folder}, prompts, view);
+  session.remembers = false;
+  Form1 main_window(session, view);
+  AddTexts(main_window, texts);
+  FileRegistry registry(folder + "/registry");
+  ContextMenuEntry entry(registry, FileActions(ProcessEnvironment()), folder);
+  Form2 options(session, entry, {}, nullptr);
+  AddTexts(options, texts);
+  Form3 position(session, CommandMode::ComposeOnly, {}, nullptr);
+  AddTexts(position, texts);
+  frmSelectSubs select(session, CommandMode::ComposeOnly, nullptr);
+  AddTexts(select, texts);
+  DesktopOpener opener;
+  for (const Tool tool : {Tool::DivXMux, Tool::BmpToXSub}) {
+    AskForToolDialog ask(session, tool, opener, nullptr);
+    AddTexts(ask, texts);
+  }
+  frmWelcome welcome({}, nullptr);
+  AddTexts(welcome, texts);
+  for (const Message& message : messages::kAll) {
+    texts.push_back({std::string{message.window} + "_Module", "s" + std::to_string(message.number), message.text});
+  }
+  return texts;
+}
+
+}  // namespace captoria
