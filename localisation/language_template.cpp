@@ -104,6 +104,8 @@ std::vector<LanguageDifference> CompareLanguages(const LanguageDocument& english
     }
   });
   ForEachItem(other, [&](const std::string& section, const LanguageItem& item) {
+    // A file may tell more of itself, as the direction of its writing.
+    if (section == kPrivateSection) return;
     if (!english.Text(section, item.name)) differences.push_back({LanguageFault::Extra, section, item.name, item.text});
   });
   return differences;

@@ -45,7 +45,7 @@ struct LanguageDifference {
 };
 
 // What is wrong with `other` as a translation of `english`, in the order of English and then of what is extra. Of
-// "Private" only the presence of its items is compared.
+// "Private", which may hold more, only the presence of the items of English is looked at.
 std::vector<LanguageDifference> CompareLanguages(const LanguageDocument& english, const LanguageDocument& other);
 
 }  // namespace captoria
