@@ -7,7 +7,6 @@
 #include <QDragEnterEvent>
 #include <QHeaderView>
 #include <QMimeData>
-#include <QScrollArea>
 #include <QStatusBar>
 #include <QVBoxLayout>
 #include <utility>
@@ -21,6 +20,7 @@
 #include "ui/options_dialog.h"
 #include "ui/qt_text.h"
 #include "ui/select_subs_dialog.h"
+#include "ui/side_scroll.h"
 #include "ui/start_page.h"
 #include "ui/welcome_dialog.h"
 
@@ -102,17 +102,10 @@ QWidget* Form1::BuildWorkPage() {
   lists->addWidget(preview_);
   lists->setStretchFactor(1, 1);
   lists->setChildrenCollapsible(false);
-  // The style scrolls where the window is low.
-  auto* scroll = new QScrollArea(pages_);
-  scroll->setWidget(style_);
-  scroll->setWidgetResizable(true);
-  scroll->setFrameShape(QFrame::NoFrame);
-  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  scroll->setMinimumWidth(style_->minimumSizeHint().width() + 24);
   auto* sides = new QSplitter(Qt::Horizontal, pages_);
   sides->setObjectName("sides");
   sides->addWidget(lists);
-  sides->addWidget(scroll);
+  sides->addWidget(new SideScroll(style_, sides));
   sides->setStretchFactor(0, 1);
   sides->setChildrenCollapsible(false);
   state_->Keep(lists);

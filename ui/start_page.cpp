@@ -33,7 +33,7 @@ StartPage::StartPage(QAction* open_video, QAction* open_subtitle, QWidget* paren
   video->setObjectName("cmdStartVideo");
   video->setDefault(true);
   connect(video, &QPushButton::clicked, open_video, &QAction::trigger);
-  auto* subtitle = new QPushButton(open_subtitle->icon(), tr("Open subtitle &file..."), this);
+  auto* subtitle = new QPushButton(open_subtitle->icon(), tr("Open subtitle fi&le..."), this);
   subtitle->setObjectName("cmdStartSubtitle");
   connect(subtitle, &QPushButton::clicked, open_subtitle, &QAction::trigger);
 

@@ -38,6 +38,9 @@ class StyleToolBar final : public QToolBar {
  public:
   explicit StyleToolBar(QWidget* parent);
 
+  // All of it is in sight, however long the captions are.
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
   // Tells nothing.
   void ShowStyle(const TrackStyle& style);
 

@@ -131,7 +131,10 @@ TEST_F(Automation, APlacementIsChosenWhileTheCueIsLookedAt) {
 }
 
 TEST_F(Automation, AListOfVideosGivesTheReportOfTheCommandLine) {
-  const std::vector<std::string> films = PutFilms(3, {1});
+  std::vector<std::string> films = PutFilms(18, {1, 7});
+  films.push_back(folder_.Put("list/broken.avi", "RIFF and nothing else"));
+  folder_.Put("list/broken.srt", kCues);
+  films.push_back(folder_.File("list/missing.avi"));
   ConvertList(films);
   const auto report = prompts_.TakeMessages();
   ASSERT_EQ(report.size(), 1U);
@@ -143,6 +146,7 @@ TEST_F(Automation, AListOfVideosGivesTheReportOfTheCommandLine) {
     made.push_back(FileExists(output) ? *ReadWholeFile(output, 1 << 24) : "");
   }
   EXPECT_THAT(made[1], IsEmpty());
+  EXPECT_EQ(std::ranges::count(made, ""), 4);
 
   std::string convert =
       CAPTORIA_BIN "/captoria-cli convert --quiet --set ReplaceDivX=-1 --data '" + folder_.File("cli") + "'";
@@ -156,6 +160,9 @@ TEST_F(Automation, AListOfVideosGivesTheReportOfTheCommandLine) {
 
 TEST_F(Automation, CancellingAListKeepsWhatIsFinishedAndTellsIt) {
   const std::vector<std::string> films = PutFilms(4);
+  std::string long_one;
+  for (int i = 0; i < 3000; ++i) long_one += std::to_string(i) + "\n00:00:01,000 --> 00:00:02,000\nLine\n\n";
+  folder_.Put("list/film 11.en.srt", long_one);
   bool told = false;
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout, [&] {

@@ -10,13 +10,16 @@
 #include <QStyleFactory>
 #include <cstdio>
 
+#include "app/language_commands.h"
 #include "app/open_video.h"
+#include "localisation/language_files.h"
 #include "platform/program_folder.h"
 #include "tools/unattended_prompts.h"
 #include "ui/about_dialog.h"
 #include "ui/ask_for_tool_dialog.h"
 #include "ui/batch_dialog.h"
 #include "ui/main_window.h"
+#include "ui/options_dialog.h"
 #include "ui/position_dialog.h"
 #include "ui/select_subs_dialog.h"
 #include "ui/welcome_dialog.h"
@@ -60,23 +63,36 @@ class Shots {
     QApplication::setPalette(Dark());
     Window("dark", true, [](Form1& window) { SelectCue(window, 3); });
     QApplication::setPalette(light);
-    QApplication::setLayoutDirection(Qt::RightToLeft);
-    Window("mirrored", true, [](Form1& window) { SelectCue(window, 1); });
-    QApplication::setLayoutDirection(Qt::LeftToRight);
     Dialogs();
+    Options("English", "");
+    for (const char* language : {"German", "Greek", "Arabic", "Japanese"}) {
+      const QString name = QString("-") + QString(language).toLower();
+      Window("track" + name, true, [language](Form1& window) {
+        for (QAction* entry : window.findChildren<QAction*>("mnuLangDef")) {
+          if (entry->text() == language) entry->trigger();
+        }
+        SelectCue(window, 1);
+      });
+      Options(language, name);
+    }
+    QApplication::setLayoutDirection(Qt::LeftToRight);
   }
 
  private:
+  ProgramFolders Folders() const {
+    return {.executable = ExecutableFolder(), .data = folder_.filePath("data").toStdString()};
+  }
+
   static void SelectCue(Form1& window, int row) {
     auto* list = window.findChild<QTreeView*>("ListView1");
     list->setCurrentIndex(list->model()->index(row, 0));
   }
 
   template <typename Act>
-  void Window(const char* name, bool with_film, Act act) {
+  void Window(const QString& name, bool with_film, Act act) {
     UnattendedPrompts prompts(false);
     WindowView view;
-    Session session({.executable = ExecutableFolder(), .data = folder_.filePath("data").toStdString()}, prompts, view);
+    Session session(Folders(), prompts, view);
     session.remembers = false;
     Form1 window(session, view);
     window.resize(1024, 600);  // the smallest screen we care for
@@ -87,11 +103,26 @@ class Shots {
     Save(window, name);
   }
 
+  void Options(const char* language, const QString& ending) {
+    UnattendedPrompts prompts(false);
+    WindowView view;
+    Session session(Folders(), prompts, view);
+    (void)LoadNewLang(session, LanguageBase(language));
+    FileRegistry registry(folder_.filePath("data/registry").toStdString());
+    ContextMenuEntry entry(registry, FileActions(ProcessEnvironment()), VerbProgram(ExecutableFolder()));
+    Form2 options(session, entry, {}, nullptr);
+    auto* pages = options.findChild<QTabWidget*>();
+    for (int i = 0; i < pages->count(); ++i) {
+      pages->setCurrentIndex(i);
+      Save(options, "options-" + QString::number(i + 1) + ending);
+    }
+  }
+
   void Dialogs() {
     UnattendedPrompts prompts(false);
     DesktopOpener opener;
     WindowView view;
-    Session session({.executable = ExecutableFolder(), .data = folder_.filePath("data").toStdString()}, prompts, view);
+    Session session(Folders(), prompts, view);
     AskForToolDialog mux(session, Tool::DivXMux, opener, nullptr);
     Save(mux, "ask-for-divxmux");
     AskForToolDialog converter(session, Tool::BmpToXSub, opener, nullptr);
@@ -111,10 +142,10 @@ class Shots {
     Save(batch, "batch");
   }
 
-  void Save(QWidget& widget, const char* name) {
+  void Save(QWidget& widget, const QString& name) {
     widget.show();
     Settle();
-    if (!widget.grab().save(folder_.filePath(QString(name) + ".png"))) std::fprintf(stderr, "%s: not saved\n", name);
+    if (!widget.grab().save(folder_.filePath(name + ".png"))) std::fprintf(stderr, "%s: not saved\n", qPrintable(name));
   }
 
   QString film_;

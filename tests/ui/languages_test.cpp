@@ -1,0 +1,107 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// Going over from one language to another.
+#include <gmock/gmock.h>
+
+#include "app/language_commands.h"
+#include "platform/files.h"
+#include "tests/ui/main_window_fixture.h"
+#include "tests/ui/program_texts.h"
+
+namespace captoria {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr const char* kShipped = CAPTORIA_TEST_DATA "/../../assets/languages/";
+
+class LanguagesOfTheWindow : public MainWindow {
+ protected:
+  QAction* Entry(const QString& name) {
+    for (QAction* entry : Part<QMenu>("mnuLanguages")->actions()) {
+      if (entry->objectName() == "mnuLangDef" && entry->text() == name) return entry;
+    }
+    return nullptr;
+  }
+
+  std::string Languages() {
+    std::string names;
+    for (const QAction* entry : Part<QMenu>("mnuLanguages")->actions()) {
+      if (!entry->isVisible() || entry->objectName() != "mnuLangDef") continue;
+      names += (entry->isChecked() ? "*" : "") + entry->text().toStdString() + " ";
+    }
+    return names;
+  }
+};
+
+// scripts/make_language.sh writes the file anew.
+TEST_F(LanguagesOfTheWindow, TheEnglishFileIsThatOfTheProgram) {
+  const std::string written =
+      WriteLanguage(ProgramTexts(folder_.File("empty"), prompts_), "Captoria contributors", CAPTORIA_VERSION);
+  EXPECT_EQ(*ReadWholeFile(std::string{kShipped} + "English.Captoria.exe.xml", 1 << 20), written);
+}
+
+TEST_F(LanguagesOfTheWindow, EveryTextChangesAndNothingIsLost) {
+  folder_.Put("film.b.srt", kCues);
+  folder_.Put("film.c.srt", kCues);
+  OpenFilm();
+  prompts_.TakeMessages();
+  Part<QTabBar>("TabStrip1")->setCurrentIndex(1);
+  auto* list = Part<QTreeView>("ListView1");
+  list->selectAll();
+  session_->tracks.Current().style.VertPos = 77;
+  Entry("German")->trigger();
+  EXPECT_EQ(session_->LangFile, "German.Captoria.exe");
+  EXPECT_TRUE(Entry("German")->isChecked());
+
+  const auto german = LanguageDocument::Load(std::string{kShipped} + "German.Captoria.exe.xml");
+  ASSERT_TRUE(german);
+  for (const Caption& caption : CaptionsOf(*window_)) {
+    const auto text = german->Text("Form1_Design", caption.key.toStdString());
+    // Tabs are numbered, and "<New>" is the last of them.
+    if (!text || caption.key.startsWith("TabStrip1_")) continue;
+    EXPECT_EQ(caption.text.toStdString(), *text) << caption.key.toStdString();
+  }
+  EXPECT_EQ(Tabs().size(), 4);
+  EXPECT_EQ(Tabs().back().toStdString(), *german->Text("Form1_Design", "TabStrip1_2"));
+  EXPECT_EQ(Status("lblStatus3").toStdString(), "2" + *german->Text("Form1_Design", "lblSubSelected"));
+  EXPECT_EQ(Status("lblStatus4"), "Language by Captoria contributors (" CAPTORIA_VERSION ")");
+  EXPECT_EQ(Part<QTabBar>("TabStrip1")->currentIndex(), 1);
+  EXPECT_EQ(list->selectionModel()->selectedRows().size(), 2);
+  EXPECT_EQ(session_->tracks.Current().style.VertPos, 77);
+  EXPECT_THAT(window_->windowTitle().toStdString(), HasSubstr("film.c.srt"));
+}
+
+TEST_F(LanguagesOfTheWindow, TheChosenOneIsThereAgainAtTheNextStart) {
+  Entry("Hebrew")->trigger();
+  EXPECT_EQ(QApplication::layoutDirection(), Qt::RightToLeft);
+  window_->close();
+  Start();
+  EXPECT_TRUE(Entry("Hebrew")->isChecked());
+  EXPECT_EQ(QApplication::layoutDirection(), Qt::RightToLeft);
+  Entry("English")->trigger();
+  EXPECT_EQ(QApplication::layoutDirection(), Qt::LeftToRight);
+  EXPECT_EQ(Part<QMenu>("mnuFile")->title(), "&File");
+}
+
+TEST_F(LanguagesOfTheWindow, AFileOfTheUsersHidesTheShippedOneAndMayBeBroken) {
+  folder_.Put("data/German.Captoria.exe.xml", "<Language><Form1_Design mnuFile=\"&amp;Meins\"/></Language>");
+  folder_.Put("data/Odd.Captoria.exe.xml", "<Language><Form1_Design mnuFile=");
+  Start();
+  Entry("German")->trigger();
+  EXPECT_EQ(Part<QMenu>("mnuFile")->title(), "&Meins");
+  EXPECT_EQ(Part<QMenu>("mnuHelp")->title(), "&Help") << "what a language lacks is built in";
+  Entry("Odd")->trigger();
+  EXPECT_EQ(Part<QMenu>("mnuFile")->title(), "&File");
+  EXPECT_THAT(Status("lblStatus").toStdString(), HasSubstr("Odd.Captoria.exe.xml"));
+  std::remove(folder_.File("data/Odd.Captoria.exe.xml").c_str());
+  Entry("English")->trigger();
+  Entry("Odd")->trigger();
+  EXPECT_TRUE(Entry("English")->isChecked()) << "a file that is gone changes nothing";
+  EXPECT_THAT(prompts_.TakeMessages(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace captoria
