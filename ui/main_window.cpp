@@ -16,6 +16,7 @@
 #include "app/placement_commands.h"
 #include "app/safe_area_commands.h"
 #include "platform/path_text.h"
+#include "ui/create_lang_dialog.h"
 #include "ui/hidden_text.h"
 #include "ui/options_dialog.h"
 #include "ui/qt_text.h"
@@ -139,6 +140,7 @@ void Form1::ConnectMenu() {
   on(menu_->make_divx, [this] { commands_->MakeDivX(); });
   on(menu_->fit_font, [this](bool fit) { SetFitFont(fit); });
   on(menu_->only_outside, [this](bool only) { ShowOnlyOutside(only); });
+  on(menu_->create_lang, [this] { CreateLanguage(); });
   on(menu_->welcome, [this] { frmWelcome(session_.language, this).exec(); });
   on(menu_->about, [this] { commands_->ShowAbout(); });
   on(menu_->left, [this] { SetAlignment(Alignment::Left); });
@@ -302,6 +304,15 @@ void Form1::ShowOptions() {
   } else if (effect.list_fonts_changed) {
     ShowTracks();
   }
+}
+
+void Form1::CreateLanguage() {
+  frmCreateLang dialog(session_, CAPTORIA_VERSION, this);
+  connect(&dialog, &frmCreateLang::Saved, this, [this](const std::string& base) {
+    if (base == session_.LangFile) (void)LoadNewLang(session_, base);
+  });
+  dialog.exec();
+  languages_->Reload();
 }
 
 void Form1::ShowCommandsRun(const QString& file_name, int selected) {

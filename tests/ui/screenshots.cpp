@@ -18,6 +18,7 @@
 #include "ui/about_dialog.h"
 #include "ui/ask_for_tool_dialog.h"
 #include "ui/batch_dialog.h"
+#include "ui/create_lang_dialog.h"
 #include "ui/main_window.h"
 #include "ui/options_dialog.h"
 #include "ui/position_dialog.h"
@@ -134,6 +135,9 @@ class Shots {
     Form3 position(session, CommandMode::ComposeOnly, {nullptr, 0, 500}, nullptr);
     position.findChild<QSlider*>("Slider1")->setValue(120);
     Save(position, "position");
+    frmCreateLang editor(session, "3.5.0", nullptr);
+    editor.findChild<QComboBox*>("Combo2")->setCurrentText("German.Captoria.exe.xml");
+    Save(editor, "language-editor");
     frmWelcome welcome({}, nullptr);
     Save(welcome, "welcome");
     frmAbout about({.version = "3.5.0"}, prompts, opener, nullptr);
