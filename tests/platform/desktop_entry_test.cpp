@@ -8,22 +8,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <map>
-
 #include "platform/process.h"
+#include "tests/support/environment.h"
 #include "tests/support/other_process.h"
 #include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
-
-Environment Of(std::map<std::string, std::string> variables) {
-  return [variables = std::move(variables)](const std::string& name) -> std::optional<std::string> {
-    const auto found = variables.find(name);
-    if (found == variables.end()) return std::nullopt;
-    return found->second;
-  };
-}
 
 class FileActionsTest : public testing::Test {
  protected:
@@ -59,7 +50,7 @@ class FileActionsTest : public testing::Test {
   }
 
   TestFolder folder_;
-  const FileActions actions_{Of({{"XDG_DATA_HOME", folder_.File("data")}, {"PATH", folder_.File("tools")}})};
+  const FileActions actions_{EnvironmentOf({{"XDG_DATA_HOME", folder_.File("data")}, {"PATH", folder_.File("tools")}})};
 };
 
 TEST_F(FileActionsTest, TheEntryStartsTheProgramWithThePathAsOneArgument) {
@@ -145,9 +136,10 @@ TEST_F(FileActionsTest, HalfAnOfferIsNone) {
 TEST_F(FileActionsTest, TheFolderIsTheUsersOwn) {
   const FileAction action = ActionOf("/x");
   constexpr const char* kBelow = "/.local/share/applications/org.example.Convert.desktop";
-  EXPECT_EQ(FileActions(Of({{"HOME", "/h"}})).EntryFile(action), std::string{"/h"} + kBelow);
-  EXPECT_EQ(FileActions(Of({{"HOME", "/h"}, {"XDG_DATA_HOME", "here"}})).EntryFile(action), std::string{"/h"} + kBelow);
-  EXPECT_EQ(FileActions(Of({})).EntryFile(action), ::getpwuid(::getuid())->pw_dir + std::string{kBelow});
+  EXPECT_EQ(FileActions(EnvironmentOf({{"HOME", "/h"}})).EntryFile(action), std::string{"/h"} + kBelow);
+  EXPECT_EQ(FileActions(EnvironmentOf({{"HOME", "/h"}, {"XDG_DATA_HOME", "here"}})).EntryFile(action),
+            std::string{"/h"} + kBelow);
+  EXPECT_EQ(FileActions(EnvironmentOf({})).EntryFile(action), ::getpwuid(::getuid())->pw_dir + std::string{kBelow});
 }
 
 }  // namespace

@@ -160,9 +160,7 @@ TEST_F(Automation, AListOfVideosGivesTheReportOfTheCommandLine) {
 
 TEST_F(Automation, CancellingAListKeepsWhatIsFinishedAndTellsIt) {
   const std::vector<std::string> films = PutFilms(4);
-  std::string long_one;
-  for (int i = 0; i < 3000; ++i) long_one += std::to_string(i) + "\n00:00:01,000 --> 00:00:02,000\nLine\n\n";
-  folder_.Put("list/film 11.en.srt", long_one);
+  folder_.Put("list/film 11.en.srt", ManyCues());
   bool told = false;
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout, [&] {

@@ -29,6 +29,13 @@ inline constexpr const char* kCues =
     "1\n00:00:00,200 --> 00:00:00,700\nHello\n\n2\n00:00:01,000 --> 00:00:01,900\n"
     "This line is far too long to stand within the safe viewing area of any television that was ever built\n";
 
+// Their bitmaps take long enough for a person to do something meanwhile.
+inline std::string ManyCues() {
+  std::string cues;
+  for (int i = 0; i < 3000; ++i) cues += std::to_string(i) + "\n00:00:01,000 --> 00:00:02,000\nLine\n\n";
+  return cues;
+}
+
 class MainWindow : public testing::Test {
  protected:
   static void SetUpTestSuite() { TestApplication(); }

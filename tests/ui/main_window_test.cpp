@@ -83,9 +83,7 @@ TEST_F(MainWindow, CreatesTheSameFilmAsTheCommandLine) {
 }
 
 TEST_F(MainWindow, CancelLeavesNothingAndTheWindowGoesOn) {
-  std::string cues;
-  for (int i = 0; i < 3000; ++i) cues += std::to_string(i) + "\n00:00:01,000 --> 00:00:02,000\nLine\n\n";
-  folder_.Put("film.srt", cues);
+  folder_.Put("film.srt", ManyCues());
   OpenFilm();
   session_->settings.ShowDos = false;
   prompts_.TakeMessages();
@@ -102,9 +100,7 @@ TEST_F(MainWindow, CancelLeavesNothingAndTheWindowGoesOn) {
 }
 
 TEST_F(MainWindow, ClosingDuringAJobAsksStopsItAndCloses) {
-  std::string cues;
-  for (int i = 0; i < 3000; ++i) cues += std::to_string(i) + "\n00:00:01,000 --> 00:00:02,000\nLine\n\n";
-  folder_.Put("film.srt", cues);
+  folder_.Put("film.srt", ManyCues());
   OpenFilm();
   session_->settings.ShowDos = false;
   prompts_.TakeMessages();
