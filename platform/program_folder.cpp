@@ -20,6 +20,16 @@ std::optional<std::string> AbsoluteFolder(const std::optional<std::string>& valu
   return value;
 }
 
+// Seen from lib/captoria, which holds the programs when they are installed.
+std::string InstalledFolder(const std::string& executable_folder, const std::string& name) {
+  return std::filesystem::path(JoinPath(executable_folder, "../../share/captoria/" + name)).lexically_normal().string();
+}
+
+// A copy that somebody has unpacked may have a share/captoria near it too: the user's own, which holds no such folder.
+bool IsInstalled(const std::string& executable_folder) {
+  return FolderExists(InstalledFolder(executable_folder, "languages"));
+}
+
 std::string HomeFolder(const Environment& environment) {
   if (auto home = AbsoluteFolder(environment("HOME"))) return *home;
   const passwd* user = ::getpwuid(::getuid());
@@ -39,7 +49,7 @@ ProgramFolders FindProgramFolders(const std::string& chosen, const std::string& 
     if (folders.data.size() > 1 && folders.data.ends_with('/')) folders.data.pop_back();
     return folders;
   }
-  if (::access(executable_folder.c_str(), W_OK) == 0) {
+  if (!IsInstalled(executable_folder) && ::access(executable_folder.c_str(), W_OK) == 0) {
     folders.data = executable_folder;
   } else if (const auto xdg = AbsoluteFolder(environment("XDG_DATA_HOME"))) {
     folders.data = JoinPath(*xdg, "captoria");
@@ -50,8 +60,8 @@ ProgramFolders FindProgramFolders(const std::string& chosen, const std::string& 
 }
 
 std::string ShippedFolder(const ProgramFolders& folders, const std::string& name) {
-  const std::string installed = JoinPath(folders.executable, "../share/captoria/" + name);
-  return FolderExists(installed) ? installed : JoinPath(folders.executable, name);
+  return IsInstalled(folders.executable) ? InstalledFolder(folders.executable, name)
+                                         : JoinPath(folders.executable, name);
 }
 
 std::string ExecutableFolder() {

@@ -109,6 +109,7 @@ QWidget* Form1::BuildWorkPage() {
   sides->addWidget(new SideScroll(style_, sides));
   sides->setStretchFactor(0, 1);
   sides->setChildrenCollapsible(false);
+  sides->setSizes({QWIDGETSIZE_MAX, 1});  // until somebody drags it, the style has just the room it needs
   state_->Keep(lists);
   state_->Keep(sides);
   state_->Keep(tracks_->List()->header(), "cues");

@@ -31,14 +31,14 @@ class LanguageFiles : public testing::Test {
   }
 
   const TestFolder folder_;
-  const ProgramFolders folders_{.executable = folder_.File("bin"), .data = folder_.File("data")};
+  const ProgramFolders folders_{.executable = folder_.File("lib/captoria"), .data = folder_.File("data")};
 };
 
 TEST_F(LanguageFiles, TheMenuIsSortedAndTheUsersFileHidesTheShippedOne) {
   EXPECT_THAT(Menu(), IsEmpty());
   folder_.Put("share/captoria/languages/English.Captoria.exe.xml", "");
   folder_.Put("share/captoria/languages/German.Captoria.exe.xml", "");
-  folder_.Put("bin/Zulu.Captoria.exe.xml", "");
+  folder_.Put("lib/captoria/Zulu.Captoria.exe.xml", "");
   const std::string own = folder_.Put("data/German.Captoria.exe.xml", "");
   EXPECT_THAT(Menu(), ElementsAre("English", "German", "Zulu"));
   EXPECT_EQ(ListLanguages(folders_)[1].path, own);
@@ -59,10 +59,10 @@ TEST_F(LanguageFiles, ANameIsCutBeforeTheCharacterInFrontOfTheExecutable) {
 }
 
 TEST_F(LanguageFiles, AReplacementIsFoundFirstAndAlsoAlone) {
-  folder_.Put("bin/languages/English.Captoria.exe.xml", "");
-  EXPECT_EQ(Found("English.Captoria.exe"), "bin/languages/English.Captoria.exe.xml");
-  folder_.Put("bin/languages/English.Captoria.exe.xml.New", "");
-  EXPECT_EQ(Found("English.Captoria.exe"), "bin/languages/English.Captoria.exe.xml.New");
+  folder_.Put("lib/captoria/languages/English.Captoria.exe.xml", "");
+  EXPECT_EQ(Found("English.Captoria.exe"), "lib/captoria/languages/English.Captoria.exe.xml");
+  folder_.Put("lib/captoria/languages/English.Captoria.exe.xml.New", "");
+  EXPECT_EQ(Found("English.Captoria.exe"), "lib/captoria/languages/English.Captoria.exe.xml.New");
   folder_.Put("data/English.Captoria.exe.xml", "");
   EXPECT_EQ(Found("English.Captoria.exe"), "data/English.Captoria.exe.xml") << "the user's, whatever is shipped";
   folder_.Put("data/German.Captoria.exe.xml.New", "");
@@ -83,7 +83,7 @@ TEST_F(LanguageFiles, ABaseNameLeavesNoFolder) {
 }
 
 TEST_F(LanguageFiles, ANewLanguageIsACopyInTheUsersFolder) {
-  const std::string original = folder_.Put("bin/languages/English.Captoria.exe.xml", "<a>\xC1</a>\r\n");
+  const std::string original = folder_.Put("lib/captoria/languages/English.Captoria.exe.xml", "<a>\xC1</a>\r\n");
   const auto created = NameNewLanguage(folders_, "  Deutsch ", original);
   ASSERT_TRUE(created);
   EXPECT_EQ(created->path, folder_.File("data/Deutsch.Captoria.exe.xml"));

@@ -35,12 +35,34 @@ TEST(ProgramFolders, AChosenFolderWins) {
 
 TEST(ProgramFolders, ShippedFilesAreBesideTheProgramUnlessItIsInstalled) {
   const TestFolder folder;
-  const ProgramFolders folders{.executable = folder.File("bin"), .data = "/x"};
-  EXPECT_EQ(ShippedFolder(folders, "languages"), folder.File("bin/languages"));
+  const ProgramFolders folders{.executable = folder.File("lib/captoria"), .data = "/x"};
+  EXPECT_EQ(ShippedFolder(folders, "languages"), folder.File("lib/captoria/languages"));
   folder.Put("share/captoria/languages/a.xml", "");
-  ASSERT_TRUE(CreateFolder(folder.File("bin")));
-  EXPECT_TRUE(FileExists(ShippedFolder(folders, "languages") + "/a.xml"));
+  EXPECT_EQ(ShippedFolder(folders, "languages"), folder.File("share/captoria/languages"));
 }
+
+struct Place {
+  const char* name;
+  const char* shipped;  // a file near the program, which is in lib/captoria and can be written
+  const char* data;
+};
+
+class DataOfAProgram : public testing::TestWithParam<Place> {};
+
+TEST_P(DataOfAProgram, IsBesideItUnlessItIsInstalled) {
+  const TestFolder folder;
+  ASSERT_TRUE(CreateFolder(folder.File("lib/captoria")));
+  folder.Put(GetParam().shipped, "");
+  const auto folders = FindProgramFolders("", folder.File("lib/captoria"), EnvironmentOf({{"HOME", folder.Path()}}));
+  EXPECT_EQ(folders.data, folder.File(GetParam().data));
+}
+
+INSTANTIATE_TEST_SUITE_P(Places, DataOfAProgram,
+                         testing::Values(Place{"Installed", "share/captoria/languages/a.xml", ".local/share/captoria"},
+                                         Place{"Unpacked", "lib/captoria/languages/a.xml", "lib/captoria"},
+                                         Place{"UnpackedNearTheUsersData", "share/captoria/Captoria.ini",
+                                               "lib/captoria"}),
+                         [](const auto& row) { return std::string{row.param.name}; });
 
 }  // namespace
 }  // namespace captoria
