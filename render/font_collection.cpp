@@ -24,6 +24,11 @@ bool Load(FcConfig* config, const char* addition) {
   return FcConfigBuildFonts(config) == FcTrue;
 }
 
+bool HasFonts(FcConfig* config) {
+  const FcFontSet* fonts = FcConfigGetFonts(config, FcSetSystem);
+  return fonts != nullptr && fonts->nfont > 0;
+}
+
 }  // namespace
 
 void FontCollection::Release::operator()(_FcConfig* config) const { FcConfigDestroy(config); }
@@ -33,7 +38,12 @@ Result<std::shared_ptr<FontCollection>> FontCollection::Open() {
   if (!Load(outlines.get(), kWithoutColourFonts)) {
     return Failure(ErrorKind::Unreadable, "the font configuration (fontconfig) cannot be loaded");
   }
-  return std::shared_ptr<FontCollection>(new FontCollection(std::move(outlines)));
+  std::shared_ptr<FontCollection> fonts(new FontCollection(std::move(outlines)));
+  if (!HasFonts(fonts->outlines_.get()) && !HasFonts(fonts->All())) {
+    return Failure(ErrorKind::NotFound,
+                   "no font is installed to draw subtitles with; install one, such as DejaVu Sans");
+  }
+  return fonts;
 }
 
 _FcConfig* FontCollection::All() {

@@ -16,7 +16,8 @@ namespace captoria {
 
 class FontCollection {
  public:
-  // Unreadable when the font configuration cannot be loaded; a machine without any font is no error here.
+  // Unreadable when the font configuration cannot be loaded, NotFound on a machine without any font: films without a
+  // letter on their subtitles would be no use to anybody.
   static Result<std::shared_ptr<FontCollection>> Open();
 
   // Fonts that are outlines. Colour fonts are left out, as outlines make the better four-colour bitmap wherever another

@@ -3,6 +3,7 @@
 
 // Captoria: the window. With "/AUTO" and a path it converts that video and closes.
 #include <QApplication>
+#include <QFileInfo>
 #include <QTimer>
 #include <cstdio>
 #include <string>
@@ -32,6 +33,9 @@ constexpr const char* kHelp =
 These options stand first. captoria-cli does the same without a window.
 )";
 
+// The tools work in a folder of their own, so names cannot stay relative to ours.
+QString Absolute(const QString& path) { return path.isEmpty() ? path : QFileInfo(path).absoluteFilePath(); }
+
 struct Options {
   std::string data;
   QStringList files;
@@ -57,7 +61,7 @@ Options Parse(const std::vector<std::string>& words) {
       }
       options.data = words[i];
     } else if (word == "--open") {
-      for (++i; i < words.size(); ++i) options.files.append(PathToQt(words[i]));
+      for (++i; i < words.size(); ++i) options.files.append(Absolute(PathToQt(words[i])));
     } else {
       break;
     }
@@ -81,7 +85,9 @@ int Run(QApplication& application, const Options& options) {
   int status = 0;
   QTimer::singleShot(0, &window, [&] {
     if (line.unattended) {
-      status = window.Commands().RunUnattended(PathToQt(line.path)) ? 0 : 1;
+      const auto made = window.Commands().RunUnattended(Absolute(PathToQt(line.path)));
+      if (!made) std::fprintf(stderr, "Captoria: %s\n", made.error().message.c_str());
+      status = made ? 0 : 1;
       window.close();
       return;
     }

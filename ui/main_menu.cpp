@@ -52,7 +52,7 @@ void MainMenu::BuildFile(QMenuBar* bar) {
   Add(file, "mnuCloseThisSrt", tr("Close active srt/idx file"))->setVisible(false);
   close_srt = Add(file, "mnuCloseSrt", tr("&Close all srt/idx files"), nullptr, QKeySequence::Close);
   file->addSeparator()->setObjectName("mnuSep3");
-  options = Add(file, "mnuOptions", tr("&Options..."), "options", QKeySequence::Preferences);
+  options = Add(file, "mnuOptions", tr("&Options..."), "options", tr("Ctrl+,"));
   file->addSeparator()->setObjectName("mnuSep156");
   batch_convert = Add(file, "mnuBatchConvert", tr("&Batch convert..."), nullptr, tr("Ctrl+B"));
   file->addSeparator()->setObjectName("mnuSep4");

@@ -103,10 +103,10 @@ void WindowCommands::ShowAbout() {
   frmAbout({.version = CAPTORIA_VERSION}, session_.prompts, documents_, window_).exec();
 }
 
-bool WindowCommands::RunUnattended(const QString& path) {
+Result<MadeDivX> WindowCommands::RunUnattended(const QString& path) {
   Result<MadeDivX> made;
   jobs_.Run([&] { made = captoria::RunUnattended(session_, outside_, PathFromQt(path)); });
-  return made.has_value();
+  return made;
 }
 
 }  // namespace captoria

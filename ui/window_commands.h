@@ -33,8 +33,8 @@ class WindowCommands final : public QObject {
   void BatchConvert();
   void ShowAbout();
 
-  // The run that a file manager starts. False when nothing was made.
-  bool RunUnattended(const QString& path);
+  // The run that a file manager starts.
+  Result<MadeDivX> RunUnattended(const QString& path);
 
  signals:
   // A video was opened by its user, and so may be wanted again.

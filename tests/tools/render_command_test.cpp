@@ -39,6 +39,16 @@ TEST_F(RenderCommand, WritesABitmapACueAndTellsFontsAndMissingCharacters) {
   EXPECT_THAT(Render({file_}).out, HasSubstr("no installed font has U+F0001"));
 }
 
+TEST_F(RenderCommand, SaysWhenThereIsNoFontAtAll) {
+  const std::string none = folder_.Put("fonts.conf", "<fontconfig></fontconfig>");
+  setenv("FONTCONFIG_FILE", none.c_str(), 1);
+  const auto run = Render({file_});
+  unsetenv("FONTCONFIG_FILE");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("no font is installed"));
+  EXPECT_THAT(ListFiles(Out(), "*"), ElementsAre());
+}
+
 TEST_F(RenderCommand, KeepsTheNumbersOfAPart) {
   EXPECT_EQ(Render({file_, "--first", "2", "--last", "2"}).status, 0);
   EXPECT_THAT(ListFiles(Out(), "*"), ElementsAre("bmp00002.bmp"));

@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 #include "app/language_commands.h"
+#include "localisation/language_files.h"
 #include "platform/files.h"
 #include "tests/ui/main_window_fixture.h"
 #include "tests/ui/program_texts.h"
@@ -72,6 +73,20 @@ TEST_F(LanguagesOfTheWindow, EveryTextChangesAndNothingIsLost) {
   EXPECT_EQ(list->selectionModel()->selectedRows().size(), 2);
   EXPECT_EQ(session_->tracks.Current().style.VertPos, 77);
   EXPECT_THAT(window_->windowTitle().toStdString(), HasSubstr("film.c.srt"));
+}
+
+TEST_F(LanguagesOfTheWindow, EachFitsASmallScreen) {
+  FileRegistry registry(folder_.File("registry"));
+  ContextMenuEntry entry(registry, FileActions(ProcessEnvironment()), "/nowhere");
+  for (const LanguageFile& file : ListLanguages(session_->folders)) {
+    ASSERT_TRUE(LoadNewLang(*session_, file.base));
+    const Form2 options(*session_, entry, {}, nullptr);
+    for (const QSize size : {window_->minimumSizeHint(), options.sizeHint()}) {
+      EXPECT_LE(size.width(), 1024) << file.name;
+      EXPECT_LE(size.height(), 600) << file.name;
+    }
+  }
+  ASSERT_TRUE(LoadNewLang(*session_, kInitialLanguage));
 }
 
 TEST_F(LanguagesOfTheWindow, TheChosenOneIsThereAgainAtTheNextStart) {

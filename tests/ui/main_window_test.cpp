@@ -162,7 +162,7 @@ TEST_F(MainWindow, HasATextInALanguageFileForEveryCaption) {
 }
 
 TEST_F(MainWindow, TheUnattendedRunIsShownWhenItIsOver) {
-  EXPECT_TRUE(window_->Commands().RunUnattended(QString::fromStdString(film_)));
+  EXPECT_TRUE(window_->Commands().RunUnattended(QString::fromStdString(film_)).has_value());
   EXPECT_FALSE(folder_.Get("film.divx").empty());
   EXPECT_THAT(prompts_.TakeMessages(), IsEmpty());
   EXPECT_EQ(Part<Info>("Info1")->LineCount(), 2);
