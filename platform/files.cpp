@@ -98,7 +98,8 @@ std::vector<std::string> ListFiles(const std::string& folder, std::string_view p
 }
 
 Result<std::string> ReadWholeFile(const std::string& path, std::uint64_t limit) {
-  // Not blocking keeps a pipe that nobody writes to from holding the program up; ordinary files do not notice.
+  // Not blocking keeps a pipe that nobody writes to from holding the program up; ordinary files do not notice. But a
+  // pipe whose writer is not there yet would read as an empty file then.
   Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (!file.Valid()) {
     const auto kind = errno == ENOENT || errno == ENOTDIR ? ErrorKind::NotFound : ErrorKind::Unreadable;
@@ -107,6 +108,7 @@ Result<std::string> ReadWholeFile(const std::string& path, std::uint64_t limit) 
   struct stat status {};
   if (::fstat(file.Get(), &status) != 0) return Failure(ErrorKind::Unreadable, path + ": " + Reason(errno));
   if (S_ISDIR(status.st_mode)) return Failure(ErrorKind::Unreadable, path + ": is a folder, not a file");
+  if (S_ISFIFO(status.st_mode)) return Failure(ErrorKind::Unreadable, path + ": is a pipe, not a file");
 
   // The size is a proposal only: the file may grow or shrink while it is read, and some files report 0.
   const auto announced = static_cast<std::uint64_t>(std::max<off_t>(status.st_size, 0));

@@ -86,6 +86,10 @@ TEST(Files, ReadingIsBoundedAndSaysWhatIsWrong) {
   EXPECT_EQ(ReadWholeFile(path, 4).error().kind, ErrorKind::TooLarge);
   EXPECT_EQ(ReadWholeFile("/dev/zero", 100'000).error().kind, ErrorKind::TooLarge);
   EXPECT_EQ(ReadWholeFile(folder.Path()).error().kind, ErrorKind::Unreadable);
+  ASSERT_EQ(mkfifo(folder.File("pipe").c_str(), 0600), 0);
+  const auto pipe = ReadWholeFile(folder.File("pipe"));
+  ASSERT_FALSE(pipe) << "without a writer it would read as empty";
+  EXPECT_EQ(pipe.error().kind, ErrorKind::Unreadable);
   EXPECT_EQ(ReadWholeFile(folder.File("none")).error().kind, ErrorKind::NotFound);
   EXPECT_GT(ReadWholeFile("/proc/self/status").value().size(), 100u) << "files that report no size are read as well";
 }
