@@ -7,7 +7,7 @@ import pathlib
 import sys
 import tempfile
 
-from measure import compare
+from measure import compare, tell_goal
 from read_srt import CLI, write_subtitles
 
 # Half of them select by what all lines or the first and last have, the other half places what was selected.
@@ -34,7 +34,7 @@ def main():
         for name, run in runs.items():
             print(f"  captoria-cli cues, {name + ':':<8} {run.seconds * 1000:8.1f} ms")
         print(f"  the commands {added * 1000:14.1f} ms")
-        print("  goal: under 50 ms")
+        tell_goal("50 commands on 20,000 cues", "under 50 ms", f"{added * 1000:.1f} ms", added < 0.05)
     return 0
 
 

@@ -50,10 +50,18 @@ def compare(commands, rounds=7, statuses={}, before=lambda: None):
     return runs
 
 
-def report(title, runs, ours, goal):
+# (work, goal, figure, whether it is met), for the table of bench/run.
+goals = []
+
+
+def tell_goal(work, goal, figure, met):
+    goals.append((work, goal, figure, met))
+    print(f"  {'met' if met else 'MISSED'}: {work}: {figure}; goal: {goal}")
+
+
+def report(title, runs, ours):
     print(title)
     for name, run in runs.items():
         times = f"{run.seconds:8.3f} s  {run.memory / 2**20:7.1f} MiB"
         ratio = "" if name == ours else f"  {run.seconds / runs[ours].seconds:6.1f} times our time"
         print(f"  {name:<28} {times}{ratio}")
-    print(f"  goal: {goal}")

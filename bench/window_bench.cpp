@@ -6,6 +6,7 @@
 //   window_bench bare STARTED        a window of Qt with nothing in it
 //   window_bench start STARTED DATA  ours, on an empty data folder
 //   window_bench cues DATA FILM SRT  a long list: scrolling through it, selecting in it, clicking cues
+//   window_bench frames FILM         single frames, from all over the film
 //
 // STARTED is the monotonic clock in nanoseconds when the process was started.
 #include <QAbstractEventDispatcher>
@@ -19,6 +20,7 @@
 
 #include "app/load_subtitle.h"
 #include "app/open_video.h"
+#include "media/frame_decoder.h"
 #include "platform/program_folder.h"
 #include "tools/unattended_prompts.h"
 #include "ui/main_window.h"
@@ -69,8 +71,21 @@ void MeasureCues(Form1& window) {
   }
 }
 
+int MeasureFrames(const char* film) {
+  NoProgress progress;
+  auto decoder = FrameDecoder::Open(film, progress);
+  if (!decoder) return 1;
+  for (std::int64_t i = 1; i <= 100; ++i) {
+    const auto begin = Clock::now();
+    if (!decoder->Frame(i * 104729 % decoder->FrameCount(), progress)) return 1;
+    Tell("frame", Clock::now() - begin);
+  }
+  return 0;
+}
+
 int Run(int argc, char** argv) {
   const std::string mode = argc > 2 ? argv[1] : "";
+  if (mode == "frames") return MeasureFrames(argv[2]);
   QApplication application(argc, argv);
   if (mode == "bare") {
     QMainWindow window;
