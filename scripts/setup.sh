@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# scripts/setup.sh [test] [bench] [docs] [fuzz] [ci]: installs the Debian packages that building and running need, and
-# those of the named groups. Silent, and done in an instant, when nothing is missing.
+# scripts/setup.sh [test] [bench] [docs] [fuzz] [ci] [package]: installs the Debian packages that building and running
+# need, and those of the named groups. Silent, and done in an instant, when nothing is missing.
 set -euo pipefail
 
 build=(
@@ -20,6 +20,7 @@ bench=(dvdauthor ffmpeg fonts-liberation)
 docs=(imagemagick)
 fuzz=(clang libclang-rt-14-dev)
 ci=(clang-format-14 clang-tidy-14)
+package=(appstream debootstrap desktop-file-utils dpkg-dev file librsvg2-bin libxml2-utils lintian mandoc)
 
 wanted=("${build[@]}")
 for group in "$@"; do
@@ -28,8 +29,8 @@ for group in "$@"; do
 done
 
 missing=()
-for package in "${wanted[@]}"; do
-  [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+for name in "${wanted[@]}"; do
+  [ "$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null)" = installed ] || missing+=("$name")
 done
 [ ${#missing[@]} -gt 0 ] || exit 0
 
