@@ -74,19 +74,22 @@ int Run(QApplication& application, const Options& options) {
   QApplication::setApplicationName("Captoria");
   QApplication::setApplicationVersion(CAPTORIA_VERSION);
   QApplication::setDesktopFileName("org.captoria.Captoria");
+  const CommandLine line = ParseCommandLine(options.arguments);
   WindowPrompts prompts(nullptr);  // a damaged settings file is told before there is a window
+  prompts.SetUnattended(line.unattended);
   WindowView view;
   Session session(FindProgramFolders(options.data, ExecutableFolder(), ProcessEnvironment()), prompts, view);
   Form1 window(session, view);
   prompts.SetParent(&window);
   window.show();
 
-  const CommandLine line = ParseCommandLine(options.arguments);
   int status = 0;
   QTimer::singleShot(0, &window, [&] {
     if (line.unattended) {
+      prompts.SetUnattended(false);  // whoever chose the entry of a file manager sees why there is no film
       const auto made = window.Commands().RunUnattended(Absolute(PathToQt(line.path)));
       if (!made) std::fprintf(stderr, "Captoria: %s\n", made.error().message.c_str());
+      prompts.SetUnattended(true);
       status = made ? 0 : 1;
       window.close();
       return;

@@ -10,6 +10,7 @@
 #include <QFontDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <cstdio>
 
 #include "ui/on_gui_thread.h"
 #include "ui/qt_font.h"
@@ -104,6 +105,10 @@ QWidget* WindowPrompts::Parent() const {
 }
 
 void WindowPrompts::ShowMessage(const std::string& title, const std::string& text) {
+  if (unattended_) {
+    std::fprintf(stderr, "%s: %s\n", title.c_str(), text.c_str());
+    return;
+  }
   OnGuiThread(qApp, [&] {
     QMessageBox box(QMessageBox::Information, ToQt(title), QString(), QMessageBox::Ok, Parent());
     Show(box, text);
