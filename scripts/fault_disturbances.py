@@ -1,0 +1,235 @@
+# SPDX-FileCopyrightText: Captoria contributors
+# SPDX-License-Identifier: MIT
+"""Rows of scripts/faults.py that disturb a conversion from outside: killed, out of room, not alone, out of time."""
+
+import contextlib
+import os
+import pathlib
+import shutil
+import subprocess
+import time
+
+from fault_tools import Row, descendants, digest, files_in, fresh, kill, left_in_temp, tell
+
+FAKE_TIME = pathlib.Path("/usr/lib/x86_64-linux-gnu/faketime/libfaketimeMT.so.1")
+SETTINGS = "[General]\nMainX=200\nMainY=100\nShowWelcome=0\n; a line of my own\n"
+
+
+def killed(bench):
+    row = Row("SIGKILL at a random moment", "`captoria-cli convert`, every 4th time the window's `/AUTO`, on a short and on a "
+              "long film, alone or with all its children: children end; a film of the name only when whole; the source "
+              "and its folder unchanged; the settings file old or new; the next conversion succeeds and empties tmp")
+    rng, folder = bench.random("kill"), bench.folder / "kill"
+    wholes = {name: bench.reference(name) for name in ("harbour", "long")}
+    for number in range(bench.count(200, 12)):
+        name = "long" if number % 2 else "harbour"
+        whole, seconds = wholes[name]
+        video, data = bench.film(name, folder / "films"), folder / "data"
+        data.mkdir(parents=True, exist_ok=True)
+        (data / "Captoria.ini").write_text(SETTINGS)
+        source, beside, made = digest(video), files_in(folder / "films"), video.with_suffix(".divx")
+        window = number % 4 == 3
+        start = ["Captoria", "--data", data, "/AUTO"] if window else ["captoria-cli", "convert", "--data", data]
+        process = bench.start([bench.program(start[0]), *start[1:], video])
+        time.sleep(rng.uniform(0, seconds * (1.6 if window else 1.1)))
+        alone = rng.random() < 0.5
+        kill([process.pid] if alone else [process.pid, *descendants(process.pid)])
+        process.wait()
+        when = f"{name}, {'window' if window else 'cli'}, {'alone' if alone else 'with children'}"
+        row.times += 1
+        row.check(not bench.await_orphans(5), f"children went on for 5 s ({when})")
+        row.check(digest(made) in (None, whole), f"half a film ({when})")
+        row.check(digest(video) == source, f"the source changed ({when})")
+        others = set(files_in(folder / "films")) - {*beside, made.name}
+        row.check(not others, f"left beside the film: {others} ({when})")
+        settings = (data / "Captoria.ini").read_text()
+        new = settings.startswith("[General]\n") and settings.endswith("\n") and "FontNameL=" in settings
+        row.check(settings == SETTINGS or (new and "a line of my own" in settings), f"half a settings file ({when})")
+        run = bench.convert(video, data, "--set", "ReplaceDivX=-1")
+        row.check(run.status == 0 and digest(made) == whole, f"the next conversion ({when}) {tell(run)}")
+        row.check(not left_in_temp(data), f"left in tmp by the next conversion: {left_in_temp(data)[:3]}")
+    return row
+
+
+@contextlib.contextmanager
+def small_disk(folder, kilobytes):
+    fresh(folder)
+    subprocess.run(["mount", "-t", "tmpfs", "-o", f"size={kilobytes}k", "tmpfs", folder], check=True)
+    try:
+        yield folder
+    finally:
+        subprocess.run(["umount", folder], check=True)
+
+
+def needs_root(bench, row):
+    if not bench.is_root:
+        row.notes.append("skipped: mounting a tmpfs needs root")
+    return not bench.is_root
+
+
+def judge_full(row, run, video, whole, folder):
+    """A film that is whole, or a failure that names a file of the full `folder` and no film."""
+    made = digest(video.with_suffix(".divx"))
+    if run.status == 0:
+        row.check(made == whole, f"status 0 without the whole film: {tell(run)}")
+    else:
+        row.check(run.status == 1 and str(folder) in run.err, f"the failure does not name the file: {tell(run)}")
+        row.check(made is None, f"a film in spite of failure: {tell(run)}")
+    return run.status != 0
+
+
+def full_output(bench):
+    row = Row("Disk full, output", "a tmpfs with the film on it, of growing size: status not 0 and the file named, nothing "
+              "under the final name or beside it, tmp empty; or the whole film")
+    if needs_root(bench, row):
+        return row
+    whole, _ = bench.reference("harbour")
+    size, data, failed = (bench.films / "harbour.avi").stat().st_size // 1024 + 12, bench.folder / "full-data", 0
+    points = bench.count(50, 6)
+    for number in range(points):
+        with small_disk(bench.folder / "full", size + 480 * number // points // 4 * 4) as disk:
+            for path in bench.films.glob("harbour.*"):
+                shutil.copy(path, disk)
+            before = files_in(disk)
+            run = bench.convert(disk / "harbour.avi", fresh(data))
+            failed += judge_full(row, run, disk / "harbour.avi", whole, disk)
+            others = set(files_in(disk)) - {*before, "harbour.divx"}
+            row.check(not others, f"left on the full disk: {others}")
+            row.check(not left_in_temp(data), f"left in tmp: {left_in_temp(data)[:3]}")
+            row.times += 1
+    row.notes.append(f"{failed} of {row.times} too small")
+    return row
+
+
+def full_temp(bench):
+    row = Row("Disk full, tmp", "`--data` on a tmpfs of growing size, every other time with `--keep-temp`: the same, and with "
+              "`--keep-temp` no half-written tool or list that the next conversion could not replace")
+    if needs_root(bench, row):
+        return row
+    whole, _ = bench.reference("harbour")
+    video, data = bench.film("harbour", bench.folder / "full-film"), bench.folder / "full"
+    with small_disk(data, 1 << 20):
+        bench.convert(video, data, "--keep-temp")
+        needed = sum((data / name).stat().st_size for name in files_in(data)) // 1024
+        tools = sum((data / "tmp" / name).stat().st_size for name in files_in(data / "tmp") if name.endswith(".exe"))
+    points, failed = bench.count(50, 6), 0
+    for number in range(points):
+        # A third of the sizes end within the tools, the others within what is made.
+        part, parts = (number, points // 3) if number < points // 3 else (number - points // 3, points - points // 3)
+        low, high = (8, tools // 1024) if number < points // 3 else (tools // 1024, needed * 102 // 100)
+        with small_disk(data, (low + (high - low) * part // parts) // 4 * 4):
+            video.with_suffix(".divx").unlink(missing_ok=True)
+            more = ["--keep-temp"] if number % 2 else []
+            run = bench.convert(video, data, *more)
+            failed += judge_full(row, run, video, whole, data)
+            row.check(bool(more) or not left_in_temp(data), f"left in tmp: {left_in_temp(data)[:3]}")
+            subprocess.run(["mount", "-o", "remount,size=1g", data], check=True)
+            run = bench.convert(video, data, "--set", "ReplaceDivX=-1")
+            row.check(run.status == 0 and digest(video.with_suffix(".divx")) == whole, f"with room again {tell(run)}")
+            row.check(not left_in_temp(data), f"left in tmp with room again: {left_in_temp(data)[:3]}")
+            row.times += 1
+    row.notes.append(f"{failed} of {row.times} too small")
+    return row
+
+
+def full_settings(bench):
+    row = Row("Disk full, settings file", "the window's `/AUTO` with the settings on a tmpfs that fills up, tmp elsewhere: the "
+              "file is the old one or the whole new one, nothing beside it, the film is made, nobody is waited for")
+    if needs_root(bench, row):
+        return row
+    whole, _ = bench.reference("harbour")
+    kept = 0
+    for number in range(bench.count(50, 6)):
+        video = bench.film("harbour", bench.folder / "full-film")
+        with small_disk(bench.folder / "full", 160) as data:
+            (data / "tmp").symlink_to(fresh(bench.folder / "full-tmp"))
+            old = SETTINGS + "; filler\n" * (number * 97)
+            (data / "Captoria.ini").write_text(old)
+            with contextlib.suppress(OSError), open(data / "filler", "wb", buffering=0) as filler:
+                for _ in range(40 - number % 10):  # pages; the first ones hold folders and settings
+                    filler.write(b"x" * 4096)
+            run = bench.window(video, data, seconds=bench.seconds // 2)
+            new = (data / "Captoria.ini").read_text()
+            kept += new == old
+            changed = "FontNameL=" in new and new.count("; filler") == number * 97 and new.endswith("\n")
+            row.check(new == old or changed, f"half a settings file: {tell(run)}")
+            others = [name for name in files_in(data) if ".new-" in name]
+            row.check(not others, f"left beside the settings: {others}")
+            row.check(run.status == 0 and digest(video.with_suffix(".divx")) == whole, f"{'waits for somebody' if run.status is None else 'no film'}: "
+                      f"{tell(run)}")
+            row.times += 1
+    row.notes.append(f"{kept} of {row.times} kept the old file; the unattended run says so in its window only")
+    return row
+
+
+def together(bench):
+    row = Row("Two and four at once", "on the same video and on different ones, one data folder: each succeeds, every film "
+              "it names is whole, tmp folders are empty")
+    wholes = {name: bench.reference(name)[0] for name in ("harbour", "long")}
+    shared = 0
+    for number in range(bench.count(24, 4)):
+        count, same, name = (2, 4)[number % 2], number // 2 % 2 == 0, ("harbour", "long")[number // 4 % 2]
+        data = fresh(bench.folder / "together" / "data")
+        folders = [bench.folder / "together" / str(0 if same else i) for i in range(count)]
+        videos = [bench.film(name, folder) for folder in folders]
+        processes = []
+        for i, video in enumerate(videos):
+            words = [bench.program("captoria-cli"), "convert", str(video), "--data", str(data), "--quiet"]
+            processes.append(subprocess.Popen(words, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                              stderr=subprocess.STDOUT, text=True, env=bench.environment))
+        named = []
+        for process in processes:
+            try:
+                out, _ = process.communicate(timeout=20 * bench.seconds)
+            except subprocess.TimeoutExpired:
+                kill([*descendants(process.pid), process.pid])
+                out, _ = process.communicate()
+            row.check(process.returncode == 0, f"{count} at once ({name}): status {process.returncode}: {out[-150:]}")
+            named.append(out.strip())
+        for path in set(named):
+            row.check(digest(path) == wholes[name], f"{count} at once: {path} is not whole")
+        shared += count - len(set(named))
+        row.check(not left_in_temp(data), f"left in tmp: {left_in_temp(data)[:3]}")
+        row.times += 1
+    if shared:
+        row.notes.append(f"of the runs on the same video {shared} took a name that another had taken as well; the last stays")
+    return row
+
+
+def clock(bench):
+    row = Row("Clock going backwards", "the programs' clock set back and forth by up to ten years every few milliseconds "
+              "(libfaketime), files dated in the future: the film is made and whole, within the usual time")
+    if not FAKE_TIME.exists():
+        row.notes.append("skipped: libfaketime is not installed (apt-get install libfaketime)")
+        return row
+    rng, whole = bench.random("clock"), bench.reference("harbour")[0]
+    offset = bench.folder / "offset"
+    environment = {"LD_PRELOAD": str(FAKE_TIME), "FAKETIME_TIMESTAMP_FILE": str(offset), "FAKETIME_NO_CACHE": "1",
+                   # The monotonic clock does not go backwards in the real world, and files are dated by the system.
+                   "FAKETIME_DONT_FAKE_MONOTONIC": "1", "NO_FAKE_STAT": "1"}
+    for number in range(bench.count(40, 4)):
+        video, data = bench.film("harbour", bench.folder / "clock"), fresh(bench.folder / "clock-data")
+        future = time.time() + 10 * 365 * 86400
+        for path in [*video.parent.iterdir()]:
+            os.utime(path, (future, future))
+        if number % 2:  # an old film of the name, dated in the future, is to be replaced
+            video.with_suffix(".divx").write_bytes(b"old")
+            os.utime(video.with_suffix(".divx"), (future, future))
+        offset.write_text("+0")
+        words = ["captoria-cli", "convert", "--data", data, "--set", "ReplaceDivX=-1", video]
+        process = bench.start([bench.program(words[0]), *words[1:]], environment=environment)
+        last = time.monotonic() + bench.seconds
+        while process.poll() is None and time.monotonic() < last:
+            beside = offset.with_suffix(".new")
+            beside.write_text(f"-{rng.choice([1, 60, 3600, 86400, 315360000])}" if rng.random() < 0.6 else "+0")
+            beside.replace(offset)
+            time.sleep(0.003)
+        row.check(process.poll() == 0, f"status {process.poll()}")
+        kill(bench.await_orphans(1))
+        row.check(digest(video.with_suffix(".divx")) == whole, "not the whole film")
+        row.check(not left_in_temp(data), "files left in tmp")
+        row.times += 1
+    return row
+
+
+ROWS = [killed, full_output, full_temp, full_settings, together, clock]
