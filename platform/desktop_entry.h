@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // What file managers offer to do with files of some kinds, on desktops that keep such offers as desktop entries in the
-// user's data folder (Desktop Entry Specification 1.5).
+// user's data folder (freedesktop.org, Desktop Entry 1.5).
 #pragma once
 
 #include <string>
