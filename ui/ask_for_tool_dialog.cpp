@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "ui/captions.h"
+#include "ui/dialog_buttons.h"
 #include "ui/link_label.h"
 #include "ui/on_gui_thread.h"
 #include "ui/qt_text.h"
@@ -22,7 +23,7 @@ AskForToolDialog::AskForToolDialog(Session& session, Tool tool, DocumentOpener& 
   auto* layout = new QVBoxLayout(this);
   AddTexts(layout, opener);
   layout->addStretch();
-  AddButtons(layout);
+  layout->addLayout(DialogButtons(*this, {"OKButton", tr("OK")}, {"CancelButton", tr("Cancel")}));
   path_->setFocus();
   ApplyCaptions(*this, session_.language);
 }
@@ -72,22 +73,6 @@ void AskForToolDialog::AddPath(QVBoxLayout* layout) {
   row->addWidget(path_, 1);
   row->addWidget(browse);
   layout->addLayout(row);
-}
-
-void AskForToolDialog::AddButtons(QVBoxLayout* layout) {
-  auto* ok = new QPushButton(tr("OK"), this);
-  ok->setObjectName("OKButton");
-  ok->setDefault(true);
-  connect(ok, &QPushButton::clicked, this, &AskForToolDialog::accept);
-  auto* cancel = new QPushButton(tr("Cancel"), this);
-  cancel->setObjectName("CancelButton");
-  cancel->setAutoDefault(false);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch();
-  buttons->addWidget(ok);
-  buttons->addWidget(cancel);
-  layout->addLayout(buttons);
 }
 
 // Before it is shown, so that its size is that of what stays.

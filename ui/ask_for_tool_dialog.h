@@ -38,7 +38,6 @@ class AskForToolDialog final : public QDialog {
   void AddLink(QVBoxLayout* layout, const char* name, DocumentOpener& opener);
   void AddTexts(QVBoxLayout* layout, DocumentOpener& opener);
   void AddPath(QVBoxLayout* layout);
-  void AddButtons(QVBoxLayout* layout);
   void Browse();
 
   Session& session_;

@@ -309,9 +309,7 @@ void Form1::ShowOptions() {
 
 void Form1::CreateLanguage() {
   frmCreateLang dialog(session_, CAPTORIA_VERSION, this);
-  connect(&dialog, &frmCreateLang::Saved, this, [this](const std::string& base) {
-    if (base == session_.LangFile) (void)LoadNewLang(session_, base);
-  });
+  connect(&dialog, &frmCreateLang::Saved, this, [this](const std::string& base) { (void)LoadNewLang(session_, base); });
   dialog.exec();
   languages_->Reload();
 }
