@@ -16,6 +16,7 @@
 
 #include "platform/ascii.h"
 #include "platform/input_file.h"
+#include "platform/large_pages.h"
 
 namespace captoria {
 namespace {
@@ -113,6 +114,10 @@ Result<std::string> ReadWholeFile(const std::string& path, std::uint64_t limit) 
   // The size is a proposal only: the file may grow or shrink while it is read, and some files report 0.
   const auto announced = static_cast<std::uint64_t>(std::max<off_t>(status.st_size, 0));
   std::string content;
+  if (announced <= limit) {
+    content.reserve(announced + 1);
+    PreferLargePages(content.data(), announced);
+  }
   std::size_t used = 0;
   while (true) {
     if (used > limit || announced > limit) {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/ascii.h"
+#include "platform/large_pages.h"
 #include "platform/utf8.h"
 #include "subtitles/time_code.h"
 
@@ -18,24 +19,32 @@ constexpr std::string_view kArrow = "-->";
 // Gives the lines of a text one after the other.
 class LineSplitter {
  public:
-  explicit LineSplitter(std::string_view text) : text_(text), return_(text.find('\r')), newline_(text.find('\n')) {}
+  explicit LineSplitter(std::string_view text)
+      : text_(text), return_(text.find('\r')), newline_(text.find('\n')), arrow_(text.find(kArrow)) {}
 
   bool Next(std::string_view& line) {
     if (start_ >= text_.size()) return false;
     const std::size_t end = std::min({return_, newline_, text_.size()});
     line = text_.substr(start_, end - start_);
+    has_arrow_ = arrow_ < end;
     start_ = end + (newline_ == return_ + 1 && end == return_ ? 2 : 1);
-    // Each is looked for only once it is passed, so either kind of line end costs one walk over the text.
+    // Each is looked for only once it is passed, so that all three cost one walk over the text each.
     if (return_ < start_) return_ = text_.find('\r', start_);
     if (newline_ < start_) newline_ = text_.find('\n', start_);
+    if (arrow_ < start_) arrow_ = text_.find(kArrow, start_);
     return true;
   }
+
+  // Whether the line given last has an arrow in it.
+  bool HasArrow() const { return has_arrow_; }
 
  private:
   std::string_view text_;
   std::size_t start_ = 0;
   std::size_t return_;   // the next of its kind at or behind start_, or npos
   std::size_t newline_;  // likewise
+  std::size_t arrow_;    // likewise; an arrow never spans two lines
+  bool has_arrow_ = false;
 };
 
 // The beginning of a line for a message: a line may be megabytes long.
@@ -53,7 +62,10 @@ std::string Excerpt(std::string_view line) {
 class CueCollector {
  public:
   // `expected` cues get their room at once: growing step by step costs a third of the whole time.
-  explicit CueCollector(std::size_t expected) { cues_.reserve(expected); }
+  explicit CueCollector(std::size_t expected) {
+    cues_.reserve(expected);
+    PreferLargePages(cues_.data(), expected * sizeof(SubtitleCue));
+  }
 
   void TextLine(std::string_view line) {
     if (Trim(line).empty()) return;
@@ -94,11 +106,14 @@ class CueCollector {
   Milliseconds hide_{0};
 };
 
-// How many cues `text` may hold. A file of nothing but arrows asks for no more room than three times its size.
+// How many cues `text` may hold, by its beginning. A file that begins with nothing but arrows asks for no more room
+// than three times its size.
 std::size_t ExpectedCues(std::string_view text) {
-  std::size_t arrows = 0;
-  for (auto at = text.find(kArrow); at != text.npos; at = text.find(kArrow, at + kArrow.size())) ++arrows;
-  return std::min(arrows + 1, 3 * text.size() / sizeof(SubtitleCue));
+  const std::string_view beginning = text.substr(0, std::size_t{1} << 16);
+  std::size_t arrows = 1;
+  for (auto at = beginning.find(kArrow); at != text.npos; at = beginning.find(kArrow, at + kArrow.size())) ++arrows;
+  const std::size_t expected = beginning.empty() ? 0 : arrows * (text.size() / beginning.size() + 1);
+  return std::min(expected, 3 * text.size() / sizeof(SubtitleCue));
 }
 
 }  // namespace
@@ -115,7 +130,7 @@ SrtReading ReadSrt(std::string_view text) {
   std::string_view line;
   for (std::size_t number = 1; lines.Next(line); ++number) {
     const std::string_view previous = std::exchange(current, line);
-    if (line.find(kArrow) == line.npos) {
+    if (!lines.HasArrow()) {
       collector.TextLine(previous);
       continue;
     }
