@@ -81,7 +81,7 @@ class Conversion {
                .avi_path = session_.video.AviPath,
                .streams = session_.video.streams,
                .tracks = session_.tracks.Open(),
-               .output = OutputPath(session_.video.AviPath, settings.ReplaceDivX)};
+               .output{}};
   }
 
   Result<MadeDivX> Run() {
@@ -98,6 +98,11 @@ class Conversion {
 
  private:
   Result<MadeDivX> Make() {
+    auto output = temp_.ClaimOutput([this](const NameTaken& in_making) {
+      return OutputPath(script_.avi_path, session_.settings.ReplaceDivX, in_making);
+    });
+    if (!output) return tl::unexpected(output.error());
+    script_.output = std::move(*output);
     if (auto checked = CheckNames(script_); !checked) return tl::unexpected(checked.error());
     if (auto copied = CopyTools(); !copied) return tl::unexpected(copied.error());
     if (auto drawn = DrawBitmaps(); !drawn) return tl::unexpected(drawn.error());

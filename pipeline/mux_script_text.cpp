@@ -64,12 +64,13 @@ std::string MuxCommand(const MuxScript& script) {
 
 }  // namespace
 
-std::string OutputPath(const std::string& avi_path, bool replace) {
+std::string OutputPath(const std::string& avi_path, bool replace, const NameTaken& in_making) {
   const std::string_view name = GetFileNameOnly(avi_path);
   std::string base = avi_path.substr(0, avi_path.size() - name.size()).append(RemoveExt(name));
   const auto path = [&] { return base + std::string{kExtension}; };
   if (replace) return EndsIgnoringCase(avi_path, kExtension) ? path() + std::string{kExtension} : path();
-  while (FileExists(path()) || FolderExists(path())) base += "_";
+  // Asked for second, files have those that were in the making and are made by now.
+  while (in_making(path()) || FileExists(path()) || FolderExists(path())) base += "_";
   return path();
 }
 

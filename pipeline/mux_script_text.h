@@ -11,6 +11,7 @@
 
 #include "pipeline/avi_inspection.h"
 #include "pipeline/list_text.h"
+#include "pipeline/temp_folder.h"
 #include "platform/result.h"
 #include "subtitles/subtitle_track.h"
 
@@ -28,9 +29,10 @@ struct MuxScript {
   std::string output;
 };
 
-// The name of a film made from the video `avi_path`: beside it, like it, with ".divx". When that is taken: with as many
-// "_" before the extension as it takes, or, with `replace`, the name all the same; but never the video's own.
-std::string OutputPath(const std::string& avi_path, bool replace);
+// The name of a film made from the video `avi_path`: beside it, like it, with ".divx". When a file or a conversion has
+// it: with as many "_" before the extension as it takes, or, with `replace`, the name all the same; but never the
+// video's own.
+std::string OutputPath(const std::string& avi_path, bool replace, const NameTaken& in_making);
 
 // "en" of "en ENGLISH"; "en" as well for a text without a blank.
 std::string LanguageCode(std::string_view language);

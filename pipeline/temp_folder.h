@@ -5,12 +5,17 @@
 // One conversion has it for itself.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/folder_lock.h"
 #include "platform/result.h"
 
 namespace captoria {
+
+// Whether a film is in the making under the name `path`.
+using NameTaken = std::function<bool(const std::string& path)>;
 
 // What to delete when a conversion is over.
 struct CleanUp {
@@ -28,6 +33,11 @@ class TempFolder {
   // Where the script's output goes; locked by what runs it.
   static constexpr const char* kLogName = "divxmux.log";
 
+  // Settles the name of the film that the conversion makes, before it is there to be seen: `choose` gives it, and can
+  // ask which names the other conversions of the same program folder have. Unwritable when it cannot be noted down for
+  // them.
+  Result<std::string> ClaimOutput(const std::function<std::string(const NameTaken& in_making)>& choose) const;
+
   const std::string& Path() const { return path_; }
   std::string File(std::string_view name) const;
 
@@ -35,8 +45,12 @@ class TempFolder {
   void Clean(const CleanUp& wanted) const;
 
  private:
-  TempFolder(std::string path, FolderLock lock) : path_(std::move(path)), lock_(std::move(lock)) {}
+  TempFolder(std::string program_folder, std::string path, FolderLock lock)
+      : program_folder_(std::move(program_folder)), path_(std::move(path)), lock_(std::move(lock)) {}
 
+  std::vector<std::string> OutputsOfOthers() const;
+
+  std::string program_folder_;
   std::string path_;
   FolderLock lock_;
 };

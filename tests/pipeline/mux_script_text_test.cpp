@@ -36,13 +36,15 @@ class OutputPaths : public testing::TestWithParam<Taken> {};
 TEST_P(OutputPaths, StandBesideTheVideoUnderAFreeName) {
   const TestFolder folder;
   for (const std::string& file : GetParam().files) folder.Put(file, "");
-  EXPECT_EQ(OutputPath(folder.File(GetParam().video), GetParam().replace), folder.File(GetParam().output));
+  const auto in_making = [&](const std::string& path) { return path == folder.File("in making.divx"); };
+  EXPECT_EQ(OutputPath(folder.File(GetParam().video), GetParam().replace, in_making), folder.File(GetParam().output));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Names, OutputPaths,
     testing::Values(Taken{"Free", "a.b.avi", false, {}, "a.b.divx"},
                     Taken{"Taken", "movie.avi", false, {"movie.divx", "movie_.divx"}, "movie__.divx"},
+                    Taken{"InMaking", "in making.avi", false, {}, "in making_.divx"},
                     Taken{"Replaced", "movie.avi", true, {"movie.divx"}, "movie.divx"},
                     Taken{"ReplacedButNotTheSource", "movie.DivX", true, {"movie.DivX"}, "movie.divx.divx"},
                     Taken{"SourceIsTaken", "movie.divx", false, {"movie.divx"}, "movie_.divx"},
@@ -50,8 +52,9 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return std::string{row.param.name}; });
 
 TEST(OutputPath, AFileOfTheRootAndABareNameKeepTheirPlace) {
-  EXPECT_EQ(OutputPath("/no such film.avi", false), "/no such film.divx");
-  EXPECT_EQ(OutputPath("no such film.avi", false), "no such film.divx");
+  const auto none = [](const std::string&) { return false; };
+  EXPECT_EQ(OutputPath("/no such film.avi", false, none), "/no such film.divx");
+  EXPECT_EQ(OutputPath("no such film.avi", false, none), "no such film.divx");
 }
 
 class ScriptText : public testing::Test {

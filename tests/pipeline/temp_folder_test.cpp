@@ -40,6 +40,23 @@ TEST(TempFolder, EachConversionHasOneOfItsOwn) {
   EXPECT_EQ(TempFolder::Open(program.File("file")).error().kind, ErrorKind::Unwritable);
 }
 
+TEST(TempFolder, TwoConversionsMakeTwoFilms) {
+  const TestFolder program;
+  const auto claim = [](const TempFolder& temp, const std::string& name) {
+    return temp.ClaimOutput([&](const NameTaken& in_making) { return in_making(name) ? name + "_" : name; }).value();
+  };
+  const std::string film = program.File("films/../film.divx"), same = program.File("film.divx");
+  {
+    const auto first = TempFolder::Open(program.Path()), second = TempFolder::Open(program.Path());
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(claim(*first, film), film);
+    EXPECT_EQ(claim(*second, same), same + "_") << "however the name is written";
+    EXPECT_EQ(claim(*first, film), film) << "a conversion is not in its own way";
+  }
+  const auto third = TempFolder::Open(program.Path()), fourth = TempFolder::Open(program.Path());
+  EXPECT_EQ(claim(*fourth, same), same) << "those that ended count no more";
+}
+
 struct Cleaned {
   const char* name;
   CleanUp wanted;
