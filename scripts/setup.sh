@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# scripts/setup.sh [test] [bench] [docs] [fuzz] [ci] [package]: installs the Debian packages that building and running
+# scripts/setup.sh [test] [bench] [docs] [fuzz] [coverage] [ci] [package]: installs the Debian packages that building and running
 # need, and those of the named groups. Silent, and done in an instant, when nothing is missing.
 set -euo pipefail
 
@@ -19,7 +19,8 @@ test=(
 bench=(dvdauthor ffmpeg fonts-liberation)
 docs=(imagemagick)
 fuzz=(clang libclang-rt-14-dev)
-ci=(clang-format-14 clang-tidy-14)
+coverage=(gcovr)
+ci=(clang clang-format-14 clang-tidy-14 codespell)
 package=(appstream debootstrap desktop-file-utils dpkg-dev file librsvg2-bin libxml2-utils lintian mandoc)
 
 wanted=("${build[@]}")

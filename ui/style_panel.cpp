@@ -239,8 +239,8 @@ void StylePanel::ChooseFont() {
 void StylePanel::ChooseColor(int palette_entry) {
   const StyleColor& asked = kStyleColors.at(static_cast<std::size_t>(palette_entry - 1));
   Color& color = Style().*asked.color;
-  const auto chosen = session_.prompts.AskColor(FromQt(titles_.at(static_cast<std::size_t>(palette_entry))->text()),
-                                                static_cast<std::uint32_t>(ValueOf(color)));
+  const auto chosen =
+      session_.prompts.AskColor(FromQt(titles_.at(palette_entry)->text()), static_cast<std::uint32_t>(ValueOf(color)));
   if (!chosen) return;
   color = SplitColour(static_cast<ColorValue>(*chosen));
   LoadCorrectValues();

@@ -77,7 +77,7 @@ struct Pair {
 // FFmpeg loses a unit whose packs are mixed with those of others, so its pair has them one after the other.
 std::string Save(const Pair& row, bool mixed, const TestFolder& folder) {
   VobSubPair pair;
-  std::vector<std::string> languages(row.language + 1u);
+  std::vector<std::string> languages(static_cast<std::size_t>(row.language) + 1);
   int time = 1234;
   for (const TestSpu& spu : row.spus) {
     std::vector<std::pair<int, Bytes>> units;

@@ -43,7 +43,8 @@ TEST_F(DesktopOpenerTest, NothingIsTakenForSomethingElse) {
         Case{"https://example.org/?a=b&c", "https://example.org/?a=b&c"}}) {
     folder_.Put("opened", "");
     EXPECT_TRUE(DesktopOpener().Open(document)) << document;
-    EXPECT_TRUE(Soon([&] { return folder_.Get("opened") == argument + "|"; })) << folder_.Get("opened");
+    EXPECT_TRUE(Soon([&, wanted = argument + "|"] { return folder_.Get("opened") == wanted; }))
+        << folder_.Get("opened");
   }
 }
 

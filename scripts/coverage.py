@@ -1,0 +1,49 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: Captoria contributors
+# SPDX-License-Identifier: MIT
+"""Which share of the lines and branches of each folder the tests run, as a table in Markdown. Builds and runs them."""
+
+import collections
+import json
+import pathlib
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+BUILD = ROOT / "build" / "coverage"
+
+
+def run_tests():
+    subprocess.run([ROOT / "scripts/setup.sh", "test", "coverage"], check=True)
+    subprocess.run([ROOT / "scripts/build.sh", "coverage"], check=True)
+    for counts in BUILD.rglob("*.gcda"):  # of an earlier run
+        counts.unlink()
+    return subprocess.run(["ctest", "--preset", "coverage", "-j2", "--progress"], cwd=ROOT).returncode
+
+
+def by_folder():
+    """{folder: counts}: lines and branches, covered and in all, without the tests themselves."""
+    # A throw that no line of ours catches is a branch to the compiler, not to a reader.
+    summary = subprocess.run(["gcovr", "--root", ROOT, "--exclude", "tests/", "--exclude", "bench/", "--exclude", "build/",
+                              "--exclude-throw-branches", "--json-summary", "-", BUILD], stdout=subprocess.PIPE, check=True)
+    folders = collections.defaultdict(collections.Counter)
+    for file in json.loads(summary.stdout)["files"]:
+        for folder in (file["filename"].split("/")[0], "all"):
+            for what in ("line", "branch"):
+                for count in ("covered", "total"):
+                    folders[folder][f"{what}_{count}"] += file[f"{what}_{count}"]
+    return folders
+
+
+def main():
+    failed = run_tests()
+    print("\n| Folder | Lines | run | Branches | run |\n|---|---:|---:|---:|---:|")
+    for folder, counts in sorted(by_folder().items(), key=lambda item: (item[0] == "all", item[0])):
+        share = [f"{counts[f'{what}_total']:,} | {counts[f'{what}_covered'] / max(counts[f'{what}_total'], 1):.0%}"
+                 for what in ("line", "branch")]
+        print(f"| {folder} | {' | '.join(share)} |")
+    return failed
+
+
+if __name__ == "__main__":
+    sys.exit(main())
