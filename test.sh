@@ -2,14 +2,16 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# ./test.sh [--sanitizers] [CTEST ARGS...]: installs what building and testing need, builds, and runs the tests.
+# ./test.sh [--sanitizers | --threads] [CTEST ARGS...]: installs what building and testing need, builds, and runs the tests.
 set -euo pipefail
 cd "$(dirname "$0")"
 preset=dev
-if [ "${1-}" = --sanitizers ]; then
-  preset=sanitizers
-  shift
-fi
+case ${1-} in
+  --sanitizers | --threads)
+    preset=${1#--}
+    shift
+    ;;
+esac
 scripts/setup.sh test
 scripts/build.sh "$preset"
 exec ctest --preset "$preset" -j "$(nproc)" --progress "$@"
