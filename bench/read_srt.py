@@ -24,7 +24,8 @@ def write_subtitles(path, cues):
         for i in range(cues):
             start = stamp(i * 800 % 86_000_000)
             end = stamp((i * 800 + 700) % 86_000_000)
-            file.write(f"{i + 1}\r\n{start} --> {end}\r\nThe line of dialogue with the number {i},\r\nand <i>one</i> more.\r\n\r\n")
+            text = f"The line of dialogue with the number {i},\r\nand <i>one</i> more."
+            file.write(f"{i + 1}\r\n{start} --> {end}\r\n{text}\r\n\r\n")
 
 
 def main():

@@ -6,6 +6,7 @@
 extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavformat/avformat.h>
+#include <libavutil/avutil.h>
 #include <libavutil/frame.h>
 #include <libavutil/imgutils.h>
 #include <libswscale/swscale.h>
@@ -344,5 +345,7 @@ std::int64_t FrameDecoder::Duration() const { return film_->Facts().duration; }
 Result<VideoFrame> FrameDecoder::Frame(std::int64_t number, JobProgress& progress) {
   return film_->Frame(number, progress);
 }
+
+std::string DecoderLibrary() { return std::string("FFmpeg ") + av_version_info(); }
 
 }  // namespace captoria

@@ -20,6 +20,9 @@ struct VideoFrame {
   std::vector<std::uint8_t> pixels;  // blue, green, red, opacity; rows from the top, without gaps
 };
 
+// What decodes, for reports of faults: "FFmpeg 5.1.6".
+std::string DecoderLibrary();
+
 class FrameDecoder {
  public:
   // Unsupported when there is no decoder for the stream; Damaged when the file is no film, has no video, or its first

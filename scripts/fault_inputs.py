@@ -8,9 +8,8 @@ import subprocess
 import time
 
 from fault_mutations import damaged_texts
-from fault_tools import MEGABYTE, NOBODY, Row, digest, files_in, fresh, kill, left_in_temp, tell
+from fault_tools import MEGABYTE, NOBODY, SETTINGS, Row, digest, files_in, fresh, kill, left_in_temp, tell
 
-SETTINGS = "[General]\nMainX=195\nMainY=90\nShowWelcome=0\n; a line of my own\n"
 
 
 def readers(bench, data):
@@ -57,9 +56,9 @@ KINDS = ["a pipe nobody writes to", "a folder", "the program's own memory", "a f
 
 
 def unreadable(bench):
-    row = Row("Read errors", f"{', '.join(KINDS)} (as another user) in the place of each file a program reads: status 1 or 2, "
-              f"the file named, nothing made, within {bench.seconds} s and {bench.megabytes} MB ({5 * bench.megabytes} MB for "
-              "what has no end)")
+    row = Row("Read errors", f"{', '.join(KINDS)} (as another user) in the place of each file a program reads: status 1 "
+              f"or 2, the file named, nothing made, within {bench.seconds} s and {bench.megabytes} MB "
+              f"({5 * bench.megabytes} MB for what has no end)")
     data = bench.folder / "unreadable"
     for kind in KINDS:
         user = NOBODY if kind == "a file that may not be read" else None
@@ -85,8 +84,8 @@ def unreadable(bench):
 
 
 def truncated(bench):
-    row = Row("Film cut while it is read", "`convert` of a long film that is cut at a random place at a random moment: a failure that "
-              "names it and no film, or a film, with a warning where it is not that of the uncut one")
+    row = Row("Film cut while it is read", "`convert` of a long film that is cut at a random place at a random moment: a failure "
+              "that names it and no film, or a film, with a warning where it is not that of the uncut one")
     rng, (whole, seconds) = bench.random("truncate"), bench.reference("long")
     data = bench.folder / "truncated-data"
     shorter = 0
@@ -116,8 +115,8 @@ def truncated(bench):
 
 
 def settings(bench):
-    row = Row("Settings file locked, damaged, or none", "`convert` and the window's `/AUTO`: the film is made, nobody is waited for, "
-              "no line of a readable file and no byte of a damaged one is lost")
+    row = Row("Settings file locked, damaged, or none", "`convert` and the window's `/AUTO`: the film is made, nobody is "
+              "waited for, no line of a readable file and no byte of a damaged one is lost")
     whole, _ = bench.reference("harbour")
     cases = [*damaged_texts(bench.random("settings")), ("locked", SETTINGS.encode()), ("read-only", SETTINGS.encode()),
              ("a pipe nobody writes to", None), ("a folder", None), ("the program's own memory", None),
@@ -194,15 +193,15 @@ def hostile(bench, row, cases, name, settings_line, same):
 
 
 def language_files(bench):
-    row = Row("Hostile language files", "the window's `/AUTO` in that language: the film is made as ever, nobody is waited for, within "
-              f"{3 * bench.seconds} s and {4 * bench.megabytes} MB")
+    row = Row("Hostile language files", "the window's `/AUTO` in that language: the film is made as ever, nobody is waited "
+              f"for, within {3 * bench.seconds} s and {4 * bench.megabytes} MB")
     cases = hostile_languages(bench.random("language"))
     return hostile(bench, row, cases, "Hostile.Captoria.exe.xml", "Lang=Hostile", same=True)
 
 
 def command_files(bench):
-    row = Row("Hostile command files", "the window's `/AUTO` with that file as `BatchToRun`: a film is made, nobody is waited for, within "
-              f"{3 * bench.seconds} s and {4 * bench.megabytes} MB")
+    row = Row("Hostile command files", "the window's `/AUTO` with that file as `BatchToRun`: a film is made, nobody "
+              f"is waited for, within {3 * bench.seconds} s and {4 * bench.megabytes} MB")
     return hostile(bench, row, hostile_commands(bench.random("commands")), "hostile.cbx", "BatchToRun=", same=None)
 
 

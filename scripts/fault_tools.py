@@ -19,6 +19,10 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 NOBODY = 65534
 SEED = 20240229
 MEGABYTE = 1 << 20
+
+# The place of the window is one it writes back as it was.
+SETTINGS = "[General]\nMainX=195\nMainY=90\nShowWelcome=0\n; a line of my own\n"
+
 MOST_TEXT = 4 * MEGABYTE  # of a program's output that is looked at
 PR_SET_CHILD_SUBREAPER = 36
 

@@ -31,7 +31,8 @@ def arguments():
     parser.add_argument("bin_folder", nargs="?", type=pathlib.Path, default=ROOT / "build" / "bin",
                         help="where the programs are (default: build/bin)")
     parser.add_argument("--quick", action="store_true", help="fewer of everything: two minutes instead of half an hour")
-    parser.add_argument("--write", action="store_true", help="write the table to docs/faults.md as well; with --only, those rows of it")
+    parser.add_argument("--write", action="store_true", 
+                        help="write the table to docs/faults.md as well; with --only, those rows of it")
     parser.add_argument("--only", metavar="NAME", action="append", choices=[make.__name__ for make in ROWS],
                         help="only this row: %(choices)s")
     chosen = parser.parse_args()
@@ -43,8 +44,8 @@ def arguments():
 def introduction(bench):
     memory = os.sysconf("SC_PAGE_SIZE") * os.sysconf("SC_PHYS_PAGES") >> 30
     return (f"# Faults\n\nWhat `scripts/faults.py{' --quick' if bench.quick else ''}` did to the programs on "
-            f"{datetime.date.today()}, and what it found.\n\nMachine: {platform.system()} {platform.release()}, {os.cpu_count()} "
-            f"processors, {memory} GB, {'root' if bench.is_root else 'no root'}; "
+            f"{datetime.date.today()}, and what it found.\n\nMachine: {platform.system()} {platform.release()}, "
+            f"{os.cpu_count()} processors, {memory} GB, {'root' if bench.is_root else 'no root'}; "
             f"{'with' if bench.sanitized else 'without'} sanitizers. Seed {SEED}: the damage is the same in every run, the "
             "moments of kills are as exact as the machine is.\n\n")
 

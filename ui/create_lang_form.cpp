@@ -9,18 +9,14 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include "ui/named.h"
+
 namespace captoria {
 namespace {
 
 constexpr int kTextLines = 3;
 constexpr int kSideMargin = 2;     // a mirrored splitter cuts its widgets by a pixel
 constexpr int kShortestName = 20;  // characters
-
-template <typename Widget>
-Widget* Named(Widget* widget, const char* name) {
-  widget->setObjectName(name);
-  return widget;
-}
 
 QPushButton* NamedButton(const char* name, const QString& text, QWidget* parent) {
   auto* button = Named(new QPushButton(text, parent), name);

@@ -13,12 +13,10 @@
 namespace captoria {
 namespace {
 
-// Lines of a cue in one line of the list.
-QString OneLine(const std::string& text) {
-  QString line = ToQt(text);
-  line.replace(QStringLiteral("\r\n"), QStringLiteral(" \u23CE "));
-  // A line of the other direction than the window's is set apart, or its full stop would stand before it.
-  return line.isRightToLeft() == QApplication::isRightToLeft() ? line : QChar(0x2068) + line + QChar(0x2069);
+// A cue as a line of the list, with its full stop behind it, also when it runs the other way than the window.
+QString ListLine(const std::string& text) {
+  const QString line = OneLine(text);
+  return line.isRightToLeft() == QApplication::isRightToLeft() ? line : Isolated(line);
 }
 
 }  // namespace
@@ -75,7 +73,7 @@ QVariant CueModel::data(const QModelIndex& index, int role) const {
       case Hide:
         return ToQt(cue.Hide);
       default:
-        return OneLine(cue.Text);
+        return ListLine(cue.Text);
     }
   }
   if (role == Qt::ToolTipRole && !cue.Tag.empty()) {

@@ -25,14 +25,6 @@ std::size_t SectionOf(const QModelIndex& index) {
   return id >= kFirstItem ? id - kFirstItem : static_cast<std::size_t>(index.row());
 }
 
-QString OneLine(const std::string& text) {
-  const QString sign = QStringLiteral(" \u23CE ");
-  return ToQt(text).replace("\r\n", sign).replace(u'\n', sign).replace(u'\r', sign);
-}
-
-// Set apart from what is around it, or marks at its ends would go to the wrong one.
-QString Isolated(const QString& text) { return QChar(0x2068) + text + QChar(0x2069); }
-
 // Shapes that can be told apart without their colour.
 class MarkEngine final : public QIconEngine {
  public:

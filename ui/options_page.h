@@ -14,6 +14,7 @@
 
 #include "platform/prompts.h"
 #include "settings/settings.h"
+#include "ui/named.h"
 
 namespace captoria {
 
@@ -29,12 +30,6 @@ class OptionsPage : public QWidget {
   // Puts what is shown into those settings.
   virtual void Store(Settings& settings) const = 0;
 };
-
-template <typename Widget>
-Widget* Named(Widget* widget, const QString& name) {
-  widget->setObjectName(name);
-  return widget;
-}
 
 // A label that leads the keyboard to `field`.
 QLabel* FieldLabel(QWidget* field, const char* name, const QString& text);

@@ -109,6 +109,7 @@ void PreviewPane::ShowCue(const SubtitleCue* cue) {
 void PreviewPane::Repaint() {
   const int height = bitmap_.Height();
   bitmap_.Destroy();
+  if (session_.video.AviPath.empty()) video_->SetText(open_text_->text());  // in the language of now
   subtitle_->SetSurroundings(ColorOf(SplitColour(session_.settings.BackColor)));
   if (cue_) {
     const auto shared = session_.Bitmap();

@@ -22,4 +22,14 @@ inline QString PathToQt(const std::string& path) { return QFile::decodeName(QByt
 
 inline std::string PathFromQt(const QString& path) { return QFile::encodeName(path).toStdString(); }
 
+// For a place where text runs the other way: set apart from what is around it, or marks at its ends would go to the
+// wrong one.
+inline QString Isolated(const QString& text) { return QChar(0x2068) + text + QChar(0x2069); }
+
+// Lines one behind the other, with a sign where each ended.
+inline QString OneLine(std::string_view text) {
+  const QString sign = QStringLiteral(" \u23CE ");
+  return ToQt(text).replace(QLatin1String("\r\n"), sign).replace(u'\n', sign).replace(u'\r', sign);
+}
+
 }  // namespace captoria

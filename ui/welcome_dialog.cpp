@@ -18,14 +18,12 @@ constexpr std::size_t kHeading = 1;
 
 constexpr std::array kTexts = {
     "Program needs 2 files. DivXMux.exe and bmpToxSub.exe. Where to find them? Program will ask you for these files "
-    "and "
-    "give you links to download them.",
+    "and give you links to download them.",
     "What to do",
     "First open the avi file (menu File - Open avi). Program will show you a frame (picture) from this file at main "
     "window. You can set what frame to show at dialog Options.",
     "After load your .srt or idx file (menu File - Open srt/idx). If you want to load an other srt/idx file, first "
-    "click "
-    "at tab <New> to tell the program that you want to use one more subtitle.",
+    "click at tab <New> to tell the program that you want to use one more subtitle.",
     "For every subtitle file (srt) you load can set different settings. Font, color, outline width and color, shadow "
     "color and bevel, the language and type that subtitle is.",
     "If you click on a subtitle line you can see a preview of this line.",
@@ -33,8 +31,8 @@ constexpr std::array kTexts = {
     "the menu commands can be used with the toolbar buttons.",
     "At the end go to menu Subtitles - \"Create DivX\" or use the button at toolbar.",
     "Also, inside alignment for subtitles with 2 lines and vertical position. These last settings can be set globally "
-    "or "
-    "only for some subtitles (lines). Just select the lines you want and right click. A menu will pop up. Select there "
+    "or only for some subtitles (lines). Just select the lines you want and right click. A menu will pop up. Select "
+    "there "
     "the \"Set pos and alignment...\"",
     "You can reopen this window if you go to menu Help - \"Welcome dialog...\"",
 };

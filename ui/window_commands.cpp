@@ -7,6 +7,7 @@
 #include "app/load_subtitle.h"
 #include "app/open_video.h"
 #include "automation/batch_conversion.h"
+#include "media/frame_decoder.h"
 #include "pipeline/avi_inspection.h"
 #include "platform/files.h"
 #include "platform/path_text.h"
@@ -100,7 +101,8 @@ void WindowCommands::ConvertList(const std::vector<std::string>& files) {
 }
 
 void WindowCommands::ShowAbout() {
-  frmAbout({.version = CAPTORIA_VERSION}, session_.prompts, documents_, window_).exec();
+  frmAbout({.version = CAPTORIA_VERSION, .libraries = {DecoderLibrary()}}, session_.prompts, documents_, window_)
+      .exec();
 }
 
 Result<MadeDivX> WindowCommands::RunUnattended(const QString& path) {

@@ -183,6 +183,13 @@ TEST_F(PreviewPaneTest, TheFirstFrameIsMinusOneAndSwitchingFetchesAnew) {
   EXPECT_TRUE(ShowsFrame(3));
 }
 
+TEST_F(PreviewPaneTest, WithoutAFilmItInvitesInTheLanguageOfNow) {
+  pane_.SetPreviewOn(true);
+  Find<QLabel>("lblOpenVideo")->setText("a film, please");
+  pane_.ShowCue(nullptr);
+  EXPECT_EQ(Video()->Text(), "a film, please");
+}
+
 TEST_F(PreviewPaneTest, AFilmThatCannotBeShownIsToldAndCuesGoOn) {
   const SubtitleCue cue = Cue("1", "00:00:01,000", "Hello");
   const std::string broken = folder_.Put("b.avi", "no film");
