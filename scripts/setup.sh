@@ -14,7 +14,7 @@ build=(
 )
 test=(
   desktop-file-utils ffmpeg libgmock-dev libgtest-dev
-  fonts-liberation fonts-noto-cjk fonts-noto-core fonts-symbola
+  fonts-liberation fonts-noto-cjk fonts-noto-color-emoji fonts-noto-core fonts-symbola
 )
 bench=(dvdauthor ffmpeg fonts-liberation)
 docs=(imagemagick)

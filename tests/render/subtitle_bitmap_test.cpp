@@ -150,6 +150,21 @@ TEST(SubtitleBitmap, IsNoWiderThanTheFrame) {
   EXPECT_EQ(bitmap.Dib().Width(), 640);
 }
 
+TEST(SubtitleBitmap, PicturesOfAColourFontBecomeLines) {
+  SubtitleBitmap bitmap(Fonts(), {720, kBlue});
+  TrackStyle style = With([](TrackStyle& plain) { plain.OutlineWidth = plain.ShadowBevel = 0; });
+  bitmap.RenderCueBitmap("\U0001FAE0", style);  // a face of 2021, which only colour fonts have
+  EXPECT_THAT(bitmap.Report().missing, IsEmpty());
+  int drawn = 0, all = 0;
+  for (int y = 0; y < bitmap.Dib().Height(); ++y) {
+    const auto row = bitmap.Dib().Row(y);
+    drawn += static_cast<int>(std::ranges::count_if(row, [](auto entry) { return entry != 0; }));
+    all += bitmap.Dib().Width();
+  }
+  EXPECT_GT(drawn, all / 50) << "its edge, eyes and mouth";
+  EXPECT_LT(drawn, all / 4) << "not filled";
+}
+
 std::string RandomText(std::mt19937& random) {
   static const std::vector<std::string> pieces{"word ",
                                                "<b>",
