@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# scripts/setup.sh [test] [bench] [docs] [fuzz] [coverage] [ci] [package]: installs the Debian packages that building and running
-# need, and those of the named groups. Silent, and done in an instant, when nothing is missing.
+# scripts/setup.sh [test] [bench] [docs] [fuzz] [coverage] [ci] [package]: installs the Debian packages that building and
+# running need, and those of the named groups. Silent, and done in an instant, when nothing is missing.
 set -euo pipefail
 
 build=(
