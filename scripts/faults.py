@@ -30,7 +30,7 @@ def arguments():
                                      epilog="Exit status: 0 nothing was found, 1 something was, 2 wrong usage.")
     parser.add_argument("bin_folder", nargs="?", type=pathlib.Path, default=ROOT / "build" / "bin",
                         help="where the programs are (default: build/bin)")
-    parser.add_argument("--quick", action="store_true", help="fewer of everything: two minutes instead of half an hour")
+    parser.add_argument("--quick", action="store_true", help="fewer of everything, for a first look; all of it takes ten minutes")
     parser.add_argument("--write", action="store_true",
                         help="write the table to docs/faults.md as well; with --only, those rows of it")
     parser.add_argument("--only", metavar="NAME", action="append", choices=[make.__name__ for make in ROWS],
