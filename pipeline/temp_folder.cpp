@@ -19,8 +19,8 @@
 namespace captoria {
 namespace {
 
-constexpr int kMost = 1000;                        // conversions at once
-constexpr const char* kOutputName = "output.txt";  // the name of the film in the making
+constexpr int kMost = 1000;                            // conversions at once
+constexpr const char* kOutputName = "divxmux.output";  // the name of the film in the making
 
 std::string FolderName(const std::string& program_folder, int number) {
   return JoinPath(program_folder, "tmp") + (number == 1 ? "" : "-" + std::to_string(number));

@@ -68,7 +68,7 @@ TEST_F(MakeDivXTest, UnattendedItWritesNoPauseTellsNothingAndOpensNothing) {
   EXPECT_THAT(Left(), IsEmpty());
   EXPECT_TRUE(Make(true, true));
   EXPECT_THAT(Left(), ElementsAre("DivXMux.exe", "bmp00001.bmp", "bmp00002.bmp", "bmptoxsub.exe", "divxmux.bat",
-                                  "linkerfile0.txt", "output.txt"));
+                                  "divxmux.output", "linkerfile0.txt"));
 }
 
 TEST_F(MakeDivXTest, ClosesUpAsTheSettingsSay) {
