@@ -44,15 +44,22 @@ int ReadPart(std::string_view text, int limit) {
 }
 
 // Hours, minutes and seconds as milliseconds, or -1.
+int TimeOfDay(std::string_view hours, std::string_view minutes, std::string_view seconds) {
+  const int h = ReadPart(hours, 24), m = ReadPart(minutes, 60), s = ReadPart(seconds, 60);
+  return h < 0 || m < 0 || s < 0 ? -1 : ((h * 60 + m) * 60 + s) * 1000;
+}
+
 int ReadTimeOfDay(std::string_view text) {
   const auto first = text.find(':');
   const auto second = first == text.npos ? text.npos : text.find(':', first + 1);
   if (second == text.npos) return -1;
-  const int hours = ReadPart(text.substr(0, first), 24);
-  const int minutes = ReadPart(text.substr(first + 1, second - first - 1), 60);
-  const int seconds = ReadPart(text.substr(second + 1), 60);
-  if (hours < 0 || minutes < 0 || seconds < 0) return -1;
-  return ((hours * 60 + minutes) * 60 + seconds) * 1000;
+  return TimeOfDay(text.substr(0, first), text.substr(first + 1, second - first - 1), text.substr(second + 1));
+}
+
+// The same of "HH:MM:SS," with whatever behind it; -1 also for a time that is written in another way.
+int ReadUsualTimeOfDay(std::string_view text) {
+  if (text.size() < 9 || text[2] != ':' || text[5] != ':' || text[8] != ',') return -1;
+  return TimeOfDay(text.substr(0, 2), text.substr(3, 2), text.substr(6, 2));
 }
 
 // The digits behind the decimal comma as milliseconds, 0 to 1000. Digits past the fourth cannot change the rounding.
@@ -79,9 +86,14 @@ std::string MakeTime(float seconds) {
 
 std::optional<TimeFault> ReadTimeCode(std::string_view text, Milliseconds& time) {
   text = Trim(text);
-  const auto comma = text.find(',');
-  if (comma == text.npos) return TimeFault{"has no comma before the milliseconds"};
-  const int time_of_day = ReadTimeOfDay(Trim(text.substr(0, comma)));
+  // Nearly all times are of one form, and searching them for their marks would be a tenth of reading a file.
+  std::size_t comma = 8;
+  int time_of_day = ReadUsualTimeOfDay(text);
+  if (time_of_day < 0) {
+    comma = text.find(',');
+    if (comma == text.npos) return TimeFault{"has no comma before the milliseconds"};
+    time_of_day = ReadTimeOfDay(Trim(text.substr(0, comma)));
+  }
   if (time_of_day < 0) return TimeFault{"is not hours:minutes:seconds with hours 0 to 23, minutes and seconds 0 to 59"};
   time = Milliseconds{time_of_day + ReadFraction(Trim(text.substr(comma + 1)))};
   return std::nullopt;
