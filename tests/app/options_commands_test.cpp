@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include "settings/settings_values.h"
 #include "tests/support/quiet_view.h"
 #include "tests/support/scripted_prompts.h"
 #include "tests/support/test_folder.h"
@@ -12,6 +13,7 @@
 namespace captoria {
 namespace {
 
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -25,6 +27,19 @@ class OptionsCommands : public testing::Test {
   QuietView view_;
   TestFolder folder_;
 };
+
+TEST_F(OptionsCommands, TheirKeysAreWrittenInTheirOrderAndNoOthers) {
+  Session session = Start();
+  EXPECT_TRUE(ApplyOptions(session, session.settings, {}).saved);
+  std::vector<std::string> keys;
+  const auto document = IniDocument::Parse(File());
+  for (const IniEntry& entry : document->Entries(kSettingsSection)) keys.push_back(entry.key);
+  EXPECT_THAT(keys, ElementsAre("ReplaceDivX", "UseBmpToXSub", "BatchToRun", "deleteTemp", "deleteBmp", "deleteOther",
+                                "UnLoadSrt", "LoadSrtAuto", "LoadSrtAutoFolder", "LoadSrtAutoFolderText", "LoadAviAuto",
+                                "LoadAviAutoFolder", "LoadAviAutoFolderText", "BackColor", "ShowDos", "ShowDosPause",
+                                "WaitToEndDos", "ShowDosCombo", "RunDivX", "AutoShowAviInfo", "FrameForPreview",
+                                "ForceVideoHeight", "UsePalMode1", "LoadSubManyTimes"));
+}
 
 TEST_F(OptionsCommands, OnlyOptionsAreTaken) {
   Session session = Start();

@@ -24,19 +24,35 @@ TrackValues TrackOf(const IniDocument& document, int index) {
   return track;
 }
 
-TEST(SettingsValues, AnEmptyFileGivesWhatTheFirstStartLooksLike) {
+TEST(SettingsValues, AnEmptyFileGivesTheDefaults) {
   const Settings settings = LoadValues(IniDocument{});
+  EXPECT_EQ(settings.Lang, "English");
   EXPECT_EQ(BitmapWidth(settings), 720);
+  EXPECT_EQ(settings.BackColor, 16711680);
   EXPECT_EQ(settings.FrameForPreview, 50);
+  EXPECT_EQ(settings.ForceVideoHeight, 0);
+  EXPECT_EQ(settings.MainX, 150);
+  EXPECT_EQ(settings.MainHeight, 9000);
+
   TrackStyle style;
   Font list_font;
   style.RightToLeft = true;
   LoadValuesForIndex(IniDocument{}, 0, style, list_font);
   EXPECT_TRUE(style.RightToLeft) << "kept with the global settings";
+  EXPECT_EQ(list_font.name, "MS Sans Serif");
+  EXPECT_EQ(style.ForeColor, (Color{255, 255, 255}));
+  EXPECT_EQ(style.OutlineColor, (Color{0, 0, 0}));
   EXPECT_EQ(style.ShadowColor, (Color{70, 70, 70}));
+  EXPECT_EQ(style.VertPos, 40);
+  EXPECT_EQ(style.HorPos, 0);
   EXPECT_EQ(style.InAlign, Alignment::Center);
+  EXPECT_EQ(style.Language, "en ENGLISH");
+  EXPECT_EQ(style.SubType, 2);
+  EXPECT_EQ(style.OutlineWidth, 1);
   EXPECT_TRUE(style.FitFont);
+  EXPECT_EQ(style.font.name, "Arial");
   EXPECT_EQ(style.font.size, 22);
+  EXPECT_FALSE(style.font.bold || style.font.italic);
 }
 
 // What a key's text becomes is told by the text that is saved again.

@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QMouseEvent>
 
 #include "tests/support/qt_application.h"
@@ -98,6 +99,21 @@ TEST_F(InfoTest, EveryCellHasItsOwnLook) {
   info_.SetFont(1, 1, bold);
   EXPECT_TRUE(info_.Font(1, 1).bold());
   EXPECT_FALSE(info_.Font(1, 2).bold());
+}
+
+TEST_F(InfoTest, TextsOfSeveralLinesAndTheLeastHeightMakeRoom) {
+  EXPECT_GT(Table().rowHeight(0), Table().rowHeight(1));
+  info_.SetLineHeight(60);
+  EXPECT_EQ(Table().rowHeight(1), 60);
+  info_.AddLine({"Audio", "ac3"});
+  EXPECT_EQ(Table().rowHeight(3), 60);
+}
+
+TEST_F(InfoTest, TheDividerIsWhereItWasPutOrDraggedTo) {
+  info_.SetMiddleWidth(123);
+  EXPECT_EQ(info_.MiddleWidth(), 123);
+  Table().horizontalHeader()->resizeSection(0, 99);
+  EXPECT_EQ(info_.MiddleWidth(), 99);
 }
 
 TEST_F(InfoTest, AClickOpensTheListAndAChoiceGoesIntoTheCell) {
