@@ -43,12 +43,6 @@ std::optional<FolderLock> LockBriefly(const std::string& folder) {
   return std::nullopt;
 }
 
-std::string Absolute(const std::string& path) {
-  std::error_code none;
-  const auto absolute = std::filesystem::absolute(path, none);
-  return none ? path : absolute.lexically_normal().string();
-}
-
 }  // namespace
 
 Result<TempFolder> TempFolder::Open(const std::string& program_folder) {
@@ -80,9 +74,9 @@ Result<std::string> TempFolder::ClaimOutput(
     const std::function<std::string(const NameTaken& in_making)>& choose) const {
   const auto lock = LockBriefly(program_folder_);
   const std::vector<std::string> others = OutputsOfOthers();
-  std::string output =
-      choose([&others](const std::string& path) { return std::ranges::find(others, Absolute(path)) != others.end(); });
-  auto written = WriteWholeFile(File(kOutputName), Absolute(output), Sync::No);
+  std::string output = choose(
+      [&others](const std::string& path) { return std::ranges::find(others, AbsolutePath(path)) != others.end(); });
+  auto written = WriteWholeFile(File(kOutputName), AbsolutePath(output), Sync::No);
   if (!written) return tl::unexpected(written.error());
   return output;
 }

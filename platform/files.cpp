@@ -84,6 +84,12 @@ bool FolderExists(const std::string& path) {
   return fs::is_directory(path, none);
 }
 
+std::string AbsolutePath(const std::string& path) {
+  std::error_code gone;
+  const auto absolute = std::filesystem::absolute(path, gone);
+  return gone ? path : absolute.lexically_normal().string();
+}
+
 std::vector<std::string> ListFiles(const std::string& folder, std::string_view pattern) {
   std::vector<std::string> names;
   std::error_code error;
@@ -113,16 +119,16 @@ Result<std::string> ReadWholeFile(const std::string& path, std::uint64_t limit) 
 
   // The size is a proposal only: the file may grow or shrink while it is read, and some files report 0.
   const auto announced = static_cast<std::uint64_t>(std::max<off_t>(status.st_size, 0));
+  const auto too_large = [&] {
+    return Failure(ErrorKind::TooLarge, path + ": is larger than " + std::to_string(limit) + " bytes");
+  };
+  if (announced > limit) return too_large();
   std::string content;
-  if (announced <= limit) {
-    content.reserve(announced + 1);
-    PreferLargePages(content.data(), announced);
-  }
+  content.reserve(announced + 1);
+  PreferLargePages(content.data(), announced);
   std::size_t used = 0;
   while (true) {
-    if (used > limit || announced > limit) {
-      return Failure(ErrorKind::TooLarge, path + ": is larger than " + std::to_string(limit) + " bytes");
-    }
+    if (used > limit) return too_large();
     if (used == content.size()) content.resize(used == 0 ? announced + 1 : used + used / 2 + 4096);
     const ssize_t got = ::read(file.Get(), content.data() + used, content.size() - used);
     if (got < 0 && errno == EINTR) continue;

@@ -20,6 +20,9 @@ bool FileExists(const std::string& path);
 
 bool FolderExists(const std::string& path);
 
+// `path` from the root on, without "." and ".."; as it is where the current folder is gone.
+std::string AbsolutePath(const std::string& path);
+
 // The names (without folder) of the files of `folder` that match `pattern`, where "*" stands for any text and "?" for
 // one byte, compared without regard to ASCII case; folders are left out. Sorted by their bytes, so that every machine
 // lists alike. A folder that is not there has no files.

@@ -43,9 +43,7 @@ ProgramFolders FindProgramFolders(const std::string& chosen, const std::string& 
   ProgramFolders folders{.executable = executable_folder, .data = {}};
   if (!chosen.empty()) {
     // Scripts that change their folder name files in it.
-    std::error_code gone;
-    const auto absolute = std::filesystem::absolute(chosen, gone);
-    folders.data = gone ? chosen : absolute.lexically_normal().string();
+    folders.data = AbsolutePath(chosen);
     if (folders.data.size() > 1 && folders.data.ends_with('/')) folders.data.pop_back();
     return folders;
   }

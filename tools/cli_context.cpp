@@ -6,17 +6,9 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
 #include <string>
-#include <system_error>
 
 namespace captoria {
-
-std::string AbsolutePath(const std::string& path) {
-  std::error_code gone;
-  const auto absolute = std::filesystem::absolute(path, gone);
-  return gone ? path : absolute.lexically_normal().string();
-}
 
 void Complain(std::string_view message) {
   std::string text{message};

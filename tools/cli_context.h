@@ -22,9 +22,6 @@ struct CliContext {
   int status = kExitDone;   // set by the command that ran
 };
 
-// `path` from the root on; as it is where the current folder is gone.
-std::string AbsolutePath(const std::string& path);
-
 // Writes "captoria-cli: " and `message` as one line to standard error.
 void Complain(std::string_view message);
 

@@ -4,6 +4,7 @@
 #include "tools/commands_option.h"
 
 #include "automation/command_file.h"
+#include "platform/files.h"
 #include "tools/cli_context.h"
 
 namespace captoria {

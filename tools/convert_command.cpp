@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/batch_convert.h"
+#include "platform/files.h"
 #include "tools/cli_session.h"
 #include "tools/cli_view.h"
 #include "tools/commands_option.h"
