@@ -5,6 +5,7 @@
 
 import collections
 import json
+import os
 import pathlib
 import subprocess
 import sys
@@ -18,14 +19,15 @@ def run_tests():
     subprocess.run([ROOT / "scripts/build.sh", "coverage"], check=True)
     for counts in BUILD.rglob("*.gcda"):  # of an earlier run
         counts.unlink()
-    return subprocess.run(["ctest", "--preset", "coverage", "-j2", "--progress"], cwd=ROOT).returncode
+    return subprocess.run(["ctest", "--preset", "coverage", f"-j{os.cpu_count()}", "--progress"], cwd=ROOT).returncode
 
 
 def by_folder():
     """{folder: counts}: lines and branches, covered and in all, without the tests themselves."""
     # A throw that no line of ours catches is a branch to the compiler, not to a reader.
-    summary = subprocess.run(["gcovr", "--root", ROOT, "--exclude", "tests/", "--exclude", "bench/", "--exclude", "build/",
-                              "--exclude-throw-branches", "--json-summary", "-", BUILD], stdout=subprocess.PIPE, check=True)
+    summary = subprocess.run(["gcovr", "--root", ROOT, "--exclude", "tests/", "--exclude", "bench/", "--exclude",
+                              "build/", "--exclude-throw-branches", "--json-summary", "-", BUILD], cwd=ROOT,
+                             stdout=subprocess.PIPE, check=True)
     folders = collections.defaultdict(collections.Counter)
     for file in json.loads(summary.stdout)["files"]:
         for folder in (file["filename"].split("/")[0], "all"):

@@ -9,7 +9,7 @@ import shutil
 import subprocess
 import time
 
-from fault_tools import SETTINGS, Row, descendants, digest, files_in, fresh, kill, left_in_temp, tell
+from fault_tools import SETTINGS, Row, descendants, digest, files_in, fresh, kill, tell
 
 FAKE_TIME = pathlib.Path("/usr/lib/x86_64-linux-gnu/faketime/libfaketimeMT.so.1")
 
@@ -46,7 +46,7 @@ def killed(bench):
         row.check(settings == SETTINGS or (new and "a line of my own" in settings), f"half a settings file ({when})")
         run = bench.convert(video, data, "--set", "ReplaceDivX=-1")
         row.check(run.status == 0 and digest(made) == whole, f"the next conversion ({when}) {tell(run)}")
-        row.check(not left_in_temp(data), f"left in tmp by the next conversion: {left_in_temp(data)[:3]}")
+        row.check_temp(data, " by the next conversion")
     return row
 
 
@@ -94,7 +94,7 @@ def full_output(bench):
             failed += judge_full(row, run, disk / "harbour.avi", whole, disk)
             others = set(files_in(disk)) - {*before, "harbour.divx"}
             row.check(not others, f"left on the full disk: {others}")
-            row.check(not left_in_temp(data), f"left in tmp: {left_in_temp(data)[:3]}")
+            row.check_temp(data)
             row.times += 1
     row.notes.append(f"{failed} of {row.times} too small")
     return row
@@ -109,23 +109,25 @@ def full_temp(bench):
     video, data = bench.film("harbour", bench.folder / "full-film"), bench.folder / "full"
     with small_disk(data, 1 << 20):
         bench.convert(video, data, "--keep-temp")
-        needed = sum((data / name).stat().st_size for name in files_in(data)) // 1024
-        tools = sum((data / "tmp" / name).stat().st_size for name in files_in(data / "tmp") if name.endswith(".exe"))
+        pages = {name: -(-(data / name).stat().st_size // 4096) * 4 for name in files_in(data)}  # kilobytes
+        needed = sum(pages.values())
+        tools = sum(size for name, size in pages.items() if name.endswith(".exe"))
     points, failed = bench.count(50, 6), 0
     for number in range(points):
         # A third of the sizes end within the tools, the others within what is made.
         part, parts = (number, points // 3) if number < points // 3 else (number - points // 3, points - points // 3)
-        low, high = (8, tools // 1024) if number < points // 3 else (tools // 1024, needed * 102 // 100)
+        low, high = (8, tools) if number < points // 3 else (tools, needed * 102 // 100)
         with small_disk(data, (low + (high - low) * part // parts) // 4 * 4):
             video.with_suffix(".divx").unlink(missing_ok=True)
             more = ["--keep-temp"] if number % 2 else []
             run = bench.convert(video, data, *more)
             failed += judge_full(row, run, video, whole, data)
-            row.check(bool(more) or not left_in_temp(data), f"left in tmp: {left_in_temp(data)[:3]}")
+            if not more:
+                row.check_temp(data)
             subprocess.run(["mount", "-o", "remount,size=1g", data], check=True)
             run = bench.convert(video, data, "--set", "ReplaceDivX=-1")
             row.check(run.status == 0 and digest(video.with_suffix(".divx")) == whole, f"with room again {tell(run)}")
-            row.check(not left_in_temp(data), f"left in tmp with room again: {left_in_temp(data)[:3]}")
+            row.check_temp(data, " with room again")
             row.times += 1
     row.notes.append(f"{failed} of {row.times} too small")
     return row
@@ -188,7 +190,7 @@ def together(bench):
         for path in set(named):
             row.check(digest(path) == wholes[name], f"{count} at once: {path} is not whole")
         row.check(len(set(named)) == count, f"{count} at once: {count - len(set(named))} took the name of another")
-        row.check(not left_in_temp(data), f"left in tmp: {left_in_temp(data)[:3]}")
+        row.check_temp(data)
         row.times += 1
     return row
 
@@ -222,9 +224,9 @@ def clock(bench):
             beside.replace(offset)
             time.sleep(0.003)
         row.check(process.poll() == 0, f"status {process.poll()}")
-        kill(bench.await_orphans(1))
+        bench.await_orphans(1)
         row.check(digest(video.with_suffix(".divx")) == whole, "not the whole film")
-        row.check(not left_in_temp(data), "files left in tmp")
+        row.check_temp(data)
         row.times += 1
     return row
 

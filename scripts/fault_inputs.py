@@ -11,7 +11,6 @@ from fault_mutations import damaged_texts
 from fault_tools import MEGABYTE, NOBODY, SETTINGS, Row, digest, files_in, fresh, kill, left_in_temp, tell
 
 
-
 def readers(bench, data):
     """Name, the ending of the file that is read, and the words that have a program read `PATH`."""
     cli, mux, films = bench.program("captoria-cli"), bench.program("DivXMux.exe"), bench.films
@@ -108,7 +107,7 @@ def truncated(bench):
         else:
             row.check(status == 1 and video.name in err and not made.exists(), end)
         row.check(not bench.await_orphans(5), "children went on for 5 s")
-        row.check(not left_in_temp(data), f"left in tmp: {left_in_temp(data)[:3]}")
+        row.check_temp(data)
         row.times += 1
     row.notes.append(f"{shorter} of {row.times} made a shorter film, with a warning")
     return row

@@ -6,7 +6,7 @@ import json
 import re
 import struct
 
-from fault_tools import ROOT, Row, fresh, tell
+from fault_tools import MOST_TEXT, ROOT, Row, fresh, tell
 
 AVI_CODES = re.compile(rb"RIFF|LIST|avih|strh|strf|strn|indx|idx1|ix\d\d|dmlh|JUNK|\d\d(?:dc|wb|sb)")
 NUMBERS = [0, 1, 2, 3, 7, 8, 0x7F, 0xFF, 0xFFFF, 0x10000, 0x7FFFFFFF, 0x80000000, 0xFFFFFFF0, 0xFFFFFFFE, 0xFFFFFFFF]
@@ -148,7 +148,7 @@ def srt(bench):
         row.times += 1
         run = bench.run([bench.program("captoria-cli"), "cues", file, "--json", "--data", folder / "data"])
         # Output is looked at up to a bound, and JSON that was cut there is none.
-        whole = run.status != 0 or len(run.out) > 1 << 20 or is_json(run.out)
+        whole = run.status != 0 or len(run.out) >= MOST_TEXT or is_json(run.out)
         judge(bench, row, number, [file], "cues", run, more=whole and (run.status == 0 or run.err),
               megabytes=2 * bench.megabytes)
     return row

@@ -51,6 +51,10 @@ class Row:
             self.found.append(what)
         return holds
 
+    def check_temp(self, data, when=""):
+        left = left_in_temp(data)
+        self.check(not left, f"left in tmp{when}: {left[:3]}")
+
     def verdict(self):
         if not self.found:
             return "; ".join(["none" if self.times else "not run", *self.notes])

@@ -4,7 +4,7 @@
 #
 # scripts/try_package.sh [PACKAGE.deb]: installs the package that scripts/package.sh has made into a new minimal Debian,
 # with nothing but what it depends on, converts the sample there as root and, with /usr read-only, as a user, removes the
-# package and lists what is left. To be run by hand, as root; takes some minutes and 1 GB in /var/tmp.
+# package and lists what is left. To be run by hand, as root; takes some minutes and 1 GB in TMPDIR, or else /var/tmp.
 set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
 
@@ -74,7 +74,7 @@ package=${1:-$(echo "$here"/build/captoria_*.deb)}
 [ -f "$package" ] || fail "$package: there is no such package; scripts/package.sh makes it"
 "$here/scripts/setup.sh" test package
 
-root=$(mktemp -d /var/tmp/captoria-try-XXXXXX)
+root=$(mktemp -d -p "${TMPDIR:-/var/tmp}" captoria-try-XXXXXX)
 chmod 755 "$root"  # the user has to get in
 # Nothing is mounted in there as seen from here; --one-file-system is for the day when that is wrong.
 trap 'rm -rf --one-file-system "$root"' EXIT
