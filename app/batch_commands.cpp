@@ -8,8 +8,8 @@
 
 #include "app/placement_commands.h"
 #include "automation/command_file.h"
+#include "base/path_text.h"
 #include "platform/files.h"
-#include "platform/path_text.h"
 
 namespace captoria {
 namespace {

@@ -6,7 +6,7 @@
 #include "app/load_subtitle.h"
 #include "app/open_video.h"
 #include "automation/batch_conversion.h"
-#include "platform/ascii.h"
+#include "base/ascii.h"
 
 namespace captoria {
 namespace {

@@ -8,9 +8,9 @@
 #include "app/batch_commands.h"
 #include "app/open_video.h"
 #include "app/safe_area_commands.h"
-#include "platform/ascii.h"
+#include "base/ascii.h"
+#include "base/path_text.h"
 #include "platform/files.h"
-#include "platform/path_text.h"
 #include "subtitles/subtitle_file.h"
 
 namespace captoria {

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "app/session.h"
-#include "platform/result.h"
+#include "base/result.h"
 
 namespace captoria {
 

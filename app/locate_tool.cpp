@@ -3,7 +3,7 @@
 
 #include "app/locate_tool.h"
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
 #include "platform/files.h"
 
 namespace captoria {

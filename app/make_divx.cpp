@@ -8,14 +8,14 @@
 #include <thread>
 #include <utility>
 
+#include "base/utf8.h"
 #include "pipeline/bitmap_job.h"
 #include "pipeline/mux_script_text.h"
-#include "pipeline/script_log.h"
 #include "pipeline/temp_folder.h"
 #include "pipeline/tool_copies.h"
 #include "platform/file_stamp.h"
 #include "platform/files.h"
-#include "platform/utf8.h"
+#include "script/script_log.h"
 
 namespace captoria {
 namespace {

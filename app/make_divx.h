@@ -8,9 +8,9 @@
 
 #include "app/locate_tool.h"
 #include "app/session.h"
+#include "base/result.h"
 #include "platform/document_opener.h"
-#include "platform/result.h"
-#include "platform/script_runner.h"
+#include "script/script_runner.h"
 
 namespace captoria {
 

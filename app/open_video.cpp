@@ -6,9 +6,9 @@
 #include <algorithm>
 
 #include "app/load_subtitle.h"
-#include "platform/ascii.h"
+#include "base/ascii.h"
+#include "base/path_text.h"
 #include "platform/files.h"
-#include "platform/path_text.h"
 
 namespace captoria {
 namespace {

@@ -7,7 +7,7 @@
 #include <span>
 
 #include "app/session.h"
-#include "platform/result.h"
+#include "base/result.h"
 #include "subtitles/cue.h"
 
 namespace captoria {

@@ -12,11 +12,11 @@
 #include <string>
 
 #include "app/session_view.h"
+#include "base/result.h"
 #include "localisation/messages.h"
 #include "pipeline/avi_inspection.h"
 #include "platform/program_folder.h"
 #include "platform/prompts.h"
-#include "platform/result.h"
 #include "render/subtitle_bitmap.h"
 #include "settings/ini_document.h"
 #include "settings/ini_file.h"

@@ -9,7 +9,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/job_progress.h"
+#include "base/job_progress.h"
 
 namespace captoria {
 

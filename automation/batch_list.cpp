@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/ascii.h"
+#include "base/path_text.h"
 #include "pipeline/avi_inspection.h"
-#include "platform/ascii.h"
 #include "platform/files.h"
-#include "platform/path_text.h"
 
 namespace captoria {
 namespace {

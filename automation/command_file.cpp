@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
+#include "base/text_encoding.h"
 #include "platform/files.h"
-#include "platform/text_encoding.h"
 #include "settings/number_text.h"
 
 namespace captoria {

@@ -21,7 +21,7 @@
 #include <vector>
 
 #include "automation/cue_selection.h"
-#include "platform/result.h"
+#include "base/result.h"
 
 namespace captoria {
 
@@ -61,7 +61,7 @@ std::vector<CommandFileLine> ParseCommands(std::string_view text);
 // No file of ours is as large: it holds above a thousand commands.
 inline constexpr std::size_t kLargestCommandFile = std::size_t{64} << 10;
 
-// Reads a command file in any encoding; `charset` is that of a font (platform/text_encoding.h), which names the code
+// Reads a command file in any encoding; `charset` is that of a font (base/text_encoding.h), which names the code
 // page of a file that is not Unicode. Errors: a file that cannot be read, or a TooLarge one.
 Result<std::vector<CommandFileLine>> ReadCommandFile(const std::string& path, int charset = 1);
 

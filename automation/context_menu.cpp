@@ -3,7 +3,7 @@
 
 #include "automation/context_menu.h"
 
-#include "platform/path_text.h"
+#include "base/path_text.h"
 
 namespace captoria {
 namespace {

@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/text_case.h"
+#include "base/text_case.h"
 #include "subtitles/cue.h"
 
 namespace captoria {

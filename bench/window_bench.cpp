@@ -20,10 +20,10 @@
 
 #include "app/load_subtitle.h"
 #include "app/open_video.h"
-#include "media/frame_decoder.h"
+#include "cli/unattended_prompts.h"
+#include "media/video/frame_decoder.h"
 #include "platform/program_folder.h"
-#include "tools/unattended_prompts.h"
-#include "ui/main_window.h"
+#include "ui/main/main_window.h"
 
 namespace captoria {
 namespace {

@@ -10,6 +10,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   target_compile_options(captoria_options INTERFACE -Wno-restrict -Wno-unknown-warning-option)
 endif()
 target_include_directories(captoria_options INTERFACE ${CMAKE_SOURCE_DIR})
+# A program asks the system only for the libraries that it uses, so the small tools start at once.
+target_link_options(captoria_options INTERFACE -Wl,--as-needed)
 if(CAPTORIA_SANITIZE)
   target_compile_options(captoria_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                    -fno-omit-frame-pointer)
@@ -26,9 +28,9 @@ add_custom_target(header_checks)
 # captoria_folder(NAME [USES FOLDER...]): the folder NAME as a static library that links the folders it may include.
 function(captoria_folder name)
   cmake_parse_arguments(ARG "" "" "USES" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${name}/*.cpp)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${name}/*.cpp)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")  # that of a program
-  file(GLOB headers CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${name}/*.h)
+  file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/${name}/*.h)
   list(TRANSFORM ARG_USES PREPEND captoria_)
 
   add_library(captoria_${name} STATIC ${sources})
@@ -37,9 +39,9 @@ function(captoria_folder name)
 
   set(alone)
   foreach(header IN LISTS headers)
-    get_filename_component(stem ${header} NAME_WE)
-    set(source ${CMAKE_BINARY_DIR}/header_checks/${name}_${stem}.cpp)
-    file(CONFIGURE OUTPUT ${source} CONTENT "#include \"${name}/${stem}.h\"\n#include \"${name}/${stem}.h\"\n")
+    string(REPLACE "/" "_" stem ${header})
+    set(source ${CMAKE_BINARY_DIR}/header_checks/${stem}.cpp)
+    file(CONFIGURE OUTPUT ${source} CONTENT "#include \"${header}\"\n#include \"${header}\"\n")
     list(APPEND alone ${source})
   endforeach()
   add_library(header_checks_${name} OBJECT EXCLUDE_FROM_ALL ${alone})

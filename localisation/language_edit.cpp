@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/ascii.h"
+#include "base/path_text.h"
 #include "localisation/xml_text.h"
-#include "platform/ascii.h"
 #include "platform/files.h"
-#include "platform/path_text.h"
 
 namespace captoria {
 namespace {

@@ -14,8 +14,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/result.h"
 #include "localisation/language_document.h"
-#include "platform/result.h"
 
 namespace captoria {
 

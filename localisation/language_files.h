@@ -13,8 +13,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/result.h"
 #include "platform/program_folder.h"
-#include "platform/result.h"
 
 namespace captoria {
 

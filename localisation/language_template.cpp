@@ -8,8 +8,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "base/ascii.h"
 #include "localisation/xml_text.h"
-#include "platform/ascii.h"
 
 namespace captoria {
 namespace {

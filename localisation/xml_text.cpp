@@ -5,9 +5,9 @@
 
 #include <algorithm>
 
-#include "platform/ascii.h"
-#include "platform/text_encoding.h"
-#include "platform/utf8.h"
+#include "base/ascii.h"
+#include "base/text_encoding.h"
+#include "base/utf8.h"
 
 namespace captoria {
 namespace {

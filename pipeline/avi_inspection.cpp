@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
 #include "settings/number_text.h"
 #include "subtitles/time_code.h"
 

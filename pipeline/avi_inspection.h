@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-#include "media/avi_info.h"
-#include "platform/result.h"
+#include "base/result.h"
+#include "media/avi/avi_info.h"
 
 namespace captoria {
 

@@ -3,9 +3,9 @@
 
 #include "pipeline/bitmap_job.h"
 
+#include "base/path_text.h"
 #include "pipeline/frame_place.h"
 #include "platform/files.h"
-#include "platform/path_text.h"
 
 namespace captoria {
 namespace {

@@ -8,9 +8,9 @@
 #include <span>
 #include <string>
 
+#include "base/job_progress.h"
+#include "base/result.h"
 #include "pipeline/list_text.h"
-#include "platform/job_progress.h"
-#include "platform/result.h"
 #include "render/cue_batch.h"
 #include "subtitles/subtitle_track.h"
 

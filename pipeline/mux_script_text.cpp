@@ -5,11 +5,11 @@
 
 #include <algorithm>
 
+#include "base/ascii.h"
+#include "base/path_text.h"
 #include "pipeline/bitmap_job.h"
-#include "platform/ascii.h"
 #include "platform/files.h"
-#include "platform/mux_script.h"
-#include "platform/path_text.h"
+#include "script/mux_script.h"
 
 namespace captoria {
 namespace {

@@ -2,17 +2,17 @@
 // SPDX-License-Identifier: MIT
 
 // The script "divxmux.bat", whose commands turn a video and the files of the bitmap job into the film. What reads it is
-// platform/mux_script.h.
+// script/mux_script.h.
 #pragma once
 
 #include <span>
 #include <string>
 #include <string_view>
 
+#include "base/result.h"
 #include "pipeline/avi_inspection.h"
 #include "pipeline/list_text.h"
 #include "pipeline/temp_folder.h"
-#include "platform/result.h"
 #include "subtitles/subtitle_track.h"
 
 namespace captoria {

@@ -12,9 +12,9 @@
 #include <thread>
 #include <utility>
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
+#include "base/path_text.h"
 #include "platform/files.h"
-#include "platform/path_text.h"
 
 namespace captoria {
 namespace {

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "base/result.h"
 #include "platform/folder_lock.h"
-#include "platform/result.h"
 
 namespace captoria {
 

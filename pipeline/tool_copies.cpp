@@ -3,8 +3,8 @@
 
 #include "pipeline/tool_copies.h"
 
+#include "base/path_text.h"
 #include "platform/files.h"
-#include "platform/path_text.h"
 
 namespace captoria {
 

@@ -9,8 +9,8 @@
 #include <span>
 #include <string>
 
+#include "base/result.h"
 #include "pipeline/temp_folder.h"
-#include "platform/result.h"
 
 namespace captoria {
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <utility>
 
+#include "base/result.h"
 #include "platform/program_folder.h"
-#include "platform/result.h"
 
 namespace captoria {
 

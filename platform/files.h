@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/result.h"
 #include "platform/output_file.h"
-#include "platform/result.h"
 
 namespace captoria {
 

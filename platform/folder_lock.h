@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/result.h"
+#include "base/result.h"
 
 namespace captoria {
 

@@ -8,7 +8,7 @@
 #include <span>
 #include <string>
 
-#include "platform/result.h"
+#include "base/result.h"
 
 namespace captoria {
 

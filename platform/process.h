@@ -13,9 +13,9 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/job_progress.h"
+#include "base/job_progress.h"
+#include "base/result.h"
 #include "platform/program_folder.h"
-#include "platform/result.h"
 
 namespace captoria {
 

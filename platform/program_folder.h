@@ -7,9 +7,9 @@
 // installed is seen by share/captoria/languages being there. Anywhere else, all of it is in one folder.
 #pragma once
 
-#include <functional>
-#include <optional>
 #include <string>
+
+#include "base/environment.h"
 
 namespace captoria {
 
@@ -17,9 +17,6 @@ struct ProgramFolders {
   std::string executable;  // of the running program; the bundled tools are here
   std::string data;        // settings, command files, `tmp`; may be the same folder
 };
-
-// Gives an environment variable, or nothing when it is not set. Ours to replace so that tests need no environment.
-using Environment = std::function<std::optional<std::string>(const std::string& name)>;
 
 // `chosen` (from --data) is the data folder when not empty, made absolute. Otherwise it is the executable's folder when
 // that can be written and is not that of an installed program, which leaves it alone for root as well; else "captoria"

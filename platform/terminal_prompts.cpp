@@ -9,7 +9,7 @@
 #include <ostream>
 #include <utility>
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
 
 namespace captoria {
 namespace {

@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/job_progress.h"
-#include "platform/result.h"
+#include "base/job_progress.h"
+#include "base/result.h"
 #include "render/subtitle_bitmap.h"
 #include "subtitles/cue.h"
 

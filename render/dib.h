@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/result.h"
+#include "base/result.h"
 #include "render/color.h"
 
 namespace captoria {

@@ -7,7 +7,7 @@
 #include <memory>
 #include <mutex>
 
-#include "platform/result.h"
+#include "base/result.h"
 
 // Fontconfig's own name for what is kept here; its header stays out of ours.
 struct _FcConfig;

@@ -6,7 +6,7 @@
 #include <charconv>
 #include <string>
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
 
 namespace captoria {
 namespace {

@@ -4,7 +4,7 @@
 // What a cue will look like: its bitmap by itself, and laid over a picture of the film. All lengths are pixels.
 #pragma once
 
-#include "media/frame_decoder.h"
+#include "media/video/frame_decoder.h"
 #include "render/color.h"
 #include "render/dib.h"
 

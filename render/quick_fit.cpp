@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "platform/utf8.h"
+#include "base/utf8.h"
 #include "subtitles/cue.h"
 
 namespace captoria {

@@ -13,7 +13,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/result.h"
+#include "base/result.h"
 #include "render/font_collection.h"
 #include "render/glyph_cache.h"
 #include "settings/track_style.h"

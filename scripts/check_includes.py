@@ -12,19 +12,15 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 ROW = re.compile(r"^captoria_folder\((\w+)(?:\s+USES\s+([\w\s]+))?\)", re.M)
-PROGRAM = re.compile(r"^captoria_program\(\S+ ([^)]*?) USES ([\w\s]+)\)", re.M)
+PROGRAM = re.compile(r"^captoria_program\(\S+ (\S+) USES (\w+)\)", re.M)
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 
 
 def allowed_folders():
-    """What each folder, and each source of tools/, may include: {folder or file: {folder, ...}}."""
+    """What each folder, and each program's main file, may include: {folder or file: {folder, ...}}."""
     text = (ROOT / "CMakeLists.txt").read_text()
     allowed = {name: {name, *(uses or "").split()} for name, uses in ROW.findall(text)}
-    programs = {}
-    for sources, uses in PROGRAM.findall(text):
-        reach = {"tools"}.union(*(allowed[folder] for folder in uses.split()))
-        for source in sources.split():
-            programs[source] = reach
+    programs = {source: allowed[folder] for source, folder in PROGRAM.findall(text)}
     return allowed, programs
 
 
@@ -33,9 +29,9 @@ def main():
     everything = set(allowed) | {"tools", "tests", "bench", "ui"}
     wrong = []
     for folder in [*allowed, "tools"]:
-        for path in sorted((ROOT / folder).glob("*.[ch]*")):
+        for path in sorted((ROOT / folder).rglob("*.[ch]*")):
             name = path.relative_to(ROOT).as_posix()
-            reach = allowed.get(folder) or programs.get(name.replace(".h", ".cpp"), {"tools"})
+            reach = allowed.get(folder) or programs[name]
             for number, line in enumerate(path.read_text().splitlines(), 1):
                 match = INCLUDE.match(line)
                 if not match:

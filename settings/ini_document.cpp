@@ -5,7 +5,7 @@
 
 #include <utility>
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
 
 namespace captoria {
 namespace {

@@ -15,7 +15,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/result.h"
+#include "base/result.h"
 
 namespace captoria {
 

@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
+#include "base/path_text.h"
 #include "platform/files.h"
-#include "platform/path_text.h"
 #include "settings/ini_path.h"
 #include "settings/ini_store.h"
 

@@ -15,8 +15,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/result.h"
 #include "platform/prompts.h"
-#include "platform/result.h"
 #include "settings/ini_document.h"
 
 namespace captoria {

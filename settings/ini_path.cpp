@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "platform/path_text.h"
+#include "base/path_text.h"
 
 namespace captoria {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// How the INI store takes a path apart: by its last separator (platform/path_text.h), and by the first point of the
+// How the INI store takes a path apart: by its last separator (base/path_text.h), and by the first point of the
 // name, so that the name of "C:\a\b.old.ini" is "b" and its extension "old.ini".
 #pragma once
 

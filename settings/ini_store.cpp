@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <bit>
 
+#include "base/utf8.h"
 #include "platform/files.h"
-#include "platform/utf8.h"
 #include "settings/number_text.h"
 
 namespace captoria {

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <variant>
 
-#include "platform/result.h"
+#include "base/result.h"
 #include "settings/ini_document.h"
 
 namespace captoria {

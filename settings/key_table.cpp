@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
 
 namespace captoria {
 namespace {

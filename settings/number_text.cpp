@@ -9,7 +9,7 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
 
 namespace captoria {
 namespace {

@@ -11,7 +11,7 @@
 #include <span>
 #include <string_view>
 
-#include "platform/result.h"
+#include "base/result.h"
 #include "settings/ini_document.h"
 #include "settings/key_table.h"
 #include "settings/settings.h"

@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
+#include "base/utf8.h"
 #include "platform/large_pages.h"
-#include "platform/utf8.h"
 #include "subtitles/time_code.h"
 
 namespace captoria {

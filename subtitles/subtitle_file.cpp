@@ -5,9 +5,9 @@
 
 #include <utility>
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
+#include "base/text_encoding.h"
 #include "platform/files.h"
-#include "platform/text_encoding.h"
 
 namespace captoria {
 namespace {

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/result.h"
+#include "base/result.h"
 #include "subtitles/srt_reader.h"
 
 namespace captoria {
@@ -19,7 +19,7 @@ struct EncodingChoice {
 };
 
 struct SubtitleFile {
-  std::string encoding;         // as platform/text_encoding.h names them
+  std::string encoding;         // as base/text_encoding.h names them
   std::size_t undecodable = 0;  // bytes that had no meaning in it
   SrtReading reading;
 };

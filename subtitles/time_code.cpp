@@ -7,7 +7,7 @@
 #include <array>
 #include <cmath>
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
 
 namespace captoria {
 namespace {

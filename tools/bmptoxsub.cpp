@@ -6,12 +6,12 @@
 #include <cstdio>
 #include <string>
 
-#include "media/subtitle_list.h"
-#include "media/xsub_file.h"
-#include "platform/ascii.h"
+#include "base/ascii.h"
+#include "media/xsub/xsub_file.h"
 #include "platform/files.h"
 #include "platform/input_file.h"
-#include "tools/terminal_progress.h"
+#include "platform/terminal_progress.h"
+#include "script/subtitle_list.h"
 
 namespace captoria {
 namespace {

@@ -4,12 +4,12 @@
 // captoria-cli: the program without a window or display, for servers, scripts and job schedulers.
 #include <CLI/CLI.hpp>
 
-#include "tools/batch_command.h"
-#include "tools/cli_context.h"
-#include "tools/convert_command.h"
-#include "tools/cues_command.h"
-#include "tools/info_command.h"
-#include "tools/render_command.h"
+#include "cli/batch_command.h"
+#include "cli/cli_context.h"
+#include "cli/convert_command.h"
+#include "cli/cues_command.h"
+#include "cli/info_command.h"
+#include "cli/render_command.h"
 
 int main(int argc, char** argv) {
   using namespace captoria;

@@ -20,14 +20,14 @@
 #include <optional>
 #include <system_error>
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
+#include "base/path_text.h"
 #include "platform/files.h"
 #include "platform/input_file.h"
-#include "platform/mux_script.h"
-#include "platform/path_text.h"
+#include "platform/interrupt.h"
 #include "platform/process.h"
 #include "platform/program_folder.h"
-#include "tools/interrupt.h"
+#include "script/mux_script.h"
 
 namespace captoria {
 namespace {

@@ -6,14 +6,15 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "media/divx_mux.h"
-#include "media/subtitle_list.h"
-#include "media/vobsub_source.h"
-#include "media/xsub_file.h"
-#include "platform/ascii.h"
+#include "base/ascii.h"
+#include "media/avi/divx_mux.h"
+#include "media/vobsub/vobsub_source.h"
+#include "media/xsub/xsub_file.h"
 #include "platform/input_file.h"
-#include "tools/divxmux_arguments.h"
-#include "tools/terminal_progress.h"
+#include "platform/terminal_progress.h"
+#include "script/divxmux_arguments.h"
+#include "script/progress_file.h"
+#include "script/subtitle_list.h"
 
 namespace captoria {
 namespace {
@@ -102,6 +103,21 @@ Result<MuxStream> NewStream(const DivxMuxStream& wanted, const std::string& outp
   return MuxStream{.source_stream = -1, .subtitle = std::move(*subtitle), .title = wanted.title};
 }
 
+// Shows progress on the terminal and passes it to the program that started this one.
+class ReportedProgress final : public JobProgress {
+ public:
+  ReportedProgress(JobProgress& terminal, const std::string& file) : terminal_(terminal), file_(file) {}
+
+  bool Report(std::size_t done, std::size_t total) override {
+    file_.Write(done, total);
+    return terminal_.Report(done, total);
+  }
+
+ private:
+  JobProgress& terminal_;
+  ProgressFile file_;
+};
+
 Result<MuxReport> Run(const DivxMuxArguments& arguments) {
   const auto film = AviFile::Open(arguments.Video().path);
   if (!film) return tl::unexpected(film.error());
@@ -117,8 +133,8 @@ Result<MuxReport> Run(const DivxMuxArguments& arguments) {
     job.streams.push_back(std::move(*stream));
   }
   const char* progress_file = std::getenv(kProgressVariable);
-  TerminalProgress progress("Writing the film:", TerminalProgress::Show::Percent,
-                            progress_file != nullptr ? progress_file : "");
+  TerminalProgress terminal("Writing the film:", TerminalProgress::Show::Percent);
+  ReportedProgress progress(terminal, progress_file != nullptr ? progress_file : "");
   auto report = Mux(job, progress);
   if (report) report->warnings.insert(report->warnings.begin(), warnings.begin(), warnings.end());
   return report;

@@ -13,9 +13,9 @@
 
 #include "app/make_divx.h"
 #include "app/session.h"
+#include "base/path_text.h"
 #include "platform/files.h"
-#include "platform/mux_script.h"
-#include "platform/path_text.h"
+#include "script/mux_script.h"
 #include "tests/support/avi_maker.h"
 #include "tests/support/quiet_view.h"
 #include "tests/support/scripted_prompts.h"

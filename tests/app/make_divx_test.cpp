@@ -5,7 +5,7 @@
 
 #include "app/load_subtitle.h"
 #include "app/open_video.h"
-#include "media/bytes.h"
+#include "base/bytes.h"
 #include "tests/app/conversion_test.h"
 
 namespace captoria {

@@ -6,7 +6,7 @@
 #include <algorithm>
 
 #include "app/load_subtitle.h"
-#include "platform/path_text.h"
+#include "base/path_text.h"
 #include "tests/app/conversion_test.h"
 
 namespace captoria {

@@ -4,8 +4,8 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include "media/avi_file.h"
-#include "media/avi_info.h"
+#include "media/avi/avi_file.h"
+#include "media/avi/avi_info.h"
 
 namespace {
 

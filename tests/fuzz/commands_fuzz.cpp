@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "automation/command_file.h"
-#include "platform/utf8.h"
+#include "base/utf8.h"
 
 namespace {
 

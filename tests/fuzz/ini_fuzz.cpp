@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/ascii.h"
+#include "base/ascii.h"
 #include "settings/ini_document.h"
 
 namespace {

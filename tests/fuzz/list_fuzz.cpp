@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "media/list_parser.h"
+#include "script/list_parser.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/mux_script.h"
+#include "script/mux_script.h"
 
 namespace {
 

@@ -13,8 +13,8 @@
 #include <string>
 #include <string_view>
 
-#include "media/vobsub_source.h"
-#include "media/xsub_packet.h"
+#include "media/vobsub/vobsub_source.h"
+#include "media/xsub/xsub_packet.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 
 #include <string>
 
-#include "media/xsub_file.h"
-#include "media/xsub_packet.h"
+#include "media/xsub/xsub_file.h"
+#include "media/xsub/xsub_packet.h"
 
 namespace {
 

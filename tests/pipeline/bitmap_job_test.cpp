@@ -5,9 +5,9 @@
 
 #include <gmock/gmock.h>
 
-#include "media/bmp_file.h"
-#include "media/list_parser.h"
+#include "media/bmp/bmp_file.h"
 #include "platform/files.h"
+#include "script/list_parser.h"
 #include "settings/settings_values.h"
 #include "tests/support/test_folder.h"
 

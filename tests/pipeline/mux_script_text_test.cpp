@@ -7,7 +7,7 @@
 
 #include <filesystem>
 
-#include "platform/mux_script.h"
+#include "script/mux_script.h"
 #include "tests/support/test_folder.h"
 
 namespace captoria {

@@ -10,9 +10,9 @@
 
 #include <filesystem>
 
+#include "base/path_text.h"
 #include "pipeline/tool_copies.h"
 #include "platform/files.h"
-#include "platform/path_text.h"
 #include "tests/support/test_folder.h"
 
 namespace captoria {

@@ -7,8 +7,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "base/path_text.h"
 #include "platform/files.h"
-#include "platform/path_text.h"
 #include "subtitles/subtitle_file.h"
 
 namespace captoria {

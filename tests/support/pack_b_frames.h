@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "media/avi_file.h"
+#include "media/avi/avi_file.h"
 #include "platform/files.h"
 #include "tests/support/avi_maker.h"
 

@@ -16,7 +16,7 @@ extern "C" {
 #include <utility>
 #include <vector>
 
-#include "media/bytes.h"
+#include "base/bytes.h"
 
 namespace captoria {
 

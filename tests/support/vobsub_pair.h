@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "media/subtitle_rle.h"
+#include "media/xsub/subtitle_rle.h"
 #include "tests/support/test_folder.h"
 
 namespace captoria {

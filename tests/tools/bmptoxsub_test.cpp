@@ -3,8 +3,8 @@
 
 #include <gmock/gmock.h>
 
-#include "media/xsub_file.h"
-#include "media/xsub_packet.h"
+#include "media/xsub/xsub_file.h"
+#include "media/xsub/xsub_packet.h"
 #include "tests/support/run_program.h"
 
 namespace captoria {

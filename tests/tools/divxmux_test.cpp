@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <thread>
 
-#include "media/avi_file.h"
+#include "media/avi/avi_file.h"
 #include "tests/support/run_program.h"
 
 namespace captoria {

@@ -6,7 +6,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
-#include "platform/script_runner.h"
+#include "script/script_runner.h"
 #include "tests/support/other_process.h"
 #include "tests/support/run_program.h"
 

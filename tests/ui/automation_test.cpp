@@ -14,8 +14,8 @@
 
 #include "platform/files.h"
 #include "tests/ui/main_window_fixture.h"
-#include "ui/batch_dialog.h"
-#include "ui/position_dialog.h"
+#include "ui/dialogs/batch_dialog.h"
+#include "ui/dialogs/position_dialog.h"
 
 namespace captoria {
 namespace {

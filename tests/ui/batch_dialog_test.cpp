@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "ui/batch_dialog.h"
+#include "ui/dialogs/batch_dialog.h"
 
 #include <gmock/gmock.h>
 

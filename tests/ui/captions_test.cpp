@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // Which texts of a window a language file reaches, and by which keys.
-#include "ui/captions.h"
+#include "ui/texts/captions.h"
 
 #include <gtest/gtest.h>
 

@@ -11,8 +11,8 @@
 #include "tests/support/quiet_view.h"
 #include "tests/support/scripted_prompts.h"
 #include "tests/support/test_folder.h"
-#include "ui/position_dialog.h"
-#include "ui/select_subs_dialog.h"
+#include "ui/dialogs/position_dialog.h"
+#include "ui/dialogs/select_subs_dialog.h"
 
 namespace captoria {
 namespace {

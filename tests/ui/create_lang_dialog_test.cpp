@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "ui/create_lang_dialog.h"
+#include "ui/language_editor/create_lang_dialog.h"
 
 #include <gmock/gmock.h>
 
@@ -11,7 +11,7 @@
 #include "tests/support/quiet_view.h"
 #include "tests/support/scripted_prompts.h"
 #include "tests/support/test_folder.h"
-#include "ui/qt_text.h"
+#include "ui/texts/qt_text.h"
 
 namespace captoria {
 namespace {

@@ -22,12 +22,12 @@
 #include "tests/support/quiet_view.h"
 #include "tests/support/scripted_prompts.h"
 #include "tests/support/test_folder.h"
-#include "ui/about_dialog.h"
-#include "ui/ask_for_tool_dialog.h"
-#include "ui/label_ex.h"
-#include "ui/link_label.h"
-#include "ui/welcome_dialog.h"
-#include "ui/window_prompts.h"
+#include "ui/dialogs/about_dialog.h"
+#include "ui/dialogs/ask_for_tool_dialog.h"
+#include "ui/dialogs/label_ex.h"
+#include "ui/dialogs/link_label.h"
+#include "ui/dialogs/welcome_dialog.h"
+#include "ui/main/window_prompts.h"
 
 namespace captoria {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "ui/frame_loader.h"
+#include "ui/preview/frame_loader.h"
 
 #include <gmock/gmock.h>
 

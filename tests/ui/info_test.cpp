@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "ui/info.h"
+#include "ui/dialogs/info.h"
 
 #include <gmock/gmock.h>
 

@@ -6,9 +6,9 @@
 #include <QTemporaryDir>
 #include <cstdio>
 
+#include "cli/unattended_prompts.h"
 #include "platform/files.h"
 #include "tests/ui/program_texts.h"
-#include "tools/unattended_prompts.h"
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -21,7 +21,7 @@
 #include "tests/support/qt_application.h"
 #include "tests/support/scripted_prompts.h"
 #include "tests/support/test_folder.h"
-#include "ui/main_window.h"
+#include "ui/main/main_window.h"
 
 namespace captoria {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // What a person does with the window, and what they then see.
-#include "ui/main_window.h"
+#include "ui/main/main_window.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "ui/options_batch_page.h"
+#include "ui/options/options_batch_page.h"
 
 #include <gmock/gmock.h>
 
@@ -13,7 +13,7 @@
 #include "tests/support/quiet_view.h"
 #include "tests/support/scripted_prompts.h"
 #include "tests/support/test_folder.h"
-#include "ui/qt_text.h"
+#include "ui/texts/qt_text.h"
 
 namespace captoria {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "ui/options_dialog.h"
+#include "ui/options/options_dialog.h"
 
 #include <gmock/gmock.h>
 

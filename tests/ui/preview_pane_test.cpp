@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "ui/preview_pane.h"
+#include "ui/preview/preview_pane.h"
 
 #include <gmock/gmock.h>
 

@@ -9,13 +9,13 @@
 #include <vector>
 
 #include "localisation/language_template.h"
-#include "ui/ask_for_tool_dialog.h"
-#include "ui/captions.h"
-#include "ui/main_window.h"
-#include "ui/options_dialog.h"
-#include "ui/position_dialog.h"
-#include "ui/select_subs_dialog.h"
-#include "ui/welcome_dialog.h"
+#include "ui/dialogs/ask_for_tool_dialog.h"
+#include "ui/dialogs/position_dialog.h"
+#include "ui/dialogs/select_subs_dialog.h"
+#include "ui/dialogs/welcome_dialog.h"
+#include "ui/main/main_window.h"
+#include "ui/options/options_dialog.h"
+#include "ui/texts/captions.h"
 
 namespace captoria {
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "ui/qt_text.h"
+#include "ui/texts/qt_text.h"
 
 #include <gtest/gtest.h>
 

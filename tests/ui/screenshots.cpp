@@ -12,18 +12,18 @@
 
 #include "app/language_commands.h"
 #include "app/open_video.h"
+#include "cli/unattended_prompts.h"
 #include "localisation/language_files.h"
 #include "platform/program_folder.h"
-#include "tools/unattended_prompts.h"
-#include "ui/about_dialog.h"
-#include "ui/ask_for_tool_dialog.h"
-#include "ui/batch_dialog.h"
-#include "ui/create_lang_dialog.h"
-#include "ui/main_window.h"
-#include "ui/options_dialog.h"
-#include "ui/position_dialog.h"
-#include "ui/select_subs_dialog.h"
-#include "ui/welcome_dialog.h"
+#include "ui/dialogs/about_dialog.h"
+#include "ui/dialogs/ask_for_tool_dialog.h"
+#include "ui/dialogs/batch_dialog.h"
+#include "ui/dialogs/position_dialog.h"
+#include "ui/dialogs/select_subs_dialog.h"
+#include "ui/dialogs/welcome_dialog.h"
+#include "ui/language_editor/create_lang_dialog.h"
+#include "ui/main/main_window.h"
+#include "ui/options/options_dialog.h"
 
 namespace captoria {
 namespace {

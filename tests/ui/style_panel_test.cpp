@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "ui/style_panel.h"
+#include "ui/style/style_panel.h"
 
 #include <gmock/gmock.h>
 

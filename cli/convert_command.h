@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// captoria-cli convert VIDEO...: the whole way from videos and their subtitle files to films.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+#include <vector>
+
+#include "cli/cli_context.h"
+
+namespace captoria {
+
+struct ConvertArguments {
+  std::vector<std::string> videos;
+  std::vector<std::string> subtitles;  // of a single video; none: those the settings look for
+  std::vector<std::string> settings;   // KEY=VALUE
+  std::string commands;                // a command file; empty: that of the settings
+  bool keep_temp = false;
+  bool remove_unknown = false;
+  bool json = false;
+  bool quiet = false;
+};
+
+// The options that say how videos are converted, whichever they are.
+void AddConvertOptions(CLI::App& command, ConvertArguments& arguments, CliContext& context);
+
+// Converts the videos and tells what was made; gives the exit status.
+int RunConvert(const ConvertArguments& arguments, const std::string& data_folder);
+
+void AddConvertCommand(CLI::App& app, CliContext& context);
+
+}  // namespace captoria

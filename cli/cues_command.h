@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// captoria-cli cues: lists what a subtitle file holds.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include "cli/cli_context.h"
+
+namespace captoria {
+
+void AddCuesCommand(CLI::App& app, CliContext& context);
+
+}  // namespace captoria

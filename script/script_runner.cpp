@@ -1,0 +1,220 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "script/script_runner.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <filesystem>
+#include <optional>
+#include <sstream>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include "platform/files.h"
+#include "platform/input_file.h"
+#include "platform/process.h"
+#include "script/progress_file.h"
+
+namespace captoria {
+namespace {
+
+namespace fs = std::filesystem;
+using SteadyTime = std::chrono::steady_clock;
+
+constexpr std::chrono::milliseconds kLookEvery{50};
+constexpr std::chrono::seconds kBeginsWithin{5};  // captoria-run, after its terminal has handed it over
+constexpr std::chrono::seconds kEndsWithin{5};    // a tool that does not heed the request to end is killed before
+
+// A terminal's own process has another working folder, and every tool has.
+std::string WholePath(const fs::path& path) {
+  std::error_code gone;  // our own folder
+  const fs::path whole = fs::absolute(path, gone);
+  return (gone ? path : whole).string();
+}
+
+// Passes on what the progress file says in place of what the wait itself knows.
+class ToldProgress final : public JobProgress {
+ public:
+  ToldProgress(const std::string& file, JobProgress& progress) : file_(file), progress_(progress) {}
+
+  bool Report(std::size_t done, std::size_t total) override {
+    const auto told = ReadProgress(file_);
+    return told ? progress_.Report(told->first, told->second) : progress_.Report(done, total);
+  }
+
+ private:
+  const std::string& file_;
+  JobProgress& progress_;
+};
+
+// The log that captoria-run begins before the first tool and keeps locked until it ends.
+class LockedLog {
+ public:
+  LockedLog(std::string path, std::string captoria_run)
+      : path_(std::move(path)), captoria_run_(std::move(captoria_run)) {}
+  LockedLog(const LockedLog&) = delete;
+  LockedLog& operator=(const LockedLog&) = delete;
+  ~LockedLog() {
+    if (descriptor_ >= 0) ::close(descriptor_);
+  }
+
+  // Whether it has been begun. From then on it is that file that is looked at, whoever deletes or replaces it.
+  bool HasBegun() {
+    if (descriptor_ < 0) descriptor_ = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC);
+    return descriptor_ >= 0;
+  }
+
+  bool IsLocked() const {
+    if (::flock(descriptor_, LOCK_SH | LOCK_NB) != 0) return errno == EWOULDBLOCK;
+    ::flock(descriptor_, LOCK_UN);
+    return false;
+  }
+
+  // Asks captoria-run to end, where the system tells which process has the lock. Lines of the system's table read
+  // "1: FLOCK ADVISORY WRITE 4711 08:01:5505043 0 EOF" with process, device and file. The device is not the one that
+  // other calls tell on every file system, so the process has to be a captoria-run of ours instead.
+  void AskHolderToEnd() const {
+    struct stat status {};
+    if (::fstat(descriptor_, &status) != 0) return;
+    const std::string file = ":" + std::to_string(status.st_ino);
+    std::istringstream locks(ReadWholeFile("/proc/locks").value_or(""));
+    for (std::string line; std::getline(locks, line);) {
+      std::string number, kind, binding, access, place;
+      pid_t holder = 0;
+      std::istringstream(line) >> number >> kind >> binding >> access >> holder >> place;
+      if (kind != "FLOCK" || !place.ends_with(file) || holder <= 0) continue;
+      if (IsSameFile("/proc/" + std::to_string(holder) + "/exe", captoria_run_)) ::kill(holder, SIGTERM);
+    }
+  }
+
+ private:
+  std::string path_;
+  std::string captoria_run_;
+  int descriptor_ = -1;
+};
+
+class HiddenScript final : public RunningScript {
+ public:
+  HiddenScript(Process process, std::string progress_file)
+      : process_(std::move(process)), progress_file_(std::move(progress_file)) {}
+
+  Result<int> Wait(JobProgress& progress) override {
+    ToldProgress told(progress_file_, progress);
+    return process_.Wait(told);
+  }
+
+  void LeaveRunning() override { std::move(process_).LeaveRunning(); }
+
+ private:
+  Process process_;
+  std::string progress_file_;
+};
+
+class ScriptInWindow final : public RunningScript {
+ public:
+  ScriptInWindow(Process terminal, std::string progress_file, std::string log, std::string captoria_run)
+      : terminal_(std::move(terminal)),
+        progress_file_(std::move(progress_file)),
+        log_(std::move(log), std::move(captoria_run)) {}
+
+  Result<int> Wait(JobProgress& progress) override {
+    ToldProgress told(progress_file_, progress);
+    const auto status = terminal_.Wait(told);
+    if (!status) return status.error().kind == ErrorKind::Cancelled ? Stop(SteadyTime::now()) : status;
+    // A terminal that has failed has not handed anything over either.
+    const auto begins_by = SteadyTime::now() + (*status == 0 ? kBeginsWithin : std::chrono::seconds{0});
+    bool handed_over = false;
+    for (; GoesOn(begins_by); std::this_thread::sleep_for(kLookEvery)) {
+      handed_over = true;
+      if (!told.Report(0, 1)) return Stop(begins_by);
+    }
+    return handed_over ? 0 : *status;
+  }
+
+  void LeaveRunning() override { std::move(terminal_).LeaveRunning(); }
+
+ private:
+  // Whether captoria-run is at work or may still begin.
+  bool GoesOn(SteadyTime::time_point begins_by) {
+    return log_.HasBegun() ? log_.IsLocked() : SteadyTime::now() < begins_by;
+  }
+
+  // Where the terminal has been ended captoria-run was hung up on and needs a moment for its tools. Where the terminal
+  // was over before, captoria-run itself has to be asked.
+  tl::unexpected<Error> Stop(SteadyTime::time_point begins_by) {
+    const auto ends_by = std::max(begins_by, SteadyTime::now()) + kEndsWithin;
+    for (; GoesOn(begins_by); std::this_thread::sleep_for(kLookEvery)) {
+      if (SteadyTime::now() > ends_by) {
+        return Failure(ErrorKind::Cancelled, "no longer waited for; the script goes on in its window");
+      }
+      if (log_.HasBegun()) log_.AskHolderToEnd();
+    }
+    return Failure(ErrorKind::Cancelled, "stopped");
+  }
+
+  Process terminal_;
+  std::string progress_file_;
+  LockedLog log_;
+};
+
+// Nothing where no window can be opened.
+std::optional<std::string> FindTerminal(const Environment& environment) {
+  const auto is_set = [&](const char* name) { return !environment(name).value_or("").empty(); };
+  if (!is_set("DISPLAY") && !is_set("WAYLAND_DISPLAY")) return std::nullopt;
+  auto terminal = FindOnPath("x-terminal-emulator", environment);
+  return terminal ? terminal : FindOnPath("xterm", environment);
+}
+
+Result<void> RemoveFile(const std::string& path) {
+  if (::unlink(path.c_str()) == 0 || errno == ENOENT) return {};
+  return Failure(ErrorKind::Unwritable, path + ": cannot be removed: " + std::strerror(errno));
+}
+
+}  // namespace
+
+CaptoriaRun::CaptoriaRun(std::string program_folder, Environment environment)
+    : program_folder_(std::move(program_folder)), environment_(std::move(environment)) {}
+
+Result<std::unique_ptr<RunningScript>> CaptoriaRun::Start(const ScriptStart& start) {
+  const std::string captoria_run = WholePath(fs::path(program_folder_) / "captoria-run");
+  if (!FileExists(captoria_run)) {
+    return Failure(ErrorKind::NotFound, captoria_run + ": is missing; without it no script can be run");
+  }
+  const std::string script = WholePath(start.script);
+  const std::string progress_file = start.progress_file.empty() ? "" : WholePath(start.progress_file);
+  if (!progress_file.empty()) ::unlink(progress_file.c_str());  // at worst there is old progress until there is new
+  ProcessStart process_start{.program = captoria_run,
+                             .arguments = {script},
+                             .folder{},
+                             .environment = {std::string{kProgressVariable} + "=" + progress_file},
+                             .log_file{},
+                             .shows_output = false,
+                             .ends_with_us = start.ends_with_us};
+  const auto terminal = start.show == ShowStyle::Hidden ? std::nullopt : FindTerminal(environment_);
+  if (!terminal) {
+    auto process = Process::Start(process_start);
+    if (!process) return tl::unexpected(process.error());
+    return std::make_unique<HiddenScript>(std::move(*process), progress_file);
+  }
+  // An old log would be taken for that of a script that is already over.
+  const std::string log = (fs::path(script).parent_path() / "divxmux.log").string();
+  if (auto removed = RemoveFile(log); !removed) return tl::unexpected(removed.error());
+  process_start.program = *terminal;
+  process_start.arguments = {"-e", captoria_run, script};
+  process_start.ends_with_us = false;  // whoever looks at a window closes it
+  auto process = Process::Start(process_start);
+  if (!process) return tl::unexpected(process.error());
+  return std::make_unique<ScriptInWindow>(std::move(*process), progress_file, log, captoria_run);
+}
+
+}  // namespace captoria

@@ -1,0 +1,183 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "script/subtitle_list.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/path_text.h"
+#include "media/bmp/bmp_file.h"
+#include "platform/files.h"
+#include "script/list_parser.h"
+
+namespace captoria {
+namespace {
+
+constexpr std::uint64_t kLargestList = std::uint64_t{16} << 20;
+constexpr int kPalHeight = 576;
+constexpr int kNtscHeight = 480;
+
+// How far a bitmap can reach below its frame: its height has 10 rows more than the place left for it, and is even.
+constexpr int kOverhang = 11;
+
+std::string CueCount(std::size_t count) { return std::to_string(count) + (count == 1 ? " cue" : " cues"); }
+
+void OrderTimes(SubtitleList& list) {
+  std::ranges::stable_sort(list.cues, {}, [](const ListedCue& cue) { return cue.times.show; });
+  std::size_t cut = 0, brief = 0;
+  for (std::size_t i = 0; i < list.cues.size(); ++i) {
+    XsubTimes& times = list.cues[i].times;
+    const std::int64_t next = i + 1 < list.cues.size() ? list.cues[i + 1].times.show : kLatestXsubTime;
+    const bool overlaps = times.hide > next;
+    if (overlaps) times.hide = next;
+    const bool empty = times.hide <= times.show;
+    if (empty) times.hide = times.show + 1;
+    if (empty) ++brief;
+    if (overlaps && !empty) ++cut;
+  }
+  if (cut > 0) list.warnings.push_back(list.path + ": " + CueCount(cut) + " cut short where the next one starts");
+  if (brief > 0) {
+    list.warnings.push_back(list.path + ": " + CueCount(brief) +
+                            " shown for a millisecond only, ending no later than it starts or the next one does");
+  }
+}
+
+void MoveToNtsc(SubtitleList& list) {
+  if (list.frame.height != kPalHeight) return;
+  list.frame.height = kNtscHeight;
+  for (ListedCue& cue : list.cues) {
+    const int below = kPalHeight - (cue.y + cue.height);
+    const int half = below < 0 ? -kPalHeight / 2 : kPalHeight / 2;
+    cue.y = std::max(0, kNtscHeight - (below * kNtscHeight + half) / kPalHeight - cue.height);
+  }
+}
+
+int ImpliedHeight(const std::vector<ListedCue>& cues) {
+  int end = 0;
+  for (const ListedCue& cue : cues) {
+    if (cue.y > 0) end = std::max(end, cue.y + cue.height);
+  }
+  for (const int height : {kNtscHeight, kPalHeight, 720, 1080}) {
+    if (end <= height + kOverhang) return height;
+  }
+  return end + end % 2;
+}
+
+void WarnOfHighCues(SubtitleList& list) {
+  const auto count = static_cast<std::size_t>(
+      std::ranges::count_if(list.cues, [&](const ListedCue& cue) { return cue.height > list.frame.height; }));
+  if (count == 0) return;
+  list.warnings.push_back(list.path + ": " + CueCount(count) + " higher than the frame of " +
+                          std::to_string(list.frame.height) + " rows: what is below its bottom is not shown");
+}
+
+class ListedBitmaps final : public SubtitleSource {
+ public:
+  explicit ListedBitmaps(SubtitleList list) : list_(std::move(list)) {}
+
+  SubtitleFrame Frame() const override { return list_.frame; }
+  std::size_t Count() const override { return list_.cues.size(); }
+  std::int64_t ShowTime(std::size_t index) const override { return list_.cues[index].times.show; }
+
+  Result<Bytes> Packet(std::size_t index) const override {
+    const ListedCue& cue = list_.cues[index];
+    const std::string path = PathOf(list_, cue);
+    auto picture = ReadPicture(path);
+    if (!picture) return tl::unexpected(picture.error());
+    const bool listed_lower = picture->height == 100 && cue.height == 98;
+    if (picture->width != cue.width || (picture->height != cue.height && !listed_lower)) {
+      return Failure(ErrorKind::Damaged, path + ": is " + Size(picture->width, picture->height) + ", but " +
+                                             list_.path + " lists it with " + Size(cue.width, cue.height));
+    }
+    PlacedPicture placed{std::move(*picture), cue.x, cue.y};
+    LeaveOutClearRows(placed, cue.height);
+    auto packet = EncodeXsub({cue.times, std::move(placed)}, list_.frame);
+    if (!packet) return Failure(packet.error().kind, path + ": " + packet.error().message);
+    return packet;
+  }
+
+ private:
+  static std::string Size(int width, int height) { return std::to_string(width) + " x " + std::to_string(height); }
+
+  Result<SubtitlePicture> ReadPicture(const std::string& path) const {
+    auto bmp = ReadBmp(path);
+    if (!bmp) return tl::unexpected(bmp.error());
+    SubtitlePicture picture;
+    picture.width = bmp->width;
+    picture.height = bmp->height;
+    picture.pixels = std::move(bmp->pixels);
+    std::copy_n(bmp->colors.begin(), std::min(bmp->colors.size(), picture.colors.size()), picture.colors.begin());
+    // Nobody sees entry 0. But readers that scale a picture, or keep colours for two pixels together, let it bleed into
+    // the edges of the letters; there the outline's colour does least harm.
+    picture.colors[0] = picture.colors[2];
+    for (std::uint8_t& pixel : picture.pixels) {
+      if (pixel >= list_.shown.size()) {
+        return Failure(ErrorKind::Unsupported, path + ": has pixels of colour " + std::to_string(pixel) +
+                                                   "; a subtitle has only the colours 0 to 3");
+      }
+      if (!list_.shown[pixel]) pixel = 0;
+    }
+    return picture;
+  }
+
+  // Brings the picture down to `height` rows as far as there are rows without a visible pixel at its two ends.
+  static void LeaveOutClearRows(PlacedPicture& placed, int height) {
+    SubtitlePicture& picture = placed.picture;
+    const auto width = static_cast<std::ptrdiff_t>(picture.width);
+    while (picture.height > height && picture.IsClearRow(picture.height - 1)) {
+      picture.pixels.resize(picture.pixels.size() - static_cast<std::size_t>(width));
+      --picture.height;
+    }
+    while (picture.height > height && picture.IsClearRow(0)) {
+      picture.pixels.erase(picture.pixels.begin(), picture.pixels.begin() + width);
+      --picture.height;
+      ++placed.top;
+    }
+  }
+
+  SubtitleList list_;
+};
+
+}  // namespace
+
+Result<SubtitleList> ReadConverterList(const std::string& path, ListFrame frame) {
+  const auto text = ReadWholeFile(path, kLargestList);
+  if (!text) return tl::unexpected(text.error());
+  auto list = ParseConverterList(*text, path);
+  if (!list) return list;
+  OrderTimes(*list);
+  if (frame == ListFrame::Ntsc) MoveToNtsc(*list);
+  WarnOfHighCues(*list);
+  return list;
+}
+
+Result<SubtitleList> ReadMuxList(const std::string& path) {
+  const auto text = ReadWholeFile(path, kLargestList);
+  if (!text) return tl::unexpected(text.error());
+  auto list = ParseMuxList(*text, path);
+  if (!list) return list;
+  OrderTimes(*list);
+  list->frame.height = ImpliedHeight(list->cues);
+  WarnOfHighCues(*list);
+  return list;
+}
+
+std::string PathOf(const SubtitleList& list, const ListedCue& cue) {
+  const std::string_view folder = GetPathOnly(list.path);
+  if (folder.size() == list.path.size()) return cue.file;
+  return JoinPath(std::string{folder} + PathSeparator(list.path), cue.file);
+}
+
+std::shared_ptr<SubtitleSource> PacketsOf(SubtitleList list) {
+  return std::make_shared<ListedBitmaps>(std::move(list));
+}
+
+Result<std::shared_ptr<SubtitleSource>> OpenMuxList(const std::string& path, std::vector<std::string>* warnings) {
+  auto list = ReadMuxList(path);
+  if (!list) return tl::unexpected(list.error());
+  if (warnings != nullptr) warnings->insert(warnings->end(), list->warnings.begin(), list->warnings.end());
+  return PacketsOf(std::move(*list));
+}
+
+}  // namespace captoria

@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "ui/jobs/job.h"
+
+#include <QEventLoop>
+#include <QHBoxLayout>
+#include <algorithm>
+#include <thread>
+
+#include "ui/jobs/on_gui_thread.h"
+#include "ui/texts/captions.h"
+#include "ui/texts/hidden_text.h"
+
+namespace captoria {
+
+class JobBar::Reporter final : public JobProgress {
+ public:
+  Reporter(std::shared_ptr<State> state, std::shared_ptr<std::atomic<bool>> stop)
+      : state_(std::move(state)), stop_(std::move(stop)) {}
+
+  bool Report(std::size_t done, std::size_t total) override {
+    state_->total = total;
+    state_->done = done;
+    return !*stop_;
+  }
+
+ private:
+  std::shared_ptr<State> state_;
+  std::shared_ptr<std::atomic<bool>> stop_;
+};
+
+JobBar::JobBar(QWidget* parent)
+    : QWidget(parent),
+      label_(new QLabel(this)),
+      bar_(new QProgressBar(this)),
+      cancel_(new QPushButton(tr("&Cancel"), this)),
+      bitmaps_text_(HiddenText("lblCreateBitmaps", tr("Creating Bitmaps..."), this)),
+      film_text_(HiddenText("lblWritingFilm", tr("Writing the film"), this)),
+      time_text_(HiddenText("lblTimeLeft", tr(", %1 s left"), this)),
+      item_text_(HiddenText("lblJobItem", tr("%1 of %2, %3: "), this)),
+      state_(std::make_shared<State>()),
+      stop_(std::make_shared<std::atomic<bool>>(false)) {
+  setObjectName("jobBar");
+  cancel_->setObjectName("cmdCancelJob");
+  cancel_->setIcon(QIcon(":/icons/cancel.svg"));
+  bar_->setAccessibleName(tr("Progress"));
+  bar_->setObjectName("barJob");
+  label_->setObjectName("lblJob");
+  label_->setProperty(kShowsData, true);
+  label_->setAccessibleName(tr("What is being done"));
+  auto* layout = new QHBoxLayout(this);
+  layout->addWidget(label_);
+  layout->addWidget(bar_, 1);
+  layout->addWidget(cancel_);
+  connect(cancel_, &QPushButton::clicked, this, [this] {
+    cancel_->setEnabled(false);
+    Stop();
+  });
+  connect(&timer_, &QTimer::timeout, this, &JobBar::ShowState);
+  hide();
+}
+
+void JobBar::Run(const std::function<void()>& work) {
+  if (busy_) return;
+  busy_ = true;
+  *stop_ = false;
+  state_->item = 0;
+  state_->items = 1;
+  state_->done = 0;
+  state_->total = 0;
+  item_name_.clear();
+  since_.start();
+  cancel_->setEnabled(true);
+  label_->clear();
+  bar_->setRange(0, 0);
+  bar_->setValue(0);
+  constexpr int kLookEvery = 50;  // milliseconds
+  timer_.start(kLookEvery);
+  show();
+  emit Began();
+  QEventLoop loop;
+  std::thread thread([&] {
+    work();
+    QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+  });
+  loop.exec();
+  thread.join();
+  timer_.stop();
+  hide();
+  busy_ = false;
+  emit Ended();
+}
+
+std::unique_ptr<JobProgress> JobBar::BeginWork(Work work) {
+  state_->work = work;
+  state_->done = 0;
+  state_->total = 0;
+  return std::make_unique<Reporter>(state_, stop_);
+}
+
+void JobBar::BeginItem(int index, int count, const QString& name) {
+  state_->done = 0;
+  state_->total = 0;
+  state_->work = Work::Bitmaps;
+  state_->item = index;
+  state_->items = count;
+  OnGuiThread(this, [&] { item_name_ = item_text_->text().arg(index + 1).arg(count).arg(name); });
+}
+
+void JobBar::ShowState() {
+  const std::size_t done = state_->done, total = state_->total;
+  const bool drawing = state_->work == Work::Bitmaps;
+  label_->setText(item_name_);
+  if (total == 0 || done == 0 || done > total) return;
+  // A film's two halves take about the same time on a fast disk; on a slow one the second does.
+  const double half = static_cast<double>(done) / static_cast<double>(total) / 2;
+  const double part = (state_->item + half + (drawing ? 0 : 0.5)) / state_->items;
+  constexpr int kSteps = 1000;
+  bar_->setRange(0, kSteps);
+  bar_->setValue(std::max(bar_->value(), static_cast<int>(part * kSteps)));
+  const QString what = drawing ? bitmaps_text_->text() + QString::number(done) : film_text_->text();
+  label_->setText(item_name_ + what + TimeLeft(part));
+}
+
+QString JobBar::TimeLeft(double part) const {
+  constexpr qint64 kTellsNothing = 500;  // milliseconds
+  const qint64 passed = since_.elapsed();
+  if (part <= 0 || passed < kTellsNothing) return {};
+  return time_text_->text().arg(static_cast<qint64>(static_cast<double>(passed) * (1 - part) / part / 1000) + 1);
+}
+
+}  // namespace captoria

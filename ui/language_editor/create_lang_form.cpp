@@ -1,0 +1,216 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "ui/language_editor/create_lang_form.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include "ui/texts/named.h"
+
+namespace captoria {
+namespace {
+
+constexpr int kTextLines = 3;
+constexpr int kSideMargin = 2;     // a mirrored splitter cuts its widgets by a pixel
+constexpr int kShortestName = 20;  // characters
+
+QPushButton* NamedButton(const char* name, const QString& text, QWidget* parent) {
+  auto* button = Named(new QPushButton(text, parent), name);
+  button->setAutoDefault(false);
+  return button;
+}
+
+// A mirrored window would put the closing bracket in front.
+QString LeftToRight(const QString& text) { return QGuiApplication::isRightToLeft() ? text + QChar(0x200E) : text; }
+
+void SetUpTree(QTreeView* tree, QAbstractItemModel* model) {
+  tree->setModel(model);
+  tree->setHeaderHidden(true);
+  tree->setUniformRowHeights(true);
+  tree->setMinimumHeight(tree->fontMetrics().lineSpacing() * 5);
+}
+
+// High enough for most texts; longer ones scroll.
+void SetUpText(QPlainTextEdit* text) {
+  const int frame = 2 * (text->frameWidth() + static_cast<int>(text->document()->documentMargin()));
+  text->setFixedHeight(text->fontMetrics().lineSpacing() * kTextLines + frame);
+  text->setTabChangesFocus(true);
+}
+
+// A side's widgets from top to bottom; the tree takes what height is left.
+QWidget* Side(QWidget* parent, QLabel* caption, QTreeView* tree, QLayout* options, QLabel* text_caption,
+              QPlainTextEdit* text, QLayout* end) {
+  auto* side = new QWidget(parent);
+  auto* column = new QVBoxLayout(side);
+  column->setContentsMargins(kSideMargin, 0, kSideMargin, 0);
+  column->addWidget(caption);
+  column->addWidget(tree, 1);
+  column->addLayout(options);
+  column->addWidget(text_caption);
+  column->addWidget(text);
+  column->addLayout(end);
+  return side;
+}
+
+}  // namespace
+
+CreateLangForm::CreateLangForm(QString version, QAbstractItemModel* originals, QAbstractItemModel* translations,
+                               QWidget* parent)
+    : QWidget(parent),
+      original_box(Named(new QComboBox(this), "Combo1")),
+      edited_box(Named(new QComboBox(this), "Combo2")),
+      original_version(Named(new QLabel(this), "lblVersion")),
+      edited_version(Named(new QLabel(this), "lblVersionEdit")),
+      original_tree(Named(new QTreeView(this), "Tree1")),
+      edited_tree(Named(new QTreeView(this), "Tree2")),
+      original_text(Named(new QPlainTextEdit(this), "Text1")),
+      translation(Named(new TranslationEdit(this), "Text2")),
+      only_untranslated(Named(new QCheckBox(tr("Sho&w only what is not translated"), this), "chkOnlyUntranslated")),
+      auto_create(Named(new QCheckBox(tr("&Auto create missing items"), this), "chkAutoCreate")),
+      progress(Named(new QLabel(this), "lblProgress")),
+      creator(Named(new QLineEdit(this), "txtCreator")),
+      saved(Named(new QLabel(this), "lblSaved")),
+      update(NamedButton("Command2", LeftToRight(tr("&Update <Enter>")), this)),
+      instructions(NamedButton("Command3", tr("&If you want to update an existing language file"), this)),
+      save(NamedButton("Command1", tr("&Save new Language file"), this)),
+      close(NamedButton("cmdClose", tr("&Close"), this)),
+      version_(std::move(version)) {
+  edited_box->setPlaceholderText(tr("Select or create a file"));
+  SetUpTree(original_tree, originals);
+  SetUpTree(edited_tree, translations);
+  SetUpText(original_text);
+  SetUpText(translation);
+  original_text->setReadOnly(true);
+  original_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  auto* sides = new QSplitter(this);
+  sides->setChildrenCollapsible(false);
+  sides->addWidget(OriginalSide());
+  sides->addWidget(EditedSide());
+  sides->setSizes({1, 1});
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(FileRow());
+  layout->addWidget(sides, 1);
+  layout->addLayout(EndRow());
+  for (auto [first, second] : std::vector<std::pair<QWidget*, QWidget*>>{{original_box, edited_box},
+                                                                         {edited_box, original_tree},
+                                                                         {original_tree, only_untranslated},
+                                                                         {only_untranslated, original_text},
+                                                                         {original_text, edited_tree},
+                                                                         {edited_tree, auto_create},
+                                                                         {auto_create, translation},
+                                                                         {translation, update},
+                                                                         {update, creator},
+                                                                         {creator, instructions},
+                                                                         {instructions, save},
+                                                                         {save, close}}) {
+    setTabOrder(first, second);
+  }
+  UsePalette();
+}
+
+QLabel* CreateLangForm::CaptionOf(const char* name, const QString& text, QWidget* field) {
+  auto* label = Named(new QLabel(text, this), name);
+  label->setBuddy(field);
+  field->setAccessibleName(QString(text).remove('&').remove("<<").remove(">>").trimmed());
+  return label;
+}
+
+QLayout* CreateLangForm::FileRow() {
+  auto* rows = new QGridLayout;
+  for (QComboBox* box : {original_box, edited_box}) {
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);  // a name may be long
+    box->setMinimumContentsLength(kShortestName);
+  }
+  rows->addWidget(CaptionOf("lblOriginalFile", tr("&Original Language file"), original_box), 0, 0);
+  rows->addWidget(CaptionOf("lblNewFile", tr("&New Language file"), edited_box), 0, 2);
+  auto* versions = new QHBoxLayout;
+  versions->addWidget(original_version);
+  versions->addWidget(Named(new QLabel(tr("<< Language file for version >>"), this), "lblVersions"));
+  versions->addWidget(edited_version);
+  original_version->setAccessibleDescription(tr("Version of the original language file"));
+  edited_version->setAccessibleDescription(tr("Version of the new language file"));
+  rows->addWidget(original_box, 1, 0);
+  rows->addLayout(versions, 1, 1);
+  rows->addWidget(edited_box, 1, 2);
+  for (const int column : {0, 2}) rows->setColumnStretch(column, 1);
+  return rows;
+}
+
+QWidget* CreateLangForm::OriginalSide() {
+  auto* options = new QHBoxLayout;
+  options->addWidget(only_untranslated);
+  options->addStretch();
+  return Side(this, CaptionOf("lblOriginalTree", tr("<< Original &language text"), original_tree), original_tree,
+              options, CaptionOf("lblOriginalText", tr("Ori&ginal text"), original_text), original_text, Legend());
+}
+
+QWidget* CreateLangForm::EditedSide() {
+  auto* options = new QHBoxLayout;
+  options->addWidget(auto_create);
+  options->addStretch();
+  options->addWidget(progress);
+  auto* end = new QHBoxLayout;
+  end->addWidget(Named(new QLabel(tr("Hit <Enter> at above textbox"), this), "lblHint"));
+  end->addStretch();
+  end->addWidget(update);
+  translation->setToolTip(tr("Shift+Enter breaks the line; the up and down keys go to the item before and after"));
+  return Side(this, CaptionOf("lblNewTree", tr("New language te&xt >>"), edited_tree), edited_tree, options,
+              CaptionOf("lblTranslation", tr("&Enter to update and move next"), translation), translation, end);
+}
+
+QLayout* CreateLangForm::Legend() {
+  auto* row = new QHBoxLayout;
+  row->addStrut(update->sizeHint().height());  // as high as the other side's, so that the texts are beside each other
+  for (const auto mark : {LanguageMark::Missing, LanguageMark::Untranslated, LanguageMark::Translated}) {
+    auto* picture = new QLabel(this);
+    legend_.emplace_back(picture, mark);
+    row->addWidget(picture);
+    row->addWidget(new QLabel(MarkText(mark), this));
+    row->addSpacing(fontMetrics().averageCharWidth());
+  }
+  row->addStretch();
+  return row;
+}
+
+QLayout* CreateLangForm::EndRow() {
+  auto* row = new QHBoxLayout;
+  row->addWidget(CaptionOf("lblCreator", tr("C&reator"), creator));
+  row->addWidget(creator, 1);
+  row->addWidget(instructions);
+  row->addWidget(saved);
+  row->addWidget(save);
+  row->addWidget(close);
+  instructions->setToolTip(tr("How to do that, step by step"));
+  save->setToolTip(tr("Writes the file to the program's data folder"));
+  return row;
+}
+
+void CreateLangForm::ShowVersion(QLabel* label, const QString& text) {
+  label->setText(text);
+  UsePalette();
+}
+
+// Colours that are set for good, unlike those that widgets ask the palette for.
+void CreateLangForm::UsePalette() {
+  const bool is_dark = palette().color(QPalette::Window).lightness() < 128;
+  for (QLabel* label : {original_version, edited_version}) {
+    const bool differs = !label->text().isEmpty() && label->text() != version_;
+    QPalette colors = palette();
+    if (differs) colors.setColor(QPalette::WindowText, is_dark ? QColor(255, 112, 112) : QColor(192, 0, 0));
+    label->setPalette(colors);
+    label->setToolTip(differs ? tr("Not the version of this program, which is %1").arg(version_) : QString());
+  }
+  const int side = fontMetrics().height();
+  for (const auto& [label, mark] : legend_) label->setPixmap(MarkIcon(mark).pixmap({side, side}, devicePixelRatioF()));
+}
+
+void CreateLangForm::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) UsePalette();
+}
+
+}  // namespace captoria

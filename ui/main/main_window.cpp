@@ -1,0 +1,381 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "ui/main/main_window.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QHeaderView>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "app/language_commands.h"
+#include "app/open_video.h"
+#include "app/placement_commands.h"
+#include "app/safe_area_commands.h"
+#include "base/path_text.h"
+#include "ui/dialogs/select_subs_dialog.h"
+#include "ui/dialogs/side_scroll.h"
+#include "ui/dialogs/welcome_dialog.h"
+#include "ui/language_editor/create_lang_dialog.h"
+#include "ui/main/start_page.h"
+#include "ui/options/options_dialog.h"
+#include "ui/texts/hidden_text.h"
+#include "ui/texts/qt_text.h"
+
+namespace captoria {
+namespace {
+
+// "Film.srt - Captoria ver. 3.5.0 by Halvard"
+QString TitleOf(const Session& session) {
+  const SubtitleTrack& track = session.tracks.Current();
+  const QString file = track.HasFile() ? ToQt(GetFileNameOnly(track.path)) + " - " : QString{};
+  return file + kProgramTitle + " ver. " CAPTORIA_VERSION " by Halvard";
+}
+
+QStringList FilesOf(const QMimeData* data) {
+  QStringList files;
+  for (const QUrl& url : data->urls()) {
+    if (url.isLocalFile()) files.append(url.toLocalFile());
+  }
+  return files;
+}
+
+}  // namespace
+
+Form1::Form1(Session& session, WindowView& view) : session_(session), view_(view) {
+  setObjectName("Form1");
+  setProperty(kShowsData, true);
+  setAcceptDrops(true);
+  state_ = new WindowState(session_, this);
+  Build();
+  setWindowIcon(QIcon(":/icons/captoria.svg"));
+  ConnectMenu();
+  ConnectParts();
+  view_.SetJobBar(jobs_);
+  menu_->preview->setChecked(session_.settings.Preview);
+  preview_->SetPreviewOn(session_.settings.Preview);
+  RestoreLanguage(session_);
+  ShowVideo();
+  state_->Restore();
+}
+
+void Form1::Build() {
+  style_ = new StylePanel(session_, this);
+  auto* toolbar = addToolBar(tr("Commands"));
+  toolbar->setObjectName("Toolbar2");
+  menu_ = new MainMenu(menuBar(), toolbar, style_->StyleActions(), this);
+  system_ = new QComboBox(toolbar);
+  system_->setObjectName("Combo3");
+  system_->addItems({"NTSC", "PAL"});
+  system_->setToolTip(tr("Video system for active avi file"));
+  system_->setAccessibleName(system_->toolTip());
+  toolbar->addSeparator();
+  toolbar->addWidget(system_);
+
+  pages_ = new QStackedWidget(this);
+  pages_->addWidget(new StartPage(menu_->open_avi, menu_->open_srt, pages_));
+  pages_->addWidget(BuildWorkPage());
+  jobs_ = new JobBar(this);
+  auto* central = new QWidget(this);
+  auto* layout = new QVBoxLayout(central);
+  layout->setContentsMargins({});
+  layout->addWidget(pages_, 1);
+  layout->addWidget(jobs_);
+  setCentralWidget(central);
+  BuildStreams();
+  stop_text_ = HiddenText("lblStopJob", tr("A film is being made. Stop it?"), this);
+  status_ = new StatusLabels(statusBar());
+  commands_ = new WindowCommands(session_, *jobs_, this);
+  state_->KeepRecent(menu_->recent);
+  languages_ = new LanguagesMenu(session_, menu_->languages, menu_->no_language);
+  batch_menu_ = new BatchCommandsMenu(session_, menu_->batch_commands, menu_->no_batch_file);
+}
+
+QWidget* Form1::BuildWorkPage() {
+  tracks_ = new TrackTabs(session_, pages_);
+  preview_ = new PreviewPane(session_, pages_);
+  auto* lists = new QSplitter(Qt::Vertical, pages_);
+  lists->setObjectName("lists");
+  lists->addWidget(tracks_);
+  lists->addWidget(preview_);
+  lists->setStretchFactor(1, 1);
+  lists->setChildrenCollapsible(false);
+  auto* sides = new QSplitter(Qt::Horizontal, pages_);
+  sides->setObjectName("sides");
+  sides->addWidget(lists);
+  sides->addWidget(new SideScroll(style_, sides));
+  sides->setStretchFactor(0, 1);
+  sides->setChildrenCollapsible(false);
+  sides->setSizes({QWIDGETSIZE_MAX, 1});  // until somebody drags it, the style has just the room it needs
+  state_->Keep(lists);
+  state_->Keep(sides);
+  state_->Keep(tracks_->List()->header(), "cues");
+  return sides;
+}
+
+void Form1::BuildStreams() {
+  streams_ = new Info(session_.prompts, this);
+  streams_->setObjectName("Info1");
+  stream_text_ = HiddenText("lblStream", tr("Stream"), this);
+  information_text_ = HiddenText("lblInformation", tr("Information"), this);
+  streams_dock_ = new QDockWidget(tr("Avi info (streams)"), this);
+  streams_dock_->setObjectName("AviInfoPanel");
+  streams_dock_->setWidget(streams_);
+  addDockWidget(Qt::BottomDockWidgetArea, streams_dock_);
+  constexpr int kHeight = 150;  // of a few streams; the user may drag it
+  resizeDocks({streams_dock_}, {kHeight}, Qt::Vertical);
+  streams_dock_->hide();
+}
+
+void Form1::ConnectMenu() {
+  const auto on = [this](QAction* action, auto slot) { connect(action, &QAction::triggered, this, slot); };
+  on(menu_->open_avi, [this] { commands_->OpenVideo({}); });
+  on(menu_->open_srt, [this] { commands_->OpenSubtitle({}); });
+  on(menu_->close_srt, [this] { commands_->CloseSubtitles(); });
+  on(menu_->batch_convert, [this] { commands_->BatchConvert(); });
+  on(menu_->options, [this] { ShowOptions(); });
+  on(menu_->exit, [this] { close(); });
+  on(menu_->make_divx, [this] { commands_->MakeDivX(); });
+  on(menu_->fit_font, [this](bool fit) { SetFitFont(fit); });
+  on(menu_->only_outside, [this](bool only) { ShowOnlyOutside(only); });
+  on(menu_->create_lang, [this] { CreateLanguage(); });
+  on(menu_->welcome, [this] { frmWelcome(session_.language, this).exec(); });
+  on(menu_->about, [this] { commands_->ShowAbout(); });
+  on(menu_->left, [this] { SetAlignment(Alignment::Left); });
+  on(menu_->center, [this] { SetAlignment(Alignment::Center); });
+  on(menu_->right, [this] { SetAlignment(Alignment::Right); });
+  on(menu_->set_pos_align, [this] { SetPosAlign(); });
+  on(menu_->select_subs, [this] { SelectSubs(); });
+  tracks_->List()->addActions(menu_->selected_subs->actions());  // for their shortcuts
+  on(menu_->preview, [this](bool shown) {
+    session_.settings.Preview = shown;
+    preview_->SetPreviewOn(shown);
+  });
+  connect(menu_->stream_info, &QAction::toggled, streams_dock_, &QDockWidget::setVisible);
+  connect(streams_dock_, &QDockWidget::visibilityChanged, menu_->stream_info, &QAction::setChecked);
+  connect(state_, &WindowState::RecentChosen, commands_, &WindowCommands::OpenVideo);
+  connect(commands_, &WindowCommands::VideoOpened, state_, &WindowState::AddRecent);
+}
+
+void Form1::ConnectParts() {
+  connect(&view_, &WindowView::TracksChanged, this, &Form1::ShowTracks);
+  connect(&view_, &WindowView::VideoChanged, this, &Form1::ShowVideo);
+  connect(&view_, &WindowView::StreamsWanted, streams_dock_, &QDockWidget::show);
+  connect(&view_, &WindowView::CommandsRun, this, &Form1::ShowCommandsRun);
+  connect(&view_, &WindowView::LanguageChanged, this, &Form1::ShowLanguage);
+  connect(&view_, &WindowView::Warned, status_, &StatusLabels::Tell);
+  connect(tracks_, &TrackTabs::TrackChosen, this, &Form1::ShowTracks);
+  connect(tracks_, &TrackTabs::CueChosen, this, [this] {
+    ShowCue();
+    const SubtitleCue* cue = tracks_->CurrentCue();
+    if (cue != nullptr && !cue->Tag.empty()) status_->Tell(tracks_->TagText(*cue));
+  });
+  connect(tracks_, &TrackTabs::SelectionChanged, this, &Form1::ShowCounts);
+  connect(tracks_, &TrackTabs::MenuWanted, this, [this](const QPoint& at) {
+    if (!session_.tracks.Current().IsIdx()) menu_->selected_subs->popup(at);
+  });
+  connect(style_, &StylePanel::StyleChanged, this, &Form1::ShowCue);
+  connect(style_, &StylePanel::FontChanged, this, &Form1::CheckSafeAreaAgain);
+  connect(preview_, &PreviewPane::Told, status_, &StatusLabels::Tell);
+  connect(system_, &QComboBox::activated, this, [this](int index) {
+    ChooseVideoSystem(session_, index == 0);
+    ShowSystem();
+  });
+  connect(jobs_, &JobBar::Began, this, [this] { SetBusy(true); });
+  connect(jobs_, &JobBar::Ended, this, [this] { SetBusy(false); });
+}
+
+void Form1::ShowTracks() {
+  if (jobs_->IsBusy()) {
+    tracks_changed_ = true;
+    return;
+  }
+  const SubtitleTrack& track = session_.tracks.Current();
+  pages_->setCurrentIndex(session_.video.AviPath.empty() && !track.HasFile() && session_.tracks.Count() == 1 ? 0 : 1);
+  tracks_->ShowTracks();
+  style_->LoadCorrectValues();
+  style_->EnableButtons(!track.IsIdx());
+  for (QAction* action : {menu_->fit_font, menu_->only_outside}) action->setEnabled(!track.IsIdx());
+  menu_->fit_font->setChecked(track.style.FitFont);
+  menu_->only_outside->setChecked(session_.only_outside);
+  setWindowTitle(TitleOf(session_));
+  ShowCounts();
+  ShowCue();
+}
+
+void Form1::ShowVideo() {
+  if (jobs_->IsBusy()) {
+    video_changed_ = true;
+    return;
+  }
+  streams_->Clear();
+  for (const StreamRow& row : session_.video.streams) {
+    streams_->AddLine({ToQt(TextOf(row.type)), ToQt(row.text)});
+  }
+  preview_->SetVideo();
+  ShowSystem();
+}
+
+void Form1::ShowSystem() {
+  system_->setCurrentIndex(session_.video.format.VideoSystem == "PAL" ? 1 : 0);
+  // Before there is a video or a subtitle, nothing is worth the time that finding all fonts takes.
+  if (!session_.video.AviPath.empty()) {
+    const auto bitmap = session_.Bitmap();
+    const int subtitle = bitmap ? (*bitmap)->Dib().Height() : 0;
+    style_->SetVerticalMaximum(session_.video.format.VideoHeight - subtitle);
+  }
+  ShowTracks();
+}
+
+void Form1::ShowCue() {
+  const SubtitleTrack& track = session_.tracks.Current();
+  const SubtitleCue* cue = track.IsIdx() ? nullptr : tracks_->CurrentCue();
+  style_->ShowOwn(cue == nullptr ? Placement{} : ReadPlacement(cue->Tag));
+  if (cue != nullptr) style_->ShowVerticalPosition(ReadPlacement(cue->Tag).position.value_or(track.style.VertPos));
+  preview_->SetVertical(style_->VerticalPosition(), style_->VerticalMaximum());
+  preview_->ShowCue(cue);
+}
+
+void Form1::ShowCounts() {
+  const SubtitleTrack& track = session_.tracks.Current();
+  const auto outside = track.IsIdx() ? std::nullopt : std::optional{static_cast<int>(track.outside.size())};
+  status_->ShowOutside(outside, track.style.FitFont);
+  status_->ShowSelected(tracks_->SelectedCount());
+}
+
+void Form1::ShowOnlyOutside(bool only) {
+  ShowEditOnly(session_, only);
+  ShowTracks();
+}
+
+void Form1::SetFitFont(bool fit) {
+  if (session_.tracks.Current().style.FitFont != fit) ToggleFitFont(session_);
+  CheckSafeAreaAgain();
+}
+
+void Form1::CheckSafeAreaAgain() {
+  if (session_.tracks.Current().IsRendered()) {
+    const auto checked = CheckSafeArea(session_, false);
+    if (!checked) view_.Warn(checked.error().message);
+  }
+  ShowTracks();
+}
+
+void Form1::SetAlignment(Alignment align) {
+  SetAlignForSelectedSubs(session_, align);
+  tracks_->Refresh();
+  ShowCue();
+}
+
+PositionDialogStart Form1::PlacementStart() const {
+  return {tracks_->CurrentCue(), style_->VerticalPosition(), style_->VerticalMaximum()};
+}
+
+void Form1::SetPosAlign() {
+  if (!session_.tracks.Current().IsRendered()) return;
+  Form3 dialog(session_, CommandMode::Apply, PlacementStart(), this);
+  const auto show = [this] {
+    tracks_->Refresh();
+    ShowCue();
+  };
+  connect(&dialog, &Form3::Previewed, this, show);
+  dialog.exec();
+  show();
+}
+
+void Form1::SelectSubs() {
+  if (!session_.tracks.Current().IsRendered()) return;
+  frmSelectSubs(session_, CommandMode::Apply, this).exec();
+  tracks_->ShowSelection();
+  ShowCounts();
+}
+
+void Form1::ShowOptions() {
+  FileRegistry registry(JoinPath(session_.folders.data, "Captoria.registry"));
+  ContextMenuEntry entry(registry, FileActions(ProcessEnvironment()), VerbProgram(session_.folders.executable));
+  Form2 dialog(session_, entry, PlacementStart(), this);
+  dialog.exec();
+  if (dialog.BatchFilesChanged()) batch_menu_->ReloadBatch();
+  const OptionsEffect& effect = dialog.Effect();
+  if (effect.frame_changed || effect.back_color_or_width_changed) {
+    ShowVideo();
+  } else if (effect.list_fonts_changed) {
+    ShowTracks();
+  }
+}
+
+void Form1::CreateLanguage() {
+  frmCreateLang dialog(session_, CAPTORIA_VERSION, this);
+  connect(&dialog, &frmCreateLang::Saved, this, [this](const std::string& base) { (void)LoadNewLang(session_, base); });
+  dialog.exec();
+  languages_->Reload();
+}
+
+void Form1::ShowCommandsRun(const QString& file_name, int selected) {
+  if (jobs_->IsBusy()) return;  // all is shown when the job is over
+  tracks_->Refresh();
+  tracks_->ShowSelection();
+  ShowCue();
+  status_->TellBatch(file_name);
+  status_->ShowSelected(selected);
+}
+
+void Form1::SetBusy(bool busy) {
+  pages_->setEnabled(!busy);
+  menuBar()->setEnabled(!busy);
+  streams_dock_->setEnabled(!busy);
+  for (QToolBar* bar : findChildren<QToolBar*>()) bar->setEnabled(!busy);
+  if (busy) return;
+  const bool video = std::exchange(video_changed_, false), tracks = std::exchange(tracks_changed_, false);
+  if (video) {
+    ShowVideo();
+  } else if (tracks) {
+    ShowTracks();
+  }
+  if (closing_) QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+}
+
+void Form1::ShowLanguage() {
+  look_.Apply(session_.language);
+  captions_.Apply(session_.language);
+  languages_->ShowCurrent();
+  status_->ShowLanguage(ToQt(LanguageCredit(session_, FromQt(status_->Language()))));
+  streams_->SetTitle1(stream_text_->text());
+  streams_->SetTitle2(information_text_->text());
+  ShowTracks();
+}
+
+void Form1::Welcome() {
+  if (!session_.settings.ShowWelcome) return;
+  frmWelcome(session_.language, this).exec();
+  session_.settings.ShowWelcome = false;
+  const auto stored = session_.Store("ShowWelcome", "0");
+  if (!stored) view_.Warn(stored.error().message);
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+  if (jobs_->IsBusy()) {
+    const bool stop = session_.prompts.AskYesNo(kProgramTitle, FromQt(stop_text_->text()));
+    closing_ = stop && jobs_->IsBusy();  // it may have ended while the question stood
+    if (closing_) jobs_->Stop();
+    if (closing_ || !stop) return event->ignore();
+  }
+  state_->Save();
+  const auto saved = session_.Save();
+  if (!saved) session_.prompts.ShowMessage(kProgramTitle, saved.error().message);
+  event->accept();
+}
+
+void Form1::dragEnterEvent(QDragEnterEvent* event) {
+  if (!jobs_->IsBusy() && !FilesOf(event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void Form1::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  commands_->OpenFiles(FilesOf(event->mimeData()));
+}
+
+}  // namespace captoria

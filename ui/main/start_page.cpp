@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "ui/main/start_page.h"
+
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace captoria {
+
+StartPage::StartPage(QAction* open_video, QAction* open_subtitle, QWidget* parent) : QWidget(parent) {
+  constexpr int kPicture = 96;
+  auto* picture = new QLabel(this);
+  picture->setPixmap(QIcon(":/icons/captoria.svg").pixmap(kPicture, kPicture));
+  picture->setAlignment(Qt::AlignCenter);
+  picture->setObjectName("picStart");
+  auto* title = new QLabel(tr("Open a video, or drop one here"), this);
+  title->setObjectName("lblStart");
+  QFont font = title->font();
+  font.setPointSizeF(font.pointSizeF() * 1.6);
+  title->setFont(font);
+  title->setAlignment(Qt::AlignCenter);
+  auto* hint =
+      new QLabel(tr("Subtitle files of its name are opened with it. Then give them a style, look at them over the "
+                    "picture, and create the DivX file."),
+                 this);
+  hint->setObjectName("lblStartHint");
+  hint->setWordWrap(true);
+  hint->setAlignment(Qt::AlignCenter);
+  auto* video = new QPushButton(open_video->icon(), tr("Open &video..."), this);
+  video->setObjectName("cmdStartVideo");
+  video->setDefault(true);
+  connect(video, &QPushButton::clicked, open_video, &QAction::trigger);
+  auto* subtitle = new QPushButton(open_subtitle->icon(), tr("Open subtitle fi&le..."), this);
+  subtitle->setObjectName("cmdStartSubtitle");
+  connect(subtitle, &QPushButton::clicked, open_subtitle, &QAction::trigger);
+
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(video);
+  buttons->addWidget(subtitle);
+  buttons->addStretch();
+  auto* layout = new QVBoxLayout(this);
+  layout->addStretch(2);
+  layout->addWidget(picture);
+  layout->addWidget(title);
+  layout->addWidget(hint);
+  layout->addSpacing(font.pointSize());
+  layout->addLayout(buttons);
+  layout->addStretch(3);
+}
+
+}  // namespace captoria

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "ui/options/options_dialog.h"
+
+#include <QTabBar>
+#include <QVBoxLayout>
+
+#include "ui/dialogs/dialog_buttons.h"
+#include "ui/options/options_batch_page.h"
+#include "ui/options/options_divx_page.h"
+#include "ui/options/options_extra_page.h"
+#include "ui/options/options_fonts_page.h"
+#include "ui/options/options_general_page.h"
+#include "ui/texts/captions.h"
+
+namespace captoria {
+
+Form2::Form2(Session& session, ContextMenuEntry& entry, const PositionDialogStart& placement, QWidget* parent)
+    : QDialog(parent), session_(session), entry_(entry), tabs_(new QTabWidget(this)) {
+  setObjectName("Form2");
+  setWindowTitle(tr("Options"));
+  tabs_->tabBar()->setObjectName("TabStrip1");
+  tabs_->tabBar()->setAccessibleName(tr("Pages of options"));
+  auto* general = new OptionsGeneralPage(session.prompts, this);
+  auto* divx = new OptionsDivXPage(session.prompts, this);
+  fonts_ = new OptionsFontsPage(session, this);
+  batch_ = new OptionsBatchPage(session, placement, this);
+  extra_ = new OptionsExtraPage(session.prompts, this);
+  tabs_->addTab(general, tr("General"));
+  tabs_->addTab(divx, tr("Creating DivX"));
+  tabs_->addTab(fonts_, tr("Fonts"));
+  tabs_->addTab(batch_, tr("Batch"));
+  tabs_->addTab(extra_, tr("Extra"));
+  pages_ = {general, divx, batch_, extra_};
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(tabs_, 1);
+  layout->addLayout(DialogButtons(*this, {"cmdOk", tr("OK")}, {"cmdCancel", tr("Cancel")}));
+  for (OptionsPage* page : pages_) page->Load(session.settings);
+  extra_->LoadEntry(entry);
+  ApplyCaptions(*this, session.language);
+}
+
+bool Form2::BatchFilesChanged() const { return batch_->HasMadeFiles(); }
+
+void Form2::accept() {
+  Settings edited = session_.settings;
+  for (const OptionsPage* page : pages_) page->Store(edited);
+  effect_ = ApplyOptions(session_, edited, fonts_->Chosen());
+  Tell(effect_.saved);
+  Tell(extra_->StoreEntry(entry_));
+  QDialog::accept();
+}
+
+void Form2::Tell(const Result<void>& outcome) {
+  if (!outcome) session_.prompts.ShowMessage(kProgramTitle, outcome.error().message);
+}
+
+}  // namespace captoria

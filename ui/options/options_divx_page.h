@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// "Creating DivX": how the film is made, and what is left when it is.
+#pragma once
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QRadioButton>
+
+#include "ui/options/options_page.h"
+
+namespace captoria {
+
+class OptionsDivXPage final : public OptionsPage {
+  Q_OBJECT
+
+ public:
+  // The prompts outlive the page.
+  OptionsDivXPage(Prompts& prompts, QWidget* parent);
+
+  void Load(const Settings& settings) override;
+  void Store(Settings& settings) const override;
+
+ private:
+  QWidget* BuildMethod(Prompts& prompts);
+  QLayout* BuildMuxerAlone(QGroupBox* frame, Prompts& prompts);
+  QLayout* BuildConverter(QGroupBox* frame, Prompts& prompts);
+  QWidget* BuildConsole();
+  QWidget* BuildTemporaryFiles();
+  QWidget* BuildOutput();
+  void Connect();
+  void EnableWhatCounts();
+  void ProposeHeight(bool force);
+
+  QRadioButton* muxer_alone_;
+  QRadioButton* converter_;
+  QCheckBox* pal_mode_;
+  QCheckBox* force_height_;
+  QSpinBox* height_;
+  QCheckBox* show_console_;
+  QComboBox* console_style_;
+  QCheckBox* pause_;
+  QCheckBox* wait_;
+  QCheckBox* delete_all_;
+  QCheckBox* delete_bitmaps_;
+  QCheckBox* delete_other_;
+  QRadioButton* add_underscore_;
+  QRadioButton* replace_;
+  QCheckBox* run_;
+};
+
+}  // namespace captoria

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// "Extra": the preview's frame and background, and the entry in the file manager's menu.
+#pragma once
+
+#include <QPushButton>
+
+#include "automation/context_menu.h"
+#include "settings/track_style.h"
+#include "ui/options/options_page.h"
+
+namespace captoria {
+
+class OptionsExtraPage final : public OptionsPage {
+  Q_OBJECT
+
+ public:
+  // The prompts outlive the page.
+  OptionsExtraPage(Prompts& prompts, QWidget* parent);
+
+  void Load(const Settings& settings) override;
+  void Store(Settings& settings) const override;
+
+  // Shows whether the entry is there; makes it so, or not so, as shown.
+  void LoadEntry(const ContextMenuEntry& entry);
+  Result<void> StoreEntry(ContextMenuEntry& entry) const;
+
+ private:
+  QWidget* BuildPreview();
+  void ChooseColor();
+  void ShowColor(int color);
+
+  Prompts& prompts_;
+  QSpinBox* frame_;
+  QLabel* color_label_;
+  QPushButton* color_button_;
+  int color_ = 0;
+  QCheckBox* at_right_click_;
+};
+
+}  // namespace captoria

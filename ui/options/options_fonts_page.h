@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// "Fonts": the fonts of the tracks' cue lists.
+#pragma once
+
+#include <array>
+
+#include "app/options_commands.h"
+#include "ui/options/options_page.h"
+
+namespace captoria {
+
+class OptionsFontsPage final : public QWidget {
+  Q_OBJECT
+
+ public:
+  // The session outlives the page.
+  OptionsFontsPage(Session& session, QWidget* parent);
+
+  // Of open tracks, to be given to them. That of a track that is not open is written as soon as it is chosen.
+  const ListFonts& Chosen() const { return chosen_; }
+
+ private:
+  void Choose(int index, const QString& title);
+  void ShowFont(int index);
+
+  Session& session_;
+  ListFonts chosen_;
+  std::array<QLabel*, kSavedTracks> shown_{};
+};
+
+}  // namespace captoria

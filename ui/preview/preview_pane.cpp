@@ -1,0 +1,246 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "ui/preview/preview_pane.h"
+
+#include <QHBoxLayout>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "subtitles/time_code.h"
+#include "ui/texts/captions.h"
+#include "ui/texts/hidden_text.h"
+#include "ui/texts/qt_text.h"
+
+namespace captoria {
+namespace {
+
+constexpr QRgb kDark = 0xFF1E1E1E;
+
+// A picture between cues of one and of two lines must not jump. Beyond this height, bitmaps are reduced.
+constexpr int kMostReserved = 160;
+
+constexpr qint64 kPages = 40;  // that the slider goes through the film in
+
+QColor ColorOf(const Color& color) { return {color.red, color.green, color.blue}; }
+
+VideoFrame FrameOf(const QImage& image) {
+  VideoFrame frame{.width = image.width(), .height = image.height(), .pixels = {}};
+  frame.pixels.assign(image.constBits(), image.constBits() + image.sizeInBytes());
+  return frame;
+}
+
+}  // namespace
+
+PreviewPane::PreviewPane(Session& session, QWidget* parent) : QWidget(parent), session_(session) {
+  Build();
+  Connect();
+  Repaint();
+}
+
+void PreviewPane::Build() {
+  video_ = new PictureView(tr("Picture of the video with the subtitle"), this);
+  video_->setObjectName("VideoPicture");
+  video_->SetSurroundings(kDark);
+  video_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  choose_text_ = HiddenText("lblChooseSubtitle", tr("Choose a subtitle to see it here."), this);
+  open_text_ = HiddenText("lblOpenVideo", tr("Open a video to see its picture here."), this);
+  film_bar_ = BuildFilmBar();
+  subtitle_ = new PictureView(tr("Subtitle picture"), this);
+  subtitle_->setObjectName("SubtitlePicture");
+  subtitle_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins({});
+  layout->addWidget(video_, 1);
+  layout->addWidget(film_bar_);
+  layout->addWidget(subtitle_);
+  video_->hide();
+  film_bar_->hide();
+}
+
+QWidget* PreviewPane::BuildFilmBar() {
+  auto* bar = new QWidget(this);
+  auto* caption = new QLabel(tr("Fra&me"), bar);
+  caption->setObjectName("FrameCaption");
+  slider_ = new QSlider(Qt::Horizontal, bar);
+  slider_->setObjectName("FrameSlider");
+  slider_->setAccessibleName(tr("Frame of the video"));
+  slider_->setToolTip(tr("Moves through the video. Arrow keys go by one frame."));
+  caption->setBuddy(slider_);
+  position_ = new QLabel(bar);
+  position_->setObjectName("FramePosition");
+  position_->setProperty(kShowsData, true);
+  position_->setAccessibleName(tr("Number and time of the frame"));
+  position_->setMinimumWidth(position_->fontMetrics().horizontalAdvance("0000000 \u2013 00:00:00,000"));
+  at_cue_ = new QCheckBox(tr("Frame at the cue's &time"), bar);
+  at_cue_->setObjectName("FrameAtCue");
+  at_cue_->setToolTip(tr("Shows each subtitle over the frame that it appears at."));
+
+  auto* layout = new QHBoxLayout(bar);
+  layout->setContentsMargins(6, 0, 6, 0);
+  layout->addWidget(caption);
+  layout->addWidget(slider_, 1);
+  layout->addWidget(position_);
+  layout->addWidget(at_cue_);
+  return bar;
+}
+
+void PreviewPane::Connect() {
+  connect(&loader_, &FrameLoader::Opened, this,
+          [this](int, int, qint64 frames, qint64 duration) { TakeFilm(frames, duration); });
+  connect(&loader_, &FrameLoader::FrameReady, this, [this](qint64, const QImage& image) { TakeFrame(image); });
+  connect(&loader_, &FrameLoader::Failed, this, &PreviewPane::TakeFailure);
+  connect(slider_, &QSlider::valueChanged, this, &PreviewPane::TakeSlider);
+  connect(at_cue_, &QCheckBox::toggled, this, &PreviewPane::WantFrameOfCue);
+}
+
+void PreviewPane::ShowCue(const SubtitleCue* cue) {
+  // A cue that is only drawn anew leaves the frame that was gone to meanwhile.
+  const bool is_other = cue != nullptr && (!cue_ || cue_->Number != cue->Number || cue_->Show != cue->Show);
+  cue_ = cue == nullptr ? std::nullopt : std::optional{*cue};
+  Repaint();
+  if (is_other) WantFrameOfCue();
+}
+
+void PreviewPane::Repaint() {
+  const int height = bitmap_.Height();
+  bitmap_.Destroy();
+  if (session_.video.AviPath.empty()) video_->SetText(open_text_->text());  // in the language of now
+  subtitle_->SetSurroundings(ColorOf(SplitColour(session_.settings.BackColor)));
+  if (cue_) {
+    const auto shared = session_.Bitmap();
+    if (!shared) return subtitle_->SetText(ToQt(shared.error().message));
+    const TrackStyle& style = session_.tracks.Current().style;
+    (*shared)->RenderCueBitmap(cue_->Text, StyleOfCue(style, cue_->Tag));
+    bitmap_ = (*shared)->Dib();
+    hor_pos_ = style.HorPos;
+    subtitle_->SetImage(ToImage(ImageOf(bitmap_)));
+    subtitle_->setAccessibleDescription(ToQt(cue_->Text));
+  } else {
+    subtitle_->SetText(choose_text_->text());
+  }
+  ReserveHeight(false);
+  Compose();
+  if (bitmap_.Height() != height && cue_) emit PictureHeightChanged(bitmap_.Height());
+}
+
+void PreviewPane::ReserveHeight(bool anew) {
+  const int needed = std::clamp(bitmap_.Height(), subtitle_->minimumSizeHint().height(), kMostReserved);
+  subtitle_->setMinimumHeight(anew ? needed : std::max(subtitle_->minimumHeight(), needed));
+  subtitle_->setMaximumHeight(is_on_ ? subtitle_->minimumHeight() : QWIDGETSIZE_MAX);
+}
+
+// Lays the cue over the film's picture. Asks nothing of the session, which may be at work elsewhere when a frame comes.
+void PreviewPane::Compose() {
+  if (clean_.pixels.empty()) return;
+  VideoFrame shown = clean_;
+  const FramePoint at = PlaceOnPreview(shown.width, shown.height, bitmap_.Width(), bitmap_.Height(), hor_pos_,
+                                       vertical_, vertical_maximum_);
+  Overlay(shown, bitmap_, at, ValueOf(bitmap_.Palette()[0]));
+  video_->SetImage(ToImage(std::move(shown)));
+}
+
+void PreviewPane::SetVertical(int value, int maximum) {
+  if (std::pair{value, maximum} == std::pair{vertical_, vertical_maximum_}) return;
+  vertical_ = value;
+  vertical_maximum_ = maximum;
+  Compose();
+}
+
+void PreviewPane::SetPreviewOn(bool on) {
+  if (on == is_on_) return;
+  is_on_ = on;
+  video_->setVisible(on);
+  film_bar_->setVisible(on);
+  ReserveHeight(true);
+  SetVideo();
+}
+
+void PreviewPane::SetVideo() {
+  const std::string& path = session_.video.AviPath;
+  const bool is_open = is_on_ && !path.empty();
+  ClearFilm(is_open ? QString{} : open_text_->text());
+  frames_ = duration_ms_ = 0;
+  slider_->setEnabled(false);
+  position_->clear();
+  if (!is_open) return loader_.Close();
+  loader_.Open(path);
+  const int frame = session_.settings.FrameForPreview;
+  Want(frame == -1 ? 0 : frame);
+}
+
+void PreviewPane::ClearFilm(const QString& why) {
+  clean_ = {};
+  next_.reset();
+  is_waiting_ = false;
+  video_->SetText(why);
+}
+
+void PreviewPane::TakeFilm(qint64 frames, qint64 duration_ms) {
+  frames_ = frames;
+  duration_ms_ = duration_ms;
+  const QSignalBlocker unmoved(slider_);
+  const auto last = static_cast<int>(std::clamp<qint64>(frames - 1, 0, std::numeric_limits<int>::max()));
+  slider_->setRange(0, last);
+  slider_->setPageStep(static_cast<int>(std::max<qint64>(1, frames / kPages)));
+  slider_->setEnabled(last > 0);
+  ShowPosition(wanted_);
+  WantFrameOfCue();
+}
+
+void PreviewPane::Want(qint64 frame) {
+  wanted_ = frame;
+  is_waiting_ = true;
+  next_.reset();
+  loader_.Request(frame);
+  ShowPosition(frame);
+}
+
+void PreviewPane::WantFrameOfCue() {
+  Milliseconds start{};
+  if (!at_cue_->isChecked() || !cue_ || duration_ms_ == 0 || ReadTimeCode(cue_->Show, start)) return;
+  if (const qint64 frame = start.count() * frames_ / duration_ms_; frame != wanted_) Want(frame);
+}
+
+void PreviewPane::ShowPosition(qint64 frame) {
+  if (frames_ == 0) return;
+  const QSignalBlocker unmoved(slider_);
+  slider_->setValue(static_cast<int>(std::clamp<qint64>(frame, 0, slider_->maximum())));
+  const qint64 whole = frame / frames_, rest = frame % frames_;
+  const Milliseconds time{std::max<qint64>(0, whole * duration_ms_ + rest * duration_ms_ / frames_)};
+  position_->setText(QString::number(frame) + QStringLiteral(" \u2013 ") + ToQt(FormatTimeCode(time)));
+}
+
+void PreviewPane::TakeSlider(int frame) {
+  // While the slider is drawn along, each picture is waited for, so that the film is seen to move.
+  if (slider_->isSliderDown() && is_waiting_) {
+    next_ = frame;
+    ShowPosition(frame);
+  } else {
+    Want(frame);
+  }
+}
+
+void PreviewPane::TakeFrame(const QImage& image) {
+  clean_ = FrameOf(image);
+  Compose();
+  AskForNext();
+}
+
+void PreviewPane::TakeFailure(const QString& text) {
+  clean_ = {};
+  video_->SetText(text);
+  emit Told(text);
+  AskForNext();
+}
+
+void PreviewPane::AskForNext() {
+  is_waiting_ = false;
+  if (next_) Want(*next_);
+}
+
+}  // namespace captoria

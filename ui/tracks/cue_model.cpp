@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "ui/tracks/cue_model.h"
+
+#include <QApplication>
+#include <QStyle>
+
+#include "app/safe_area_commands.h"
+#include "ui/texts/hidden_text.h"
+#include "ui/texts/qt_text.h"
+
+namespace captoria {
+namespace {
+
+// A cue as a line of the list, with its full stop behind it, also when it runs the other way than the window.
+QString ListLine(const std::string& text) {
+  const QString line = OneLine(text);
+  return line.isRightToLeft() == QApplication::isRightToLeft() ? line : Isolated(line);
+}
+
+}  // namespace
+
+CueModel::CueModel(Session& session, QWidget* parent)
+    : QAbstractTableModel(parent),
+      session_(session),
+      titles_{HiddenText("lblNumber", "#", parent), HiddenText("lblShow", tr("Show"), parent),
+              HiddenText("lblHide", tr("Hide"), parent), HiddenText("lblText", tr("Text"), parent)},
+      tag_text_(HiddenText("lblTag", tr("Font size and pos: "), parent)),
+      fit_text_(HiddenText("lblFitTag", tr("Fit font size: "), parent)),
+      outside_text_(HiddenText("lblOutside", tr(", outside safe viewing area"), parent)) {
+  Reset();
+}
+
+void CueModel::Reset() {
+  beginResetModel();
+  outside_.clear();
+  const SubtitleTrack& track = session_.tracks.Current();
+  if (!track.IsIdx()) {
+    for (const SubtitleCue& cue : track.outside) outside_.insert(cue.Number);
+  }
+  endResetModel();
+}
+
+void CueModel::Refresh() {
+  if (const int rows = rowCount(); rows > 0) emit dataChanged(index(0, 0), index(rows - 1, kColumns - 1));
+}
+
+SubtitleCue* CueModel::CueAt(int row) {
+  const auto cues = ShownCues(session_);
+  return row >= 0 && static_cast<std::size_t>(row) < cues.size() ? &cues[static_cast<std::size_t>(row)] : nullptr;
+}
+
+QString CueModel::TagText(const SubtitleCue& cue) const {
+  return (session_.only_outside ? fit_text_ : tag_text_)->text() + ToQt(cue.Tag);
+}
+
+int CueModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(ShownCues(session_).size());
+}
+
+int CueModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : kColumns; }
+
+QVariant CueModel::data(const QModelIndex& index, int role) const {
+  const SubtitleCue& cue = ShownCues(session_)[static_cast<std::size_t>(index.row())];
+  const bool marked = !session_.only_outside && IsOutside(cue);
+  if (role == Qt::DisplayRole) {
+    switch (index.column()) {
+      case Number:
+        return ToQt(cue.Number);
+      case Show:
+        return ToQt(cue.Show);
+      case Hide:
+        return ToQt(cue.Hide);
+      default:
+        return ListLine(cue.Text);
+    }
+  }
+  if (role == Qt::ToolTipRole && !cue.Tag.empty()) {
+    return TagText(cue);
+  }
+  if (role == Qt::DecorationRole && index.column() == Number && marked) {
+    return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+  }
+  if (role == Qt::AccessibleTextRole && index.column() == Number && marked) {
+    return ToQt(cue.Number) + outside_text_->text();
+  }
+  return {};
+}
+
+QVariant CueModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+  return titles_.at(static_cast<std::size_t>(section))->text();
+}
+
+}  // namespace captoria

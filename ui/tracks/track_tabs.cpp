@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+#include "ui/tracks/track_tabs.h"
+
+#include <QHeaderView>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "ui/texts/qt_font.h"
+#include "ui/texts/qt_text.h"
+
+namespace captoria {
+
+TrackTabs::TrackTabs(Session& session, QWidget* parent)
+    : QWidget(parent),
+      session_(session),
+      tabs_(new QTabBar(this)),
+      list_(new QTreeView(this)),
+      model_(new CueModel(session, this)) {
+  tabs_->setObjectName("TabStrip1");
+  tabs_->setAccessibleName(tr("Subtitle tracks"));
+  tabs_->setDocumentMode(true);
+  tabs_->setExpanding(false);
+  list_->setObjectName("ListView1");
+  list_->setAccessibleName(tr("Subtitles of the track"));
+  list_->setModel(model_);
+  list_->setRootIsDecorated(false);
+  list_->setUniformRowHeights(true);  // so that twenty thousand rows need not be measured
+  list_->setAllColumnsShowFocus(true);
+  list_->setAlternatingRowColors(true);
+  list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  list_->setContextMenuPolicy(Qt::CustomContextMenu);
+  const int digit = list_->fontMetrics().horizontalAdvance('0');
+  list_->setColumnWidth(CueModel::Number, 10 * digit);
+  list_->setColumnWidth(CueModel::Show, 16 * digit);
+  list_->setColumnWidth(CueModel::Hide, 16 * digit);
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins({});
+  layout->setSpacing(0);
+  layout->addWidget(tabs_);
+  layout->addWidget(list_);
+
+  connect(tabs_, &QTabBar::currentChanged, this, &TrackTabs::ChooseTab);
+  connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TrackTabs::TakeSelection);
+  connect(list_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] {
+    if (const SubtitleCue* cue = CurrentCue()) current_number_ = cue->Number;
+    if (!restoring_) emit CueChosen();
+  });
+  connect(list_, &QTreeView::customContextMenuRequested, this, [this](const QPoint& at) {
+    if (list_->indexAt(at).isValid()) emit MenuWanted(list_->viewport()->mapToGlobal(at));
+  });
+  ShowTracks();
+}
+
+void TrackTabs::ShowTracks() {
+  RebuildTabs();
+  model_->Reset();
+  list_->setFont(ListFont(session_.tracks.Current().list_font, font()));
+  RestoreSelection();
+  RestoreCurrent();
+  list_->setProperty("Index", session_.tracks.CurrentIndex());
+}
+
+// The cue that was looked at stays in sight when its track is shown anew. Of another track it is the first, so that
+// something is to be seen at once, without being selected.
+void TrackTabs::RestoreCurrent() {
+  int row = 0;
+  const std::pair track{session_.tracks.CurrentIndex(), session_.tracks.Current().path};
+  if (std::exchange(shown_, track) == track) {
+    for (int i = 0; i < model_->rowCount(); ++i) {
+      if (model_->CueAt(i)->Number == current_number_) row = i;
+    }
+  }
+  restoring_ = true;
+  list_->selectionModel()->setCurrentIndex(model_->index(row, 0), QItemSelectionModel::NoUpdate);
+  restoring_ = false;
+}
+
+SubtitleCue* TrackTabs::CurrentCue() const { return model_->CueAt(list_->currentIndex().row()); }
+
+int TrackTabs::SelectedCount() const { return static_cast<int>(list_->selectionModel()->selectedRows().size()); }
+
+void TrackTabs::RebuildTabs() {
+  const QSignalBlocker quiet(tabs_);
+  const int wanted = session_.tracks.Count() + (session_.tracks.HasNewTab() ? 1 : 0);
+  while (tabs_->count() > wanted) tabs_->removeTab(tabs_->count() - 1);
+  while (tabs_->count() < wanted) tabs_->addTab({});
+  // Language files know the tabs of a window that has just been opened, the first track's and the last.
+  const auto caption = [this](const char* key, const char* built_in) {
+    return ToQt(session_.language.Text("Form1_Design", key).value_or(built_in));
+  };
+  QString track = caption("TabStrip1_1", "Subtitle 1");
+  while (!track.isEmpty() && track.back().isDigit()) track.chop(1);
+  for (int i = 0; i < session_.tracks.Count(); ++i) tabs_->setTabText(i, track + QString::number(i + 1));
+  if (session_.tracks.HasNewTab()) tabs_->setTabText(wanted - 1, caption("TabStrip1_2", "<New>"));
+  tabs_->setCurrentIndex(session_.tracks.CurrentIndex());
+}
+
+void TrackTabs::ChooseTab(int index) {
+  if (index < 0) return;
+  if (index < session_.tracks.Count()) {
+    session_.tracks.Select(index);
+  } else {
+    session_.SelectLastTab();
+  }
+  emit TrackChosen();
+}
+
+void TrackTabs::ShowSelection() {
+  RestoreSelection();
+  list_->viewport()->update();  // nobody was told
+}
+
+// A track that is come back to has its cues selected as they were.
+void TrackTabs::RestoreSelection() {
+  const QSignalBlocker quiet(list_->selectionModel());
+  QItemSelection selection;
+  for (int row = 0; row < model_->rowCount(); ++row) {
+    if (!model_->CueAt(row)->Selected) continue;
+    const int first = row;
+    while (row + 1 < model_->rowCount() && model_->CueAt(row + 1)->Selected) ++row;
+    selection.append({model_->index(first, 0), model_->index(row, CueModel::kColumns - 1)});
+  }
+  list_->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+void TrackTabs::TakeSelection() {
+  const QItemSelectionModel* selection = list_->selectionModel();
+  for (int row = 0; row < model_->rowCount(); ++row) model_->CueAt(row)->Selected = false;
+  for (const QModelIndex& index : selection->selectedRows()) model_->CueAt(index.row())->Selected = true;
+  emit SelectionChanged();
+}
+
+}  // namespace captoria
