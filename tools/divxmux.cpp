@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "base/ascii.h"
+#include "base/finding.h"
 #include "media/avi/divx_mux.h"
 #include "media/vobsub/vobsub_source.h"
 #include "media/xsub/xsub_file.h"
@@ -86,19 +87,24 @@ Result<MuxStream> SourceStream(const AviFile& film, const DivxMuxStream& wanted)
   return Failure(ErrorKind::NotFound, path + ": holds no " + kind + " stream #" + std::to_string(wanted.number));
 }
 
-Result<std::shared_ptr<SubtitleSource>> OpenSubtitle(const std::string& path, std::vector<std::string>& warnings) {
+Result<std::shared_ptr<SubtitleSource>> OpenSubtitle(const std::string& path, Findings& findings) {
   if (EndsIgnoringCase(path, ".xsub")) return OpenXsubFile(path);
-  if (EndsIgnoringCase(path, ".txt")) return OpenMuxList(path, &warnings);
-  if (EndsIgnoringCase(path, ".idx")) return OpenVobSub(path, &warnings);
+  if (EndsIgnoringCase(path, ".txt")) {
+    std::vector<std::string> changes;
+    auto list = OpenMuxList(path, &changes);
+    for (const std::string& change : changes)
+      findings.push_back({.kind = FindingKind::SubtitleChanged, .message = change});
+    return list;
+  }
+  if (EndsIgnoringCase(path, ".idx")) return OpenVobSub(path, &findings);
   return Failure(ErrorKind::Unsupported, path + ": is none of .xsub, .txt and .idx, so its form is not known");
 }
 
-Result<MuxStream> NewStream(const DivxMuxStream& wanted, const std::string& output,
-                            std::vector<std::string>& warnings) {
+Result<MuxStream> NewStream(const DivxMuxStream& wanted, const std::string& output, Findings& findings) {
   if (IsSameFile(wanted.path, output)) {
     return Failure(ErrorKind::Unwritable, output + ": holds the subtitles, it is not written over");
   }
-  auto subtitle = OpenSubtitle(wanted.path, warnings);
+  auto subtitle = OpenSubtitle(wanted.path, findings);
   if (!subtitle) return tl::unexpected(subtitle.error());
   return MuxStream{.source_stream = -1, .subtitle = std::move(*subtitle), .title = wanted.title};
 }
@@ -121,13 +127,13 @@ class ReportedProgress final : public JobProgress {
 Result<MuxReport> Run(const DivxMuxArguments& arguments) {
   const auto film = AviFile::Open(arguments.Video().path);
   if (!film) return tl::unexpected(film.error());
-  std::vector<std::string> warnings;
+  Findings findings;
   MuxJob job{.film = *film,
              .streams = {},
              .output = arguments.output,
              .profile = arguments.hardware_profile ? PlayerProfile::Hardware : PlayerProfile::Readers};
   for (const DivxMuxStream& wanted : arguments.streams) {
-    auto stream = wanted.kind == DivxMuxStream::Kind::NewSubtitle ? NewStream(wanted, arguments.output, warnings)
+    auto stream = wanted.kind == DivxMuxStream::Kind::NewSubtitle ? NewStream(wanted, arguments.output, findings)
                                                                   : SourceStream(*film, wanted);
     if (!stream) return tl::unexpected(stream.error());
     job.streams.push_back(std::move(*stream));
@@ -136,7 +142,7 @@ Result<MuxReport> Run(const DivxMuxArguments& arguments) {
   TerminalProgress terminal("Writing the film:", TerminalProgress::Show::Percent);
   ReportedProgress progress(terminal, progress_file != nullptr ? progress_file : "");
   auto report = Mux(job, progress);
-  if (report) report->warnings.insert(report->warnings.begin(), warnings.begin(), warnings.end());
+  if (report) report->findings.insert(report->findings.begin(), findings.begin(), findings.end());
   return report;
 }
 
@@ -156,7 +162,7 @@ int Main(const std::vector<std::string>& words) {
     Complain(report.error().message);
     return report.error().kind == ErrorKind::Cancelled ? kInterrupted : kFailed;
   }
-  for (const std::string& warning : report->warnings) Complain("warning: " + warning);
+  for (const Finding& finding : report->findings) Complain("warning: " + Describe(finding));
   std::printf("%s: %zu stream(s), %llu bytes\n", arguments->output.c_str(), arguments->streams.size(),
               static_cast<unsigned long long>(report->size));
   return kDone;

@@ -22,10 +22,10 @@ PictureCoding CodingOf(const AviStream& stream) {
 
 }  // namespace
 
-Result<void> AviChunkKeys::Open(const AviPlaces& places, AviWarnings& warnings) {
+Result<void> AviChunkKeys::Open(const AviPlaces& places, Findings& findings) {
   auto idx1 = FindOldIndex(file_, places, static_cast<int>(streams_.size()));
   if (!idx1) return tl::unexpected(idx1.error());
-  if (places.idx1 && !*idx1) Warn(warnings, "The index does not fit the file and was not used");
+  if (places.idx1 && !*idx1) ReportDamage(file_, "the index does not fit the file and was not used", findings);
   int indexed = 0;
   for (std::size_t i = 0; i < streams_.size(); ++i) {
     OfStream stream{.coding = CodingOf(streams_[i]), .index{}};

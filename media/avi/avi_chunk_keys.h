@@ -8,6 +8,7 @@
 #include <span>
 #include <vector>
 
+#include "base/finding.h"
 #include "media/avi/avi_file.h"
 #include "media/avi/avi_headers.h"
 #include "media/avi/avi_index.h"
@@ -21,7 +22,7 @@ class AviChunkKeys {
   AviChunkKeys(const InputFile& file, std::span<const AviStream> streams) : file_(file), streams_(streams) {}
 
   // Opens the indices. Before the first question.
-  Result<void> Open(const AviPlaces& places, AviWarnings& warnings);
+  Result<void> Open(const AviPlaces& places, Findings& findings);
 
   // `chunk` is behind the one asked for before. Its first bytes are taken from `window`.
   Result<bool> IsKey(const AviChunk& chunk, FileWindow& window);

@@ -21,8 +21,8 @@ Result<AviFile> AviFile::Open(const std::string& path) {
   if (!input) return tl::unexpected(input.error());
   AviFile avi;
   avi.file_ = std::make_shared<InputFile>(*std::move(input));
-  avi.warnings_ = std::make_shared<AviWarnings>();
-  auto headers = ReadAviHeaders(*avi.file_, *avi.warnings_);
+  avi.damage_ = std::make_shared<Findings>();
+  auto headers = ReadAviHeaders(*avi.file_, *avi.damage_);
   if (!headers) return tl::unexpected(headers.error());
   avi.main_ = headers->main;
   avi.streams_ = std::move(headers->streams);
@@ -32,6 +32,6 @@ Result<AviFile> AviFile::Open(const std::string& path) {
   return avi;
 }
 
-std::unique_ptr<AviChunkWalk> AviFile::Chunks() const { return WalkAviChunks(*file_, streams_, *places_, warnings_); }
+std::unique_ptr<AviChunkWalk> AviFile::Chunks() const { return WalkAviChunks(*file_, streams_, *places_, damage_); }
 
 }  // namespace captoria

@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "base/bytes.h"
+#include "base/finding.h"
 #include "base/result.h"
 #include "media/avi/riff.h"
 #include "platform/input_file.h"
@@ -110,9 +111,9 @@ class AviFile {
   // most 1 MiB in all.
   std::span<const RiffPiece> Extras() const { return extras_; }
 
-  // What is wrong with the file without keeping it from being read: it breaks off, its index is of no use... Complete
-  // once a walk has come to its end.
-  const std::vector<std::string>& Warnings() const { return *warnings_; }
+  // Damage that did not stop the reading, such as a file that is cut off or an index that does not fit. Complete after
+  // a walk has reached the end.
+  const Findings& Damage() const { return *damage_; }
 
   // Frames in the whole file by its main headers (`dmlh`, or `avih`). FFmpeg counts packets of all streams in `dmlh`.
   std::uint32_t TotalFrames() const { return total_frames_; }
@@ -129,7 +130,7 @@ class AviFile {
   std::vector<RiffPiece> extras_;
   std::shared_ptr<const AviPlaces> places_;
   std::uint32_t total_frames_ = 0;
-  std::shared_ptr<std::vector<std::string>> warnings_;
+  std::shared_ptr<Findings> damage_;
 };
 
 }  // namespace captoria

@@ -4,6 +4,7 @@
 #include "media/avi/avi_headers.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "media/avi/riff.h"
 
@@ -68,7 +69,7 @@ bool IsKnown(FourCc id) {
 // be: so neither a list's wrong size nor a piece's loses what follows.
 class HeaderParser {
  public:
-  HeaderParser(const InputFile& file, AviWarnings& warnings) : file_(file), window_(file), warnings_(warnings) {}
+  HeaderParser(const InputFile& file, Findings& findings) : file_(file), window_(file), findings_(findings) {}
 
   Result<AviHeaders> Run() {
     auto done = ReadRiff().and_then([this] { return ReadUntilMovi(); }).and_then([this] { return ReadBehindMovi(); });
@@ -89,11 +90,11 @@ class HeaderParser {
     }
     const std::uint64_t end = RiffHeader::kSize + std::uint64_t{(*header)->size};
     if ((*header)->size == 0) {
-      Warn(warnings_, "The file was not finished: it does not say how long it is");
+      ReportDamage(file_, "the file was never finished: its header contains no length", findings_);
     } else if (end <= file_.Size()) {
       headers_.places.riff_end = end;
     } else {
-      WarnIfBrokenOff(end, file_.Size(), warnings_);
+      ReportIfCutOff(file_, end, findings_);
     }
     at_ = RiffHeader::kListSize;
     return {};
@@ -113,13 +114,13 @@ class HeaderParser {
       if (!header) return tl::unexpected(header.error());
       if (!*header || (*header)->id == MakeFourCc("RIFF")) break;
       if (!IsPrintable((*header)->id)) {
-        Warn(warnings_, "The headers are damaged");
+        ReportDamage(file_, "the headers are damaged", findings_);
         if (auto found = FindList(at_ + 1, at_); !found) return found;
         continue;
       }
       if (auto taken = (*header)->IsList() ? TakeList(**header) : TakePiece(**header); !taken) return taken;
     }
-    if (headers_.places.movi == 0) Warn(warnings_, "The file has no list of chunks");
+    if (headers_.places.movi == 0) ReportDamage(file_, "the file has no list of chunks", findings_);
     return {};
   }
 
@@ -174,7 +175,7 @@ class HeaderParser {
       if (list_end >= at_ + RiffHeader::kSize && list_end < around) around = list_end;
     }
     if (end <= around || (end <= file_.Size() && header.size <= kMaxPiece)) return end;
-    Warn(warnings_, "A piece of the headers, \"" + TextOf(header.id) + "\", has an impossible size");
+    ReportDamage(file_, "the header piece \"" + TextOf(header.id) + "\" has an impossible size", findings_);
     if (around < file_.Size()) return around;
     std::uint64_t next = 0;
     if (auto found = FindList(at_ + RiffHeader::kSize, next); !found) return tl::unexpected(found.error());
@@ -226,7 +227,7 @@ class HeaderParser {
   // Nothing when it is more than `limit`.
   Result<std::optional<Bytes>> Read(FourCc id, AviSpan span, std::size_t limit) {
     if (span.size > limit || span.size > kMaxPiece) {
-      Warn(warnings_, "A piece of the headers, \"" + TextOf(id) + "\", is too large and was left out");
+      ReportDamage(file_, "the header piece \"" + TextOf(id) + "\" is too large and was left out", findings_);
       return std::nullopt;
     }
     Bytes data(static_cast<std::size_t>(span.size));
@@ -266,7 +267,7 @@ class HeaderParser {
     // Padding made to look like a stream has no number of its own.
     if (stream.header.type == "pads") return;
     if (headers_.streams.size() == kMaxStreams) {
-      Warn(warnings_, "The file has more than 100 streams; the others were left out");
+      ReportDamage(file_, "the file has more than 100 streams; the others were left out", findings_);
       return;
     }
     stream.header_bytes = std::move(data);
@@ -306,7 +307,7 @@ class HeaderParser {
 
   const InputFile& file_;
   FileWindow window_;
-  AviWarnings& warnings_;
+  Findings& findings_;
   AviHeaders headers_;
   std::uint64_t at_ = 0;
   std::uint64_t hdrl_end_ = 0;
@@ -319,18 +320,19 @@ class HeaderParser {
 
 }  // namespace
 
-void Warn(AviWarnings& warnings, const std::string& text) {
-  if (std::ranges::find(warnings, text) == warnings.end()) warnings.push_back(text);
+void ReportDamage(const InputFile& file, std::string message, Findings& findings) {
+  Finding finding{.kind = FindingKind::DamagedVideo, .file = file.Path(), .message = std::move(message)};
+  if (std::ranges::find(findings, finding) == findings.end()) findings.push_back(std::move(finding));
 }
 
-void WarnIfBrokenOff(std::uint64_t riff_end, std::uint64_t size, AviWarnings& warnings) {
-  // Many writers count a RIFF's own header.
-  if (riff_end <= size + RiffHeader::kSize) return;
-  Warn(warnings, "The file breaks off: " + std::to_string(riff_end - size) + " bytes are missing");
+void ReportIfCutOff(const InputFile& file, std::uint64_t riff_end, Findings& findings) {
+  // Many writers include a RIFF's own header in its size.
+  if (riff_end <= file.Size() + RiffHeader::kSize) return;
+  ReportDamage(file, "the file is cut off: " + std::to_string(riff_end - file.Size()) + " bytes are missing", findings);
 }
 
-Result<AviHeaders> ReadAviHeaders(const InputFile& file, AviWarnings& warnings) {
-  return HeaderParser(file, warnings).Run();
+Result<AviHeaders> ReadAviHeaders(const InputFile& file, Findings& findings) {
+  return HeaderParser(file, findings).Run();
 }
 
 }  // namespace captoria

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "base/finding.h"
 #include "media/avi/avi_file.h"
 
 namespace captoria {
@@ -35,15 +36,13 @@ struct AviHeaders {
   AviPlaces places;
 };
 
-using AviWarnings = std::vector<std::string>;
+// Adds a DamagedVideo finding about `file`, unless `findings` already contains it.
+void ReportDamage(const InputFile& file, std::string message, Findings& findings);
 
-// Adds `text` unless it has been said.
-void Warn(AviWarnings& warnings, const std::string& text);
-
-// Says so when a RIFF's end, as its header has it, lies beyond the file of `size` bytes.
-void WarnIfBrokenOff(std::uint64_t riff_end, std::uint64_t size, AviWarnings& warnings);
+// Reports that `file` is cut off if it ends before `riff_end`, the end of a RIFF by its header.
+void ReportIfCutOff(const InputFile& file, std::uint64_t riff_end, Findings& findings);
 
 // Keeps a few MiB at most, whatever the sizes in the file.
-Result<AviHeaders> ReadAviHeaders(const InputFile& file, AviWarnings& warnings);
+Result<AviHeaders> ReadAviHeaders(const InputFile& file, Findings& findings);
 
 }  // namespace captoria

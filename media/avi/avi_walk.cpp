@@ -41,19 +41,19 @@ bool IsLetter(char letter) {
 class Walk final : public AviChunkWalk {
  public:
   Walk(const InputFile& file, std::span<const AviStream> streams, const AviPlaces& places,
-       std::shared_ptr<AviWarnings> warnings)
+       std::shared_ptr<Findings> findings)
       : file_(file),
         window_(file),
         keys_(file, streams),
         places_(places),
-        warnings_(std::move(warnings)),
+        findings_(std::move(findings)),
         streams_(static_cast<int>(streams.size())),
         at_(places.movi == 0 ? file.Size() : places.movi + 4),
         riff_end_(places.riff_end) {}
 
   Result<std::optional<AviChunk>> Next() override {
     if (!std::exchange(opened_, true)) {
-      if (auto opened = keys_.Open(places_, *warnings_); !opened) return tl::unexpected(opened.error());
+      if (auto opened = keys_.Open(places_, *findings_); !opened) return tl::unexpected(opened.error());
     }
     std::optional<AviChunk> chunk;
     while (!chunk && at_ < file_.Size()) {
@@ -122,7 +122,7 @@ class Walk final : public AviChunkWalk {
       case PieceKind::NextRiff: {
         const std::uint64_t end = at_ + RiffHeader::kSize + piece.header.size;
         riff_end_ = piece.header.size == 0 || end > file_.Size() ? 0 : end;
-        WarnIfBrokenOff(end, file_.Size(), *warnings_);
+        ReportIfCutOff(file_, end, *findings_);
         [[fallthrough]];
       }
       case PieceKind::Entered:
@@ -168,10 +168,12 @@ class Walk final : public AviChunkWalk {
     const auto found = Search(at_ + RiffHeader::kSize, false);
     if (!found) return tl::unexpected(found.error());
     if (*found == kNowhere) {
-      if (kind == PieceKind::Chunk) Warn(*warnings_, "The file breaks off within its last chunk, which was left out");
+      if (kind == PieceKind::Chunk) {
+        ReportDamage(file_, "the file ends within its last chunk, which was left out", *findings_);
+      }
       at_ = file_.Size();
     } else {
-      WarnOfDamage();
+      ReportFirstDamage();
       at_ = *found;
     }
     return {};
@@ -202,14 +204,16 @@ class Walk final : public AviChunkWalk {
     }
     const auto found = Search(at_ + 1, false);
     if (!found) return tl::unexpected(found.error());
-    WarnOfDamage();
+    ReportFirstDamage();
     at_ = std::min(*found, file_.Size());
     return {};
   }
 
-  void WarnOfDamage() {
-    if (std::exchange(damage_told_, true)) return;
-    Warn(*warnings_, "The file is damaged from byte " + std::to_string(at_) + " on; what is no chunk was passed over");
+  void ReportFirstDamage() {
+    if (std::exchange(damage_reported_, true)) return;
+    ReportDamage(file_,
+                 "the file is damaged from byte " + std::to_string(at_) + " on; bytes outside chunks were skipped",
+                 *findings_);
   }
 
   // Whether behind `size` bytes of data at `position` there is the end of the file or a piece that belongs here.
@@ -256,7 +260,7 @@ class Walk final : public AviChunkWalk {
   FileWindow window_;
   AviChunkKeys keys_;
   const AviPlaces& places_;
-  std::shared_ptr<AviWarnings> warnings_;
+  std::shared_ptr<Findings> findings_;
   int streams_;
   bool opened_ = false;
   std::uint64_t at_;
@@ -265,14 +269,14 @@ class Walk final : public AviChunkWalk {
   bool odd_ = false;  // `at_` is behind a pad byte, if there was one
   std::uint32_t average_size_ = 0;
   int failed_probes_ = 0;
-  bool damage_told_ = false;
+  bool damage_reported_ = false;
 };
 
 }  // namespace
 
 std::unique_ptr<AviChunkWalk> WalkAviChunks(const InputFile& file, std::span<const AviStream> streams,
-                                            const AviPlaces& places, std::shared_ptr<AviWarnings> warnings) {
-  return std::make_unique<Walk>(file, streams, places, std::move(warnings));
+                                            const AviPlaces& places, std::shared_ptr<Findings> findings) {
+  return std::make_unique<Walk>(file, streams, places, std::move(findings));
 }
 
 }  // namespace captoria

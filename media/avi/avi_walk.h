@@ -9,6 +9,7 @@
 #include <memory>
 #include <span>
 
+#include "base/finding.h"
 #include "media/avi/avi_file.h"
 #include "media/avi/avi_headers.h"
 #include "platform/input_file.h"
@@ -16,6 +17,6 @@
 namespace captoria {
 
 std::unique_ptr<AviChunkWalk> WalkAviChunks(const InputFile& file, std::span<const AviStream> streams,
-                                            const AviPlaces& places, std::shared_ptr<AviWarnings> warnings);
+                                            const AviPlaces& places, std::shared_ptr<Findings> findings);
 
 }  // namespace captoria

@@ -194,9 +194,11 @@ Result<MuxReport> Mux(const MuxJob& job, JobProgress& progress) {
     size = FilmMux(job, progress).Run(open_dml);
   }
   if (!size) return tl::unexpected(size.error());
-  MuxReport report{.size = *size, .warnings = job.film.Warnings()};
+  MuxReport report{.size = *size, .findings = job.film.Damage()};
   if (open_dml && report.size > kLargestForPlayers) {
-    report.warnings.push_back(job.output + ": is larger than 2 GB, which many hardware players do not read to its end");
+    report.findings.push_back({.kind = FindingKind::LargeFilm,
+                               .file = job.output,
+                               .message = "the film is larger than 2 GB; many hardware players stop before its end"});
   }
   return report;
 }

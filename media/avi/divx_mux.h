@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "base/finding.h"
 #include "base/job_progress.h"
 #include "base/result.h"
 #include "media/avi/avi_file.h"
@@ -39,8 +40,8 @@ struct MuxJob {
 };
 
 struct MuxReport {
-  std::uint64_t size = 0;             // of the result
-  std::vector<std::string> warnings;  // what the user should know of a result that was made
+  std::uint64_t size = 0;  // of the result
+  Findings findings;       // about the source and the result
 };
 
 // Writes the film. On any failure, and when `progress` (in KiB of the source) says stop, no file of the output's name

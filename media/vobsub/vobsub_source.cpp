@@ -142,7 +142,7 @@ void VobSubSource::GiveTimes(const std::vector<Showing>& showings) {
 
 }  // namespace
 
-Result<std::shared_ptr<SubtitleSource>> OpenVobSub(const std::string& idx_path, std::vector<std::string>* warnings) {
+Result<std::shared_ptr<SubtitleSource>> OpenVobSub(const std::string& idx_path, Findings* findings) {
   auto index = ReadVobSubIndex(idx_path);
   if (!index) return tl::unexpected(index.error());
   const VobSubLanguage* language = index->Language();
@@ -154,9 +154,11 @@ Result<std::shared_ptr<SubtitleSource>> OpenVobSub(const std::string& idx_path, 
   auto source = std::make_shared<VobSubSource>(std::move(*index), std::move(*sub), chosen.substream);
   if (auto scheduled = source->Schedule(chosen.cues); !scheduled) return tl::unexpected(scheduled.error());
   if (source->Count() == 0) return Failure(ErrorKind::Damaged, idx_path + ": has no subtitle that can be shown");
-  if (source->LeftOut() > 0 && warnings != nullptr) {
-    warnings->push_back(idx_path + ": " + std::to_string(source->LeftOut()) + " of " +
-                        std::to_string(chosen.cues.size()) + " subtitles cannot be shown and are left out");
+  if (source->LeftOut() > 0 && findings != nullptr) {
+    findings->push_back({.kind = FindingKind::DamagedSubtitle,
+                         .file = idx_path,
+                         .message = std::to_string(source->LeftOut()) + " of " + std::to_string(chosen.cues.size()) +
+                                    " subtitles cannot be shown and were left out"});
   }
   return source;
 }

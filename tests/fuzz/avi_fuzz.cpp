@@ -35,7 +35,7 @@ void Check(const captoria::AviFile& film) {
     behind = chunk.DataPosition() + chunk.size;
     Require(behind <= film.File().Size());
   }
-  Require(film.Warnings().size() < 1000);
+  Require(film.Damage().size() < 1000);
 }
 
 }  // namespace

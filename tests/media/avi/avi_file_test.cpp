@@ -18,8 +18,10 @@ namespace captoria {
 namespace {
 
 using namespace avi_maker;
+using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
+using testing::Field;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -47,7 +49,7 @@ struct Oddity {
   const char* name;
   std::string file;
   std::string chunks;
-  std::string warning = {};  // a part of it; when empty there is none
+  std::string damage = {};  // a part of its message; empty if nothing is reported
 
   friend void PrintTo(const Oddity& row, std::ostream* out) { *out << row.name; }
 };
@@ -133,7 +135,7 @@ const std::vector<Oddity>& Oddities() {
                 Piece("00dc", DeltaPicture(6)),
             Headers(VideoStream(WithoutPad("strn", "12") + WithoutPad("strn", "abc")) + AudioStream()), ""),
        kByLook},
-      {"SizesNeverFilledIn", Riff(Headers() + List("movi", Content(), 0), "AVI ", 0), kByLook, "was not finished"},
+      {"SizesNeverFilledIn", Riff(Headers() + List("movi", Content(), 0), "AVI ", 0), kByLook, "was never finished"},
       {"SizesLargerThanTheFile", Riff(Headers() + List("movi", Content(), 100000), "AVI ", 200000), kByLook,
        "bytes are missing"},
       {"SizesTooSmall", Riff(Headers() + List("movi", Content(), 40) + IndexFrom(4), "AVI ", 360), kByLook},
@@ -164,16 +166,21 @@ const std::vector<Oddity>& Oddities() {
       {"ChunksOfNoStream", Film2(Piece("07wb", "abc") + Piece("ix01", "abcd") + Piece("01ix", "abcd")), kByLook},
       {"PieceOfUnknownLetters", Film2(Piece("Cust", "whatever") + List("INFO", Piece("ISFT", "x"))), kByLook},
       {"IndexInsideMovi", Film2(IndexFrom(4)), kByLook},
-      {"FormatOfImpossibleSize", Replaced(Film(), "strf", absurd), kByIndex, "\"strf\", has an impossible size"},
+      {"FormatOfImpossibleSize", Replaced(Film(), "strf", absurd), kByIndex, "\"strf\" has an impossible size"},
       {"HeaderListOfImpossibleSize", Replaced(Film(), "AVI LIST", absurd), kByIndex},
       {"HeaderListOfNoSize", Replaced(Film(), "AVI LIST", Number(0)), kByIndex},
       {"PieceOfImpossibleSizeInTheHeaders",
        Film(Content(), Headers(VideoStream(Piece("strd", "abcd", 0xFFFFFFF0)) + AudioStream())), kByIndex,
-       "\"strd\", has an impossible size"},
+       "\"strd\" has an impossible size"},
       {"HeadersWithGarbage", Film(Content(), Headers(VideoStream() + std::string(30, '\1') + AudioStream())), kByIndex,
        "headers are damaged"},
   };
   return oddities;
+}
+
+auto DamageOf(const std::string& path, const std::string& message) {
+  return AllOf(Field(&Finding::kind, FindingKind::DamagedVideo), Field(&Finding::file, path),
+               Field(&Finding::message, HasSubstr(message)));
 }
 
 class OddAvi : public testing::TestWithParam<Oddity> {};
@@ -184,10 +191,11 @@ TEST_P(OddAvi, GivesItsChunks) {
   ASSERT_TRUE(file) << file.error().message;
   EXPECT_EQ(ChunksOf(*file), GetParam().chunks);
   EXPECT_EQ(ChunksOf(*file), GetParam().chunks) << "the second time";
-  if (GetParam().warning.empty()) {
-    EXPECT_THAT(file->Warnings(), IsEmpty());
+  const std::string path = folder.File("film.avi");
+  if (GetParam().damage.empty()) {
+    EXPECT_THAT(file->Damage(), IsEmpty());
   } else {
-    EXPECT_THAT(file->Warnings(), Contains(HasSubstr(GetParam().warning)));
+    EXPECT_THAT(file->Damage(), Contains(DamageOf(path, GetParam().damage)));
   }
 }
 
@@ -230,7 +238,7 @@ TEST(AviFile, TakesAHundredStreamsAndNoMore) {
   ASSERT_TRUE(file) << file.error().message;
   EXPECT_EQ(file->Streams().size(), 100u);
   EXPECT_EQ(ChunksOf(*file), "99wb4K 0wb3K");
-  EXPECT_THAT(file->Warnings(), ElementsAre(HasSubstr("more than 100 streams")));
+  EXPECT_THAT(file->Damage(), ElementsAre(DamageOf(folder.File("film.avi"), "more than 100 streams")));
 }
 
 TEST(AviFile, RefusesWhatIsNoFilm) {

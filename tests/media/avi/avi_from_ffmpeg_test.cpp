@@ -87,7 +87,7 @@ TEST_P(FilmByFfmpeg, HasTheSameChunksForBothWithAndWithoutItsIndex) {
   ASSERT_TRUE(file) << file.error().message;
   const auto expected = PacketsByFfprobe(path, film.streams);
   EXPECT_EQ(PacketsByUs(*file), expected);
-  EXPECT_THAT(file->Warnings(), testing::IsEmpty());
+  EXPECT_THAT(file->Damage(), testing::IsEmpty());
 
   const AviFileInfo info = InfoOf(*file);
   EXPECT_EQ(info.streams, static_cast<std::uint32_t>(film.streams));

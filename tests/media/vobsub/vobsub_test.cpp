@@ -105,10 +105,10 @@ TEST_P(AgainstFfmpeg, PacketsShowWhatTheDvdDecoderShows) {
   const TestFolder ours, reference;
   const std::string path = Save(row, true, ours), reference_path = Save(row, false, reference);
 
-  std::vector<std::string> warnings;
-  const auto source = OpenVobSub(path, &warnings);
+  Findings findings;
+  const auto source = OpenVobSub(path, &findings);
   ASSERT_TRUE(source) << source.error().message;
-  EXPECT_THAT(warnings, testing::IsEmpty());
+  EXPECT_THAT(findings, testing::IsEmpty());
   EXPECT_EQ((*source)->Frame(), (SubtitleFrame{720, 576}));
   ExpectSeenAlike(**source, SeeSubtitleStream(reference_path, row.language));
 }
@@ -141,13 +141,13 @@ INSTANTIATE_TEST_SUITE_P(
 
 // One cue a time, each beginning where `times` says.
 std::shared_ptr<SubtitleSource> OpenCues(const TestFolder& folder, const std::vector<std::pair<int, TestSpu>>& cues,
-                                         const std::string& head = "", std::vector<std::string>* warnings = nullptr,
+                                         const std::string& head = "", Findings* findings = nullptr,
                                          std::size_t cut_off = 0) {
   VobSubPair pair;
   std::string index = kHead + head + "id: en, index: 0\n";
   for (const auto& [time, spu] : cues) index += pair.Timestamp(time, pair.AddPacks({{0, SpuBytes(spu)}})[0]);
   pair.Sub().resize(pair.Sub().size() - cut_off);
-  const auto source = OpenVobSub(pair.Save(folder, index), warnings);
+  const auto source = OpenVobSub(pair.Save(folder, index), findings);
   EXPECT_TRUE(source) << source.error().message;
   return source ? *source : nullptr;
 }
@@ -172,11 +172,13 @@ TEST(VobSubSource, GivesEveryCueAnEndBeforeTheNext) {
 
 TEST(VobSubSource, LeavesOutWhatCannotBeShownAndSaysSo) {
   const TestFolder folder;
-  std::vector<std::string> warnings;
+  Findings findings;
   // The last unit's control sequences are in the pack that is cut off.
-  const auto source = OpenCues(folder, {{1000, kText}, {4000, {.placed = Noise(600, 200, 0, 0)}}}, "", &warnings, 2048);
+  const auto source = OpenCues(folder, {{1000, kText}, {4000, {.placed = Noise(600, 200, 0, 0)}}}, "", &findings, 2048);
   EXPECT_EQ(source->Count(), 1u);
-  EXPECT_THAT(warnings, ElementsAre(HasSubstr("1 of 2 subtitles")));
+  EXPECT_THAT(findings, ElementsAre(Finding{.kind = FindingKind::DamagedSubtitle,
+                                            .file = folder.File("film.idx"),
+                                            .message = "1 of 2 subtitles cannot be shown and were left out"}));
 }
 
 TEST(VobSubSource, GathersUnitsWhoseSizeIsNonsense) {
