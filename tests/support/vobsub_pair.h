@@ -86,6 +86,9 @@ inline Bytes SpuBytes(const TestSpu& spu) {
 
 class VobSubPair {
  public:
+  // Every pack header is followed by `stuffing` bytes, 0 to 7.
+  explicit VobSubPair(std::size_t stuffing = 0) : stuffing_(stuffing) {}
+
   // Writes the units' packs in turn, as when languages show something at the same time; gives where each begins.
   std::vector<std::size_t> AddPacks(const std::vector<std::pair<int, Bytes>>& units) {
     ++time_;
@@ -120,11 +123,14 @@ class VobSubPair {
 
  private:
   std::size_t AddPack(int substream, ByteView rest, bool first) {
-    const std::size_t header = first ? 5 : 0, room = 2048 - 14 - 6 - 3 - header - 1;
+    const std::size_t header = first ? 5 : 0, room = 2048 - 14 - stuffing_ - 6 - 3 - header - 1;
     const std::size_t count = std::min(rest.size(), room), left = room - count;
     const std::size_t stuffing = left > 0 && left < 6 ? left : 0;  // too little for a padding packet
     const std::size_t end = sub_.size() + 2048;
-    sub_.insert(sub_.end(), {0, 0, 1, 0xBA, 0x44, 0, 4, 0, 4, 1, 1, 0x89, 0xC3, 0xF8, 0, 0, 1, 0xBD});
+    sub_.insert(sub_.end(), {0, 0, 1, 0xBA, 0x44, 0, 4, 0, 4, 1, 1, 0x89, 0xC3});
+    sub_.push_back(static_cast<std::uint8_t>(0xF8 | stuffing_));
+    sub_.resize(sub_.size() + stuffing_, 0xFF);
+    sub_.insert(sub_.end(), {0, 0, 1, 0xBD});
     PutBig16(sub_, 3 + header + stuffing + 1 + count);
     sub_.insert(sub_.end(),
                 {0x81, static_cast<std::uint8_t>(first ? 0x80 : 0), static_cast<std::uint8_t>(header + stuffing)});
@@ -143,6 +149,7 @@ class VobSubPair {
   }
 
   Bytes sub_;
+  std::size_t stuffing_;
   unsigned time_ = 0;
 };
 

@@ -172,6 +172,18 @@ const std::vector<Oddity>& Oddities() {
       {"PieceOfImpossibleSizeInTheHeaders",
        Film(Content(), Headers(VideoStream(Piece("strd", "abcd", 0xFFFFFFF0)) + AudioStream())), kByIndex,
        "\"strd\" has an impossible size"},
+      {"MoreListsThanAMebibyte",
+       Riff(Headers() + List("INFO", std::string(600'000, 'a')) + List("DXDT", std::string(600'000, 'b')) +
+            List("movi", Content()) + IndexFrom(4)),
+       kByIndex, "\"LIST\" is too large"},
+      {"MoreOfStreamsThanFourMebibytes",
+       Film(Content(), Headers(VideoStream([] {
+                                 std::string pieces;
+                                 for (int i = 0; i < 5; ++i) pieces += Piece("strd", std::string(900'000, 'd'));
+                                 return pieces;
+                               }()) +
+                               AudioStream())),
+       kByIndex, "\"strd\" is too large"},
       {"HeadersWithGarbage", Film(Content(), Headers(VideoStream() + std::string(30, '\1') + AudioStream())), kByIndex,
        "headers are damaged"},
   };

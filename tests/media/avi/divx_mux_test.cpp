@@ -18,6 +18,7 @@
 
 #include "media/avi/riff_header.h"
 #include "platform/files.h"
+#include "tests/support/avi_maker.h"
 #include "tests/support/pack_b_frames.h"
 #include "tests/support/test_folder.h"
 
@@ -132,6 +133,16 @@ void Overwrite(const std::string& path, std::uint64_t at, const std::string& byt
   file.seekp(static_cast<std::streamoff>(at)).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
+// The chunks of the video and of the other stream, in the order of the file: "vvsv".
+std::string OrderOf(const std::string& path) {
+  const auto film = AviFile::Open(path);
+  EXPECT_TRUE(film) << film.error().message;
+  std::string order;
+  const auto walk = film->Chunks();
+  for (auto chunk = walk->Next(); chunk && *chunk; chunk = walk->Next()) order += (*chunk)->stream == 0 ? 'v' : 's';
+  return order;
+}
+
 struct Kind {
   const char* name;
   const char* codecs;
@@ -197,9 +208,7 @@ TEST_F(DivxMux, TruncatedFilmIsKeptAsFarAsItGoes) {
   EXPECT_THAT(after, IsSubsetOf(before));
   EXPECT_GE(after.size() + 1, before.size()) << "only the chunk that breaks off is missing";
   const auto film = AviFile::Open(folder_.File("out.divx"));
-  std::uint32_t frames = 0;
-  const auto walk = film->Chunks();
-  for (auto chunk = walk->Next(); chunk && *chunk; chunk = walk->Next()) frames += (*chunk)->stream == 0 ? 1 : 0;
+  const auto frames = std::ranges::count(OrderOf(folder_.File("out.divx")), 'v');
   EXPECT_LT(frames, 40);
   EXPECT_EQ(film->Streams()[0].header.length, frames) << "a length that is no longer true would make players wait";
 }
@@ -240,20 +249,22 @@ TEST_F(DivxMux, OurOwnFilmTakesMoreStreamsAndKeepsNames) {
   EXPECT_EQ(Packets(second, "-map 0:0 -map 0:1 -map 0:2"), Packets(first, "-map 0"));
 }
 
-TEST_F(DivxMux, APacketStandsThirteenFramesBeforeItsOwn) {
-  const std::string source = Film("-map 0 -c:v mpeg4");
-  const std::string made = MuxTo("out.divx", source, {Kept(0), Subtitle({0, 500, 1000, 1039, 9000}, "s")});
-  // Positions of frames, and of subtitles between them.
-  std::vector<std::pair<int, char>> all;
-  for (const char* kind : {"v", "s"}) {
-    for (const std::string& at : Probe(std::string{"-select_streams "} + kind + " -show_entries packet=pos", made)) {
-      all.emplace_back(std::atoi(at.c_str()), *kind);
-    }
+TEST_F(DivxMux, APacketStands520MillisecondsBeforeItsFrame) {
+  struct Rate {
+    const char* name;
+    std::uint32_t period, rate;  // of the main header in microseconds, of the stream in frames a second
+    std::string order;
+  };
+  const std::string at_25 = "ss" + std::string(12, 'v') + "ss" + std::string(38, 'v') + "s";
+  const std::string at_50 = "ss" + std::string(24, 'v') + "svs" + std::string(25, 'v') + "s";
+  const std::string source = Film("-map 0 -c:v mpeg4"), whole = folder_.Get("in.avi");
+  for (const Rate& row : {Rate{"the stream's rate", 40000, 50, at_50}, Rate{"the main header's", 20000, 0, at_50},
+                          Rate{"neither, so 25", 0, 0, at_25}}) {
+    Overwrite(source, whole.find("avih") + 8, avi_maker::Number(row.period));
+    Overwrite(source, whole.find("strh") + 28, avi_maker::Numbers({row.rate == 0 ? 0U : 1U, row.rate}));
+    EXPECT_EQ(OrderOf(MuxTo("out.divx", source, {Kept(0), Subtitle({0, 500, 1000, 1039, 9000}, "s")})), row.order)
+        << row.name;
   }
-  std::ranges::sort(all);
-  std::string order;
-  for (const auto& [position, kind] : all) order += kind;
-  EXPECT_EQ(order, "ss" + std::string(12, 'v') + "ss" + std::string(38, 'v') + "s");
 }
 
 TEST_F(DivxMux, HardwareProfileWritesTheMakersForm) {
@@ -273,9 +284,9 @@ TEST_F(DivxMux, HardwareProfileWritesTheMakersForm) {
 }
 
 TEST_F(DivxMux, EveryIndexEntryLeadsToItsChunk) {
-  const std::string source = Film("-map 0 -map 1 -c:v mpeg4 -c:a libmp3lame");
+  const std::string source = Film("-map 0 -map 1 -map 2 -c:v mpeg4 -c:a:0 libmp3lame -c:a:1 pcm_s16le");
   for (const std::uint64_t limit : {std::uint64_t{1} << 30, std::uint64_t{20000}}) {
-    const std::string made = MuxTo("out.divx", source, {Kept(0), Kept(1), Subtitle({0, 500, 1500}, "s")},
+    const std::string made = MuxTo("out.divx", source, {Kept(0), Kept(1), Kept(2), Subtitle({0, 500, 1500}, "s")},
                                    [&](MuxJob& job) { job.riff_limit = limit; });
     const std::string content = folder_.Get("out.divx");
     const auto number = [&](std::size_t at) {
@@ -293,6 +304,26 @@ TEST_F(DivxMux, EveryIndexEntryLeadsToItsChunk) {
     for (; riff < content.size(); riff += 8 + number(riff + 4), ++riffs) EXPECT_EQ(content.substr(riff, 4), "RIFF");
     EXPECT_EQ(riff, content.size());
     EXPECT_EQ(riffs == 1, limit > 20000);
+    if (riffs == 1) continue;
+
+    const auto film = AviFile::Open(made);
+    std::size_t super = 0;
+    for (const AviStream& stream : film->Streams()) {
+      super = content.find("indx", super + 4);
+      EXPECT_EQ(number(super + 12), riffs);
+      std::uint32_t length = 0;
+      for (std::size_t entry = super + 32; entry < super + 32 + 16 * riffs; length += number(entry + 12), entry += 16) {
+        const std::size_t part = number(entry), base = number(part + 20);
+        EXPECT_EQ(content.substr(part, 2), "ix");
+        EXPECT_EQ(number(part + 4) + 8, number(entry + 8));
+        for (std::size_t at = part + 32; at < part + number(entry + 8); at += 8) {
+          const std::size_t chunk = base + number(at) - 8;
+          EXPECT_EQ(content.substr(chunk, 4), content.substr(part + 16, 4));
+          EXPECT_EQ(number(chunk + 4), number(at + 4) & 0x7FFFFFFF);
+        }
+      }
+      EXPECT_EQ(length, stream.header.length) << "the durations add up to the length by FFmpeg";
+    }
   }
 }
 

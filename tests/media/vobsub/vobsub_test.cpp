@@ -72,11 +72,12 @@ struct Pair {
   std::string extra_language{};  // lines behind its id
   int language = 0;              // that is in use; all the languages' packs are mixed
   bool carriage_returns = false;
+  std::size_t stuffing = 0;  // after each pack header
 };
 
 // FFmpeg loses a unit whose packs are mixed with those of others, so its pair has them one after the other.
 std::string Save(const Pair& row, bool mixed, const TestFolder& folder) {
-  VobSubPair pair;
+  VobSubPair pair(row.stuffing);
   std::vector<std::string> languages(static_cast<std::size_t>(row.language) + 1);
   int time = 1234;
   for (const TestSpu& spu : row.spus) {
@@ -121,6 +122,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Pair{"UnitsOfSeveralPacks",
                          {{.placed = Noise(600, 200, 60, 300)}, {.placed = Noise(500, 300, 60, 200)}, kText}},
                     Pair{"CarriageReturns", {kText, kText}, {}, 0, true},
+                    Pair{"StuffedPacks", {{.placed = Noise(600, 200, 60, 300)}, kText}, {}, 1, false, 5},
                     Pair{"Delayed", {kText, kText}, "delay: 00:00:01:250\n"},
                     Pair{"Hastened", {kText, kText}, "delay: -00:00:00:500\n"},
                     Pair{"ThirdLanguageBetweenPacksOfOthers", {{.placed = Noise(600, 200, 60, 300)}, kText}, {}, 2},
