@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Letters and blanks of ASCII, whatever the locale: file formats, keys and tags are compared by these.
+// ASCII letters and blanks, independent of the locale, for comparing file formats, keys and tags.
 #pragma once
 
 #include <algorithm>
@@ -29,7 +29,7 @@ inline std::string LowerAscii(std::string_view text) {
   return lower;
 }
 
-// `text` without the blanks and tabs at its two ends.
+// `text` without blanks and tabs at both ends.
 constexpr std::string_view Trim(std::string_view text) {
   while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
   while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);

@@ -1,10 +1,9 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Integers in the byte orders of file formats.
+// Reads and writes integers in the byte orders of file formats.
 //
-// A reader gives 0 for whatever lies beyond its end and remembers that it did, so that a parser reads a whole record
-// and asks once.
+// Reading past the end gives 0 and sets Failed(), so a parser can read a whole record and check once.
 #pragma once
 
 #include <algorithm>
@@ -30,7 +29,6 @@ class ByteReader {
   std::uint32_t U32() { return static_cast<std::uint32_t>(Little(4)); }
   std::uint64_t U64() { return Little(8); }
   std::uint16_t BigU16() { return static_cast<std::uint16_t>(Big(2)); }
-  std::uint32_t BigU32() { return static_cast<std::uint32_t>(Big(4)); }
   std::string FourCc() {
     const ByteView four = Take(4);
     return {four.begin(), four.end()};
@@ -48,7 +46,7 @@ class ByteReader {
   std::size_t Position() const { return at_; }
   std::size_t Left() const { return bytes_.size() - at_; }
 
-  // Whether anything beyond the end was asked for.
+  // Whether a read went past the end.
   bool Failed() const { return failed_; }
 
  private:

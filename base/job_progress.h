@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// How long work tells where it is and learns that it should stop.
+// How a long job reports its progress and learns that it should stop.
 #pragma once
 
 #include <cstddef>
@@ -12,12 +12,12 @@ class JobProgress {
  public:
   virtual ~JobProgress() = default;
 
-  // `done` of `total` steps are behind us. False: the user wants it stopped. Called from one thread at a time, though
-  // not always the same one, and seldom enough that a body need not hurry.
+  // Reports that `done` of `total` steps are finished; false if the user wants to stop. Called from one thread at a
+  // time, not always the same thread, and rarely enough that an implementation may be slow.
   virtual bool Report(std::size_t done, std::size_t total) = 0;
 };
 
-// For work that nobody watches.
+// For jobs that show no progress and cannot be stopped.
 class NoProgress final : public JobProgress {
  public:
   bool Report(std::size_t, std::size_t) override { return true; }

@@ -14,10 +14,10 @@
 namespace captoria {
 namespace {
 
-constexpr char32_t kPlainEnd = 0x80;  // of ASCII
+constexpr char32_t kPlainEnd = 0x80;  // after the last ASCII character
 constexpr char32_t kStrayByte = 0x110000;
 constexpr char32_t kDotlessSmallI = 0x131;
-constexpr std::size_t kLongest = 4;  // bytes of a character
+constexpr std::size_t kLongest = 4;  // bytes in a character
 
 unsigned char ByteOf(char c) { return static_cast<unsigned char>(c); }
 
@@ -65,7 +65,7 @@ std::string LowerCase(std::string_view text, CaseRule rule) {
     if (character.value >= kStrayByte) {
       lower += text.front();
     } else {
-      std::array<char, 6> bytes;  // as many as GLib may write
+      std::array<char, 6> bytes;  // GLib writes at most six
       const int written = g_unichar_to_utf8(LowerCase(character.value, rule), bytes.data());
       lower.append(bytes.data(), static_cast<std::size_t>(written));
     }

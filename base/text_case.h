@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Lower case of UTF-8 text in any script, one character for one: "ΟΔΟΣ" is "οδοσ" and "STRASSE" stays seven letters, so
-// what is counted before is counted behind.
+// Converts UTF-8 text in any script to lower case, character by character: "ΟΔΟΣ" becomes "οδοσ" and "STRASSE" keeps
+// its seven letters, so the number of characters never changes.
 //
-// Bytes that belong to no character stay as they are, and so does whatever has no other case.
+// Characters without a lower case, and bytes that are not valid UTF-8, stay unchanged.
 #pragma once
 
 #include <cstddef>
@@ -15,21 +15,21 @@
 
 namespace captoria {
 
-// Turkish and Azeri have two letters i and write both in both cases: I is the capital of ı, İ that of i. Elsewhere i is
-// the lower case of both capitals.
+// Turkish and Azeri have two letters i, each with its own capital: I is the capital of ı, and İ of i. In other
+// languages i is the lower case of both capitals.
 enum class CaseRule { Common, Turkish };
 
-// The rule of the language the user's locale is in: LC_ALL says it, else LC_CTYPE, else LANG.
+// The rule for the language of the user's locale: the first of LC_ALL, LC_CTYPE and LANG that is set.
 CaseRule CaseRuleOf(const Environment& environment);
 
-// A character of a text and the bytes it takes there. A byte that belongs to none is one by itself, with a value above
+// A character and its length in bytes. A byte that is not valid UTF-8 counts as a character with a value above
 // U+10FFFF.
 struct TextCharacter {
   char32_t value;
   std::size_t length;
 };
 
-// The characters at the two ends of `text`, which is not empty.
+// The first and the last character of `text`, which must not be empty.
 TextCharacter FirstCharacter(std::string_view text);
 TextCharacter LastCharacter(std::string_view text);
 

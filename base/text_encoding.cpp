@@ -26,7 +26,7 @@ constexpr std::array<NamePair, 3> kMarks{{
     {"\xFE\xFF", "UTF-16BE"},
 }};
 
-// Charset numbers: Microsoft, "[MS-WMF] CharacterSet enumeration". 0 (ANSI) and 1 (default) say nothing of the script.
+// Charset numbers: Microsoft, "[MS-WMF] CharacterSet enumeration". 0 (ANSI) and 1 (default) stand for no script.
 constexpr std::array<std::pair<int, std::string_view>, 12> kCharsets{{
     {128, "CP932"},
     {129, "CP949"},
@@ -42,8 +42,8 @@ constexpr std::array<std::pair<int, std::string_view>, 12> kCharsets{{
     {238, "WINDOWS-1250"},
 }};
 
-// Every text in the left encoding reads the same in the right one, which also gives meaning to bytes the left leaves
-// undefined and which Windows programs use.
+// The right encoding decodes every text of the left one to the same characters. It also defines bytes that the left one
+// leaves undefined but Windows programs use.
 constexpr std::array<NamePair, 9> kLargerPages{{
     {"ASCII", "UTF-8"},
     {"EUC-KR", "CP949"},
@@ -65,7 +65,7 @@ std::string Canonical(std::string_view name) {
   return capitals;
 }
 
-// An iconv conversion to UTF-8, closed with its scope.
+// An iconv conversion to UTF-8, closed at the end of its scope.
 class Converter {
  public:
   explicit Converter(const std::string& encoding) : handle_(::iconv_open("UTF-8", encoding.c_str())) {}
@@ -75,14 +75,14 @@ class Converter {
     if (Valid()) ::iconv_close(handle_);
   }
 
-  // Comparing with the value iconv_open documents for failure.
+  // iconv_open returns (iconv_t)-1 on failure.
   bool Valid() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
 
-  // Decodes all of `bytes`; every byte that does not decode becomes one replacement character and is counted. Encodings
-  // of wider units are skipped a unit at a time, or everything behind a bad one would be out of step.
+  // Decodes all of `bytes`; every byte that does not decode becomes one replacement character and is counted. In
+  // encodings with wider units a whole unit is skipped, otherwise all units after it would be misaligned.
   DecodedText Run(std::string_view bytes, std::size_t unit) {
     DecodedText result;
-    // Neither iconv nor we write through the input pointer; its type is an accident of history.
+    // iconv does not write through the input pointer; it lacks `const` for historical reasons.
     char* in = const_cast<char*>(bytes.data());
     std::size_t left = bytes.size();
     while (left > 0) {
@@ -92,12 +92,12 @@ class Converter {
         ++result.undecodable;
       }
     }
-    Step(nullptr, nullptr, result.text);  // some code pages hold a letter back, as an accent may follow it
+    Step(nullptr, nullptr, result.text);  // some code pages hold a letter back because an accent may follow
     return result;
   }
 
  private:
-  // Converts what fits the buffer; false at a byte that does not decode.
+  // Converts as much as fits the buffer; false at a byte that does not decode.
   bool Step(char** in, std::size_t* left, std::string& text) {
     char* out = buffer_.data();
     std::size_t room = buffer_.size();
@@ -111,7 +111,7 @@ class Converter {
   std::array<char, 1 << 14> buffer_;
 };
 
-// UTF-8 kept as it is but for its invalid bytes. A text without any is moved, not copied.
+// Replaces the invalid bytes of UTF-8. Text without invalid bytes is moved, not copied.
 DecodedText RepairUtf8(std::string bytes) {
   DecodedText result;
   result.undecodable = TakeUtf8Census(bytes).invalid;
@@ -148,7 +148,7 @@ std::optional<std::string> UnicodeEncodingOf(std::string_view bytes) {
     if (LooksLikeUtf16(bytes, true)) return "UTF-16LE";
     if (LooksLikeUtf16(bytes, false)) return "UTF-16BE";
   }
-  // No code page yields many well-formed sequences by chance, so a few stray bytes do not speak against UTF-8.
+  // Text in a code page rarely contains valid sequences by chance, so a few stray bytes do not rule out UTF-8.
   constexpr std::size_t kGoodPerBad = 20;
   const Utf8Census census = TakeUtf8Census(bytes);
   if (census.invalid * kGoodPerBad <= census.multibyte) return "UTF-8";
@@ -190,8 +190,7 @@ Result<DecodedText> Decode(std::string bytes, std::string_view encoding) {
     return result;
   }
   Converter converter(name);
-  if (!converter.Valid())
-    return Failure(ErrorKind::Unsupported, "no encoding is named \"" + std::string{encoding} + "\"");
+  if (!converter.Valid()) return Failure(ErrorKind::Unsupported, "unknown encoding \"" + std::string{encoding} + "\"");
   DecodedText result = converter.Run(bytes, name.starts_with("UTF-16") ? 2 : name.starts_with("UTF-32") ? 4 : 1);
   result.encoding = name;
   return result;

@@ -13,7 +13,7 @@ namespace {
 
 bool IsContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
 
-// The bounds of the second byte carry all of table 3-7's exceptions.
+// All exceptions in table 3-7 are limits of the second byte.
 bool SecondByteFits(unsigned char first, unsigned char second) {
   switch (first) {
     case 0xE0:

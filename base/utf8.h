@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// UTF-8 looked at byte by byte, as strict as Unicode 15.0 table 3-7: no overlong form, no surrogate, nothing above
+// Checks UTF-8 byte by byte, as strictly as Unicode 15.0 table 3-7: no overlong form, no surrogate, nothing above
 // U+10FFFF.
 #pragma once
 
@@ -11,20 +11,20 @@
 
 namespace captoria {
 
-// What a text in another encoding gets for a byte that means nothing: U+FFFD.
+// U+FFFD, which replaces a byte that does not decode.
 inline constexpr std::string_view kReplacementCharacter = "\xEF\xBF\xBD";
 
-// The length in bytes, 1 to 4, of the character at `at`; 0 when the bytes there are none. `at` is below the size.
+// The length of the character at `at`, 1 to 4 bytes; 0 if the bytes there are invalid. `at` must be below the size.
 std::size_t Utf8CharacterLength(std::string_view text, std::size_t at);
 
-// The first place from `from` on that holds no ASCII character, or the end: how far plain text can be skipped, eight
-// bytes a step.
+// The position of the first byte at or after `from` that is not ASCII, or the end. Skips plain text eight bytes at a
+// time.
 std::size_t EndOfAscii(std::string_view text, std::size_t from);
 
-// A character's customary name, "U+00E9".
+// The usual name of a character, "U+00E9".
 std::string CodePointName(char32_t character);
 
-// What a whole text holds.
+// Counts for a whole text.
 struct Utf8Census {
   std::size_t multibyte = 0;  // characters beyond ASCII
   std::size_t invalid = 0;    // bytes that belong to no character
