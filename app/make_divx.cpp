@@ -15,7 +15,7 @@
 #include "pipeline/tool_copies.h"
 #include "platform/file_stamp.h"
 #include "platform/files.h"
-#include "script/script_log.h"
+#include "script/tool_log.h"
 
 namespace captoria {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "script/script_log.h"
+#include "script/tool_log.h"
 
 #include <gmock/gmock.h>
 
