@@ -61,7 +61,7 @@ ShowStyle ShowStyleOf(const Settings& settings) {
   return index < std::size(kStyles) ? kStyles[index] : ShowStyle::Normal;
 }
 
-std::string LastLines(const ScriptLog& log) {
+std::string LastLines(const ToolLog& log) {
   std::string text;
   for (const std::string& line : log.last_lines) text += "\n" + line;
   return text;
@@ -194,9 +194,9 @@ class Conversion {
 
   Result<MadeDivX> Tell(const FileStamp& before, int status) {
     const FileStamp after = FileStamp::Of(script_.output);
-    const ScriptLog log = ReadScriptLog(temp_.File(TempFolder::kLogName));
+    const ToolLog log = ReadToolLog(temp_.File(TempFolder::kLogName));
     const bool made = after.Exists() && after != before;
-    for (const std::string& warning : log.warnings) session_.view.Warn(script_.avi_path + ": " + warning);
+    for (const Finding& finding : log.findings) session_.view.Warn(Describe(finding));
     if (!options_.is_batch) {
       session_.prompts.ShowMessage(kProgramTitle, made ? session_.TextFor(messages::kFinished)
                                                        : session_.TextFor(messages::kFailed) + LastLines(log));

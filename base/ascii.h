@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// ASCII letters and blanks, independent of the locale, for comparing file formats, keys and tags.
+// Letters, blanks and control characters of ASCII, whatever the locale: file formats, keys and tags are compared by
+// these.
 #pragma once
 
 #include <algorithm>
@@ -10,10 +11,16 @@
 
 namespace captoria {
 
+// Ends a line in scripts, lists and the texts of cues.
+inline constexpr std::string_view kCrLf = "\r\n";
+
 constexpr char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 constexpr char UpperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 constexpr bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+// Tabs and line ends too.
+constexpr bool IsControl(char c) { return (c >= '\0' && c < ' ') || c == '\x7F'; }
 
 constexpr bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
   return std::ranges::equal(a, b, {}, LowerAscii, LowerAscii);

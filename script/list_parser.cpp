@@ -58,7 +58,7 @@ class LineScanner {
 
 // Whether `name` can only mean a file in the list's own folder.
 bool IsPlainName(std::string_view name) {
-  const auto forbidden = [](char c) { return c == '/' || c == '\\' || c == ':' || (c >= 0 && c < ' ') || c == '\x7F'; };
+  const auto forbidden = [](char c) { return c == '/' || c == '\\' || c == ':' || IsControl(c); };
   return !name.empty() && name.size() <= kLongestName && name != "." && name.find("..") == name.npos &&
          std::ranges::none_of(name, forbidden);
 }
@@ -137,7 +137,12 @@ class ListParser {
     std::array<int, 4> contrast{};
     if (!FourNumbers("CONTRAST", contrast)) return false;
     for (std::size_t i = 1; i < contrast.size(); ++i) list_.shown[i] = contrast[i] != 0;
-    if (contrast[0] != 0) list_.warnings.push_back(list_.path + ": entry 0 is not seen, whatever its contrast");
+    if (contrast[0] != 0) {
+      list_.findings.push_back({.kind = FindingKind::SubtitleChanged,
+                                .file = list_.path,
+                                .line = number_,
+                                .message = "entry 0 is not seen, whatever its contrast"});
+    }
     return true;
   }
 

@@ -23,6 +23,10 @@ constexpr int kOverhang = 11;
 
 std::string CueCount(std::size_t count) { return std::to_string(count) + (count == 1 ? " cue" : " cues"); }
 
+void Add(SubtitleList& list, std::string message) {
+  list.findings.push_back({.kind = FindingKind::SubtitleChanged, .file = list.path, .message = std::move(message)});
+}
+
 void OrderTimes(SubtitleList& list) {
   std::ranges::stable_sort(list.cues, {}, [](const ListedCue& cue) { return cue.times.show; });
   std::size_t cut = 0, brief = 0;
@@ -36,10 +40,9 @@ void OrderTimes(SubtitleList& list) {
     if (empty) ++brief;
     if (overlaps && !empty) ++cut;
   }
-  if (cut > 0) list.warnings.push_back(list.path + ": " + CueCount(cut) + " cut short where the next one starts");
+  if (cut > 0) Add(list, CueCount(cut) + " cut short where the next one starts");
   if (brief > 0) {
-    list.warnings.push_back(list.path + ": " + CueCount(brief) +
-                            " shown for a millisecond only, ending no later than it starts or the next one does");
+    Add(list, CueCount(brief) + " shown for a millisecond only, ending no later than it starts or the next one does");
   }
 }
 
@@ -68,8 +71,8 @@ void WarnOfHighCues(SubtitleList& list) {
   const auto count = static_cast<std::size_t>(
       std::ranges::count_if(list.cues, [&](const ListedCue& cue) { return cue.height > list.frame.height; }));
   if (count == 0) return;
-  list.warnings.push_back(list.path + ": " + CueCount(count) + " higher than the frame of " +
-                          std::to_string(list.frame.height) + " rows: what is below its bottom is not shown");
+  Add(list, CueCount(count) + " higher than the frame of " + std::to_string(list.frame.height) +
+                " rows: what is below its bottom is not shown");
 }
 
 class ListedBitmaps final : public SubtitleSource {
@@ -173,10 +176,10 @@ std::shared_ptr<SubtitleSource> PacketsOf(SubtitleList list) {
   return std::make_shared<ListedBitmaps>(std::move(list));
 }
 
-Result<std::shared_ptr<SubtitleSource>> OpenMuxList(const std::string& path, std::vector<std::string>* warnings) {
+Result<std::shared_ptr<SubtitleSource>> OpenMuxList(const std::string& path, Findings* findings) {
   auto list = ReadMuxList(path);
   if (!list) return tl::unexpected(list.error());
-  if (warnings != nullptr) warnings->insert(warnings->end(), list->warnings.begin(), list->warnings.end());
+  if (findings != nullptr) findings->insert(findings->end(), list->findings.begin(), list->findings.end());
   return PacketsOf(std::move(*list));
 }
 

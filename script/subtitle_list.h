@@ -30,7 +30,7 @@
 //
 // Times. Players show one picture at a time. Cues are put in the order of their start, and a cue that ends after the
 // next one starts ends there instead. A cue that would then not be shown at all, because it ends no later than it
-// starts or starts together with the next, gets one millisecond: it stays in the stream, and the warnings count it.
+// starts or starts together with the next, gets one millisecond: it stays in the stream, and a finding counts it.
 #pragma once
 
 #include <array>
@@ -40,6 +40,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/finding.h"
 #include "base/result.h"
 #include "media/xsub/subtitle_source.h"
 #include "media/xsub/xsub_packet.h"
@@ -60,7 +61,7 @@ struct SubtitleList {
   SubtitleFrame frame;
   std::array<bool, 4> shown{false, true, true, true};  // entries of the bitmaps' colour tables
   std::vector<ListedCue> cues;                         // by their start times
-  std::vector<std::string> warnings;                   // what was changed of the list's times, and more
+  Findings findings;                                   // what had to be changed of it
 };
 
 enum class ListFrame {
@@ -89,8 +90,7 @@ std::string PathOf(const SubtitleList& list, const ListedCue& cue);
 // first; when there are none, it is shown whole.
 std::shared_ptr<SubtitleSource> PacketsOf(SubtitleList list);
 
-// The packets of a list of the muxer's form. Its warnings are added to `warnings`.
-Result<std::shared_ptr<SubtitleSource>> OpenMuxList(const std::string& path,
-                                                    std::vector<std::string>* warnings = nullptr);
+// The packets of a list of the muxer's form. What had to be changed is added to `findings`.
+Result<std::shared_ptr<SubtitleSource>> OpenMuxList(const std::string& path, Findings* findings = nullptr);
 
 }  // namespace captoria

@@ -1,20 +1,38 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What the tools said while the script ran.
+// The lines that the tools write to standard error, and the log in which the program finds them again.
+//
+//     divxmux: warning [damaged-video] "C:\film.avi", line 12: text
+//     divxmux: warning [damaged-video] "C:\film.avi": text
+//     divxmux: note [large-film]: text
+//
+// The kinds are those of NameOf. Inside the quotation marks a mark is doubled. Every control character, here and in the
+// text, is written as "\x" and two hexadecimal digits, so that it can neither break the line nor move the cursor of a
+// terminal; for that a backslash before an "x" is written "\x5C".
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
+
+#include "base/finding.h"
 
 namespace captoria {
 
-struct ScriptLog {
-  std::vector<std::string> last_lines;  // at most ten
-  std::vector<std::string> warnings;    // what a tool marked as such, without the mark
+// The line for `finding`, without a line end. `tool` is a name of lower-case letters and "-".
+std::string ToolLine(std::string_view tool, const Finding& finding);
+
+// The line for any other message of a tool: "divxmux: text".
+std::string ToolLine(std::string_view tool, std::string_view message);
+
+struct ToolLog {
+  std::vector<std::string> last_lines;  // at most ten, without the findings
+  Findings findings;                    // as they were given to ToolLine
 };
 
-// Of the log at `path`; empty when there is none. Only the last 64 KiB are looked at.
-ScriptLog ReadScriptLog(const std::string& path);
+// Reads the last 64 KiB of the log at `path`; empty if there is no log. Only a line that is exactly what ToolLine
+// writes counts as a finding.
+ToolLog ReadToolLog(const std::string& path);
 
 }  // namespace captoria

@@ -12,6 +12,7 @@
 #include "platform/input_file.h"
 #include "platform/terminal_progress.h"
 #include "script/subtitle_list.h"
+#include "script/tool_log.h"
 
 namespace captoria {
 namespace {
@@ -24,7 +25,8 @@ struct Options {
   std::string mode;
 };
 
-void Complain(const std::string& message) { std::fprintf(stderr, "bmptoxsub: %s\n", message.c_str()); }
+// What is said: a message or a finding.
+void Complain(const auto& said) { std::fprintf(stderr, "%s\n", ToolLine("bmptoxsub", said).c_str()); }
 
 // Nothing that is still to be read may be replaced.
 Result<void> CheckTarget(const Options& options, const SubtitleList& list) {
@@ -40,7 +42,7 @@ Result<void> Convert(const Options& options) {
   auto list = ReadConverterList(options.list, frame);
   if (!list) return tl::unexpected(list.error());
   if (auto fine = CheckTarget(options, *list); !fine) return fine;
-  for (const std::string& warning : list->warnings) Complain(warning);
+  for (const Finding& finding : list->findings) Complain(finding);
   TerminalProgress progress("Converting bitmaps...");
   return WriteXsubFile(options.out, *PacketsOf(std::move(*list)), progress);
 }

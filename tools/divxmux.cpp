@@ -16,6 +16,7 @@
 #include "script/divxmux_arguments.h"
 #include "script/progress_file.h"
 #include "script/subtitle_list.h"
+#include "script/tool_log.h"
 
 namespace captoria {
 namespace {
@@ -41,7 +42,8 @@ a stream keeps its name.
 Exit status: 0 done, 1 failed, 2 wrong usage, 130 interrupted.
 )";
 
-void Complain(const std::string& message) { std::fprintf(stderr, "divxmux: %s\n", message.c_str()); }
+// What is said: a message or a finding.
+void Complain(const auto& said) { std::fprintf(stderr, "%s\n", ToolLine("divxmux", said).c_str()); }
 
 bool IsSubtitle(const AviStream& stream) { return stream.IsXsub() || stream.header.type == "txts"; }
 
@@ -89,13 +91,7 @@ Result<MuxStream> SourceStream(const AviFile& film, const DivxMuxStream& wanted)
 
 Result<std::shared_ptr<SubtitleSource>> OpenSubtitle(const std::string& path, Findings& findings) {
   if (EndsIgnoringCase(path, ".xsub")) return OpenXsubFile(path);
-  if (EndsIgnoringCase(path, ".txt")) {
-    std::vector<std::string> changes;
-    auto list = OpenMuxList(path, &changes);
-    for (const std::string& change : changes)
-      findings.push_back({.kind = FindingKind::SubtitleChanged, .message = change});
-    return list;
-  }
+  if (EndsIgnoringCase(path, ".txt")) return OpenMuxList(path, &findings);
   if (EndsIgnoringCase(path, ".idx")) return OpenVobSub(path, &findings);
   return Failure(ErrorKind::Unsupported, path + ": is none of .xsub, .txt and .idx, so its form is not known");
 }
@@ -124,10 +120,10 @@ class ReportedProgress final : public JobProgress {
   ProgressFile file_;
 };
 
-Result<MuxReport> Run(const DivxMuxArguments& arguments) {
+// The size of the film in bytes.
+Result<std::uint64_t> Run(const DivxMuxArguments& arguments, Findings& findings) {
   const auto film = AviFile::Open(arguments.Video().path);
   if (!film) return tl::unexpected(film.error());
-  Findings findings;
   MuxJob job{.film = *film,
              .streams = {},
              .output = arguments.output,
@@ -141,9 +137,10 @@ Result<MuxReport> Run(const DivxMuxArguments& arguments) {
   const char* progress_file = std::getenv(kProgressVariable);
   TerminalProgress terminal("Writing the film:", TerminalProgress::Show::Percent);
   ReportedProgress progress(terminal, progress_file != nullptr ? progress_file : "");
-  auto report = Mux(job, progress);
-  if (report) report->findings.insert(report->findings.begin(), findings.begin(), findings.end());
-  return report;
+  const auto report = Mux(job, progress);
+  if (!report) return tl::unexpected(report.error());
+  findings.insert(findings.end(), report->findings.begin(), report->findings.end());
+  return report->size;
 }
 
 int Main(const std::vector<std::string>& words) {
@@ -157,14 +154,15 @@ int Main(const std::vector<std::string>& words) {
     std::fputs(arguments->help ? kHelp : "DivXMux of Captoria " CAPTORIA_VERSION "\n", stdout);
     return std::fflush(stdout) == 0 ? kDone : kFailed;
   }
-  const auto report = Run(*arguments);
-  if (!report) {
-    Complain(report.error().message);
-    return report.error().kind == ErrorKind::Cancelled ? kInterrupted : kFailed;
+  Findings findings;
+  const auto size = Run(*arguments, findings);
+  for (const Finding& finding : findings) Complain(finding);
+  if (!size) {
+    Complain(size.error().message);
+    return size.error().kind == ErrorKind::Cancelled ? kInterrupted : kFailed;
   }
-  for (const Finding& finding : report->findings) Complain("warning: " + Describe(finding));
   std::printf("%s: %zu stream(s), %llu bytes\n", arguments->output.c_str(), arguments->streams.size(),
-              static_cast<unsigned long long>(report->size));
+              static_cast<unsigned long long>(*size));
   return kDone;
 }
 

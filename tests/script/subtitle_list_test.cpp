@@ -44,6 +44,12 @@ std::string Bitmap(int width, int height, Pixel pixel) {
   return {out.Written().begin(), out.Written().end()};
 }
 
+std::vector<std::string> Described(const Findings& findings) {
+  std::vector<std::string> texts;
+  for (const Finding& finding : findings) texts.push_back(Describe(finding));
+  return texts;
+}
+
 class SubtitleListTest : public testing::Test {
  protected:
   Result<SubtitleList> Converter(const std::string& cues, ListFrame frame = ListFrame::AsListed) {
@@ -63,7 +69,7 @@ TEST_F(SubtitleListTest, TheConvertersFormGivesTimesSizeAndPlace) {
   EXPECT_EQ(cue.file, "bmp00001.bmp");
   EXPECT_EQ(cue.times, (XsubTimes{1000, 3500}));
   EXPECT_EQ((std::array{cue.width, cue.height, cue.x, cue.y}), (std::array{412, 62, 154, 469}));
-  EXPECT_THAT(list->warnings, IsEmpty());
+  EXPECT_THAT(list->findings, IsEmpty());
 
   const auto ntsc = ReadConverterList(folder_.Put("b.txt", Replaced(kConverterHead, "PAL\r\n", "NTSC\n")));
   ASSERT_TRUE(ntsc) << ntsc.error().message;
@@ -91,7 +97,7 @@ TEST_F(SubtitleListTest, TheMuxersFrameIsTheLowestTheCuesAllow) {
                           top_bottom.substr(space + 1) + ")\r\n");
     ASSERT_TRUE(list) << list.error().message;
     EXPECT_EQ(list->frame, (SubtitleFrame{640, height})) << rows;
-    EXPECT_EQ(list->warnings.empty(), top_bottom[0] != '0') << "a cue higher than its frame is told";
+    EXPECT_EQ(list->findings.empty(), top_bottom[0] != '0') << "a cue higher than its frame is told";
   }
 }
 
@@ -126,7 +132,7 @@ TEST_F(SubtitleListTest, OneCueIsShownAtATime) {
                                                                    {"c.bmp", {5000, 5001}},
                                                                    {"d.bmp", {6000, 6001}},
                                                                    {"e.bmp", {6000, 7000}}}));
-  EXPECT_THAT(list->warnings, ElementsAre(HasSubstr("a.txt: 1 cue cut"), HasSubstr("a.txt: 2 cues shown for a milli")));
+  EXPECT_THAT(Described(list->findings), ElementsAre(HasSubstr("a.txt: 1 cue cut"), HasSubstr("a.txt: 2 cues shown")));
 }
 
 TEST_F(SubtitleListTest, ErrorsNameFileAndLine) {
@@ -238,20 +244,20 @@ TEST_F(ListedBitmap, FaultsAreToldWithTheBitmapsName) {
   EXPECT_THAT(Packet("BM", 11).error().message, HasSubstr("a.bmp: "));
 }
 
-TEST_F(ListedBitmap, TheMuxersListGivesPacketsAndItsWarnings) {
+TEST_F(ListedBitmap, TheMuxersListGivesPacketsAndItsFindings) {
   folder_.Put("a.bmp", Bitmap(20, 10, [](int, int) { return 1; }));
-  std::vector<std::string> warnings;
+  Findings findings;
   const auto source =
       OpenMuxList(folder_.Put("a.txt", std::string{kMuxHead} + "00:00:01.000 00:00:03.500 a.bmp (000 540 019 549)\r\n"
                                                                "00:00:01.000 00:00:03.500 b.bmp (000 540 019 549)\r\n"),
-                  &warnings);
+                  &findings);
   ASSERT_TRUE(source) << source.error().message;
   EXPECT_EQ((*source)->Frame(), (SubtitleFrame{640, 576}));
   EXPECT_EQ((*source)->Count(), 2U);
   EXPECT_EQ((*source)->ShowTime(0), 1000);
   EXPECT_TRUE((*source)->Packet(0));
   EXPECT_EQ((*source)->Packet(1).error().kind, ErrorKind::NotFound);
-  EXPECT_EQ(warnings.size(), 1U);
+  EXPECT_THAT(Described(findings), ElementsAre(HasSubstr("a.txt: 1 cue shown for a millisecond")));
 }
 
 }  // namespace

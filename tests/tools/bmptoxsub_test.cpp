@@ -59,7 +59,8 @@ TEST_F(BmpToXsub, WritesAPacketACueAndTellsWhatItChanged) {
   const auto run = Convert();
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.out, "");
-  EXPECT_EQ(run.err, "bmptoxsub: " + list_ + ": 1 cue cut short where the next one starts\n");
+  EXPECT_EQ(run.err,
+            "bmptoxsub: warning [subtitle-changed] \"" + list_ + "\": 1 cue cut short where the next one starts\n");
   EXPECT_THAT(Tops(), ElementsAre(514, 574));
   EXPECT_EQ((*OpenXsubFile(out_))->Frame(), (SubtitleFrame{720, 576}));
 }

@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "media/avi/avi_file.h"
+#include "script/tool_log.h"
 #include "tests/support/run_program.h"
 
 namespace captoria {
@@ -60,6 +61,20 @@ TEST_F(DivxMuxProgram, PutsTheNamedStreamsTogether) {
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_THAT(run.out, HasSubstr("3 stream(s)"));
   EXPECT_THAT(Names("out.divx"), ElementsAre("FMP4 Video", EndsWith("Audio - Spanish"), "DXSB Subtitle - en;02"));
+}
+
+TEST_F(DivxMuxProgram, WhatItNoticesCanBeReadBack) {
+  std::filesystem::resize_file(film_, std::filesystem::file_size(film_) / 2);
+  const std::string list = folder_.Get("list.txt");
+  const std::string two = folder_.Put("two.txt", list + list.substr(list.find("00:")));
+  const auto run = Run({"-v", "()", film_, "-s", "()", two});
+  EXPECT_EQ(run.status, 0);
+  const Findings findings = ReadToolLog(folder_.Put("log", run.err)).findings;
+  ASSERT_GE(findings.size(), 2U) << run.err;
+  EXPECT_EQ(NameOf(findings[0].kind), "subtitle-changed");
+  EXPECT_EQ(findings[0].file, two);
+  EXPECT_EQ(NameOf(findings[1].kind), "damaged-video");
+  EXPECT_EQ(findings[1].file, film_);
 }
 
 TEST_F(DivxMuxProgram, ProfileComesFromTheEnvironmentToo) {
