@@ -35,9 +35,14 @@ int LineHeight(const std::shared_ptr<FontCollection>& fonts, const BitmapJob& jo
   return bitmap.Surface().Measure("Haik", {}, kCalculateRectangle).Height();
 }
 
+ListColors ColorsOf(const TrackStyle& style) {
+  const auto components = [](const Color& color) { return std::array{color.red, color.green, color.blue}; };
+  return {components(style.ForeColor), components(style.OutlineColor), components(style.ShadowColor)};
+}
+
 Result<void> WriteList(const BitmapJob& job, int number, int line_height, std::span<const RenderedSize> sizes) {
   const SubtitleTrack& track = job.tracks[static_cast<std::size_t>(number)];
-  std::string list = ListHeader(job.form, track.style, job.system);
+  std::string list = ListHeader(job.form, ColorsOf(track.style), job.system);
   for (std::size_t i = 0; i < sizes.size(); ++i) {
     const SubtitleCue& cue = track.cues[i];
     const FramePlace place = PlaceOnFrame({job.bitmap.width, job.frame_height}, track.style, cue.Tag,

@@ -10,8 +10,8 @@
 
 #include "base/job_progress.h"
 #include "base/result.h"
-#include "pipeline/list_text.h"
 #include "render/cue_batch.h"
+#include "script/list_text.h"
 #include "subtitles/subtitle_track.h"
 
 namespace captoria {

@@ -14,11 +14,8 @@
 namespace captoria {
 namespace {
 
-constexpr const char* kLineEnd = "\r\n";
 constexpr const char* kExtension = ".divx";
 constexpr std::size_t kLongestName = 255;  // bytes, on the file systems of our time
-
-std::string Quoted(const std::string& path) { return "\"" + path + "\""; }
 
 // What the script's quoting would not bring across is replaced: a name is there to be read.
 std::string Readable(std::string title) {
@@ -36,30 +33,34 @@ std::string TitleOf(const StreamRow& row, std::string_view beginning) {
 }
 
 std::string SourceOf(const MuxScript& script, int number, const SubtitleTrack& track) {
-  if (track.IsIdx()) return Quoted(track.path);
+  if (track.IsIdx()) return track.path;
   return script.form == ListForm::Converter ? XsubFileName(number) : ListFileName(number);
 }
 
-std::string MuxCommand(const MuxScript& script) {
-  const std::string video = Quoted(script.avi_path);
+DivxMuxArguments ArgumentsOf(const MuxScript& script) {
+  using Kind = DivxMuxStream::Kind;
+  DivxMuxArguments arguments;
   const std::string title = script.streams.empty() ? std::string{} : TitleOf(script.streams.front(), "video");
-  std::string command = "divxmux.exe -v (" + title + ") " + video;
+  arguments.streams.push_back({.kind = Kind::Video, .title = title, .path = script.avi_path});
   int subtitles = 0, sounds = 0;
   for (const StreamRow& row : script.streams) {
     if (row.type == StreamType::Subtitle) {
-      command += " -s #" + std::to_string(++subtitles) + " (" + TitleOf(row, "subtitle") + ") " + video;
+      arguments.streams.push_back({Kind::Subtitle, ++subtitles, TitleOf(row, "subtitle"), script.avi_path});
     } else if (row.type == StreamType::Audio) {
-      command += " -a #" + std::to_string(++sounds) + " (" + TitleOf(row, "audio") + ") " + video;
+      arguments.streams.push_back({Kind::Audio, ++sounds, TitleOf(row, "audio"), script.avi_path});
     }
   }
   int number = 0;
   for (const SubtitleTrack& track : script.tracks) {
     if (track.HasFile()) {
-      command += " -s (" + Readable(SubtitleTitle(track.style)) + ") " + SourceOf(script, number, track);
+      arguments.streams.push_back({.kind = Kind::NewSubtitle,
+                                   .title = Readable(SubtitleTitle(track.style)),
+                                   .path = SourceOf(script, number, track)});
     }
     ++number;
   }
-  return command + " -o " + Quoted(script.output);
+  arguments.output = script.output;
+  return arguments;
 }
 
 }  // namespace
@@ -102,17 +103,19 @@ Result<void> CheckNames(const MuxScript& script) {
 }
 
 std::string TextOf(const MuxScript& script) {
-  std::string text = script.program_folder.substr(0, 2) + kLineEnd + "cd " + Quoted(script.temp_folder) + kLineEnd;
+  MuxScriptText text{.program_folder = script.program_folder,
+                     .temp_folder = script.temp_folder,
+                     .converters{},
+                     .mux = ArgumentsOf(script),
+                     .pause = script.pause};
   int number = 0;
   for (const SubtitleTrack& track : script.tracks) {
     if (script.form == ListForm::Converter && track.IsRendered()) {
-      text += "bmptoxsub.exe " + ListFileName(number) + " " + XsubFileName(number) +
-              (script.pal_mode1 ? " PALMODE1" : "") + kLineEnd;
+      text.converters.push_back({ListFileName(number), XsubFileName(number), script.pal_mode1});
     }
     ++number;
   }
-  text += MuxCommand(script) + kLineEnd;
-  return script.pause ? text + "pause" + kLineEnd : text;
+  return ComposeMuxScript(text);
 }
 
 }  // namespace captoria

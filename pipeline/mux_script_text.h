@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The script "divxmux.bat", whose commands turn a video and the files of the bitmap job into the film. What reads it is
-// script/mux_script.h.
+// The script "divxmux.bat", whose commands turn a video and the files of the bitmap job into the film.
+// script/mux_script.h writes and reads it.
 #pragma once
 
 #include <span>
@@ -11,8 +11,8 @@
 
 #include "base/result.h"
 #include "pipeline/avi_inspection.h"
-#include "pipeline/list_text.h"
 #include "pipeline/temp_folder.h"
+#include "script/list_text.h"
 #include "subtitles/subtitle_track.h"
 
 namespace captoria {

@@ -9,6 +9,8 @@
 #include <optional>
 #include <string_view>
 
+#include "base/ascii.h"
+
 namespace captoria {
 namespace {
 
@@ -19,6 +21,27 @@ constexpr std::string_view kProfile = "--profile";
 tl::unexpected<Error> Wrong(std::string message) { return Failure(ErrorKind::Unsupported, std::move(message)); }
 
 std::string Quoted(std::string_view text) { return "\"" + std::string{text} + "\""; }
+
+// A name that means one word to every command interpreter, and no path.
+bool IsPlainWord(std::string_view name) {
+  return std::ranges::all_of(
+      name, [](char c) { return IsDigit(c) || (LowerAscii(c) >= 'a' && LowerAscii(c) <= 'z') || c == '.'; });
+}
+
+std::string Words(const DivxMuxStream& stream) {
+  const std::string title = "(" + stream.title + ") ", number = "#" + std::to_string(stream.number) + " ";
+  switch (stream.kind) {
+    case Kind::Video:
+      return " -v " + title + Quoted(stream.path);
+    case Kind::Audio:
+      return " -a " + number + title + Quoted(stream.path);
+    case Kind::Subtitle:
+      return " -s " + number + title + Quoted(stream.path);
+    case Kind::NewSubtitle:
+      break;
+  }
+  return " -s " + title + (IsPlainWord(stream.path) ? stream.path : Quoted(stream.path));
+}
 
 bool IsOption(std::string_view argument) {
   constexpr std::array<std::string_view, 4> kOptions{"-v", "-a", "-s", "-o"};
@@ -132,6 +155,13 @@ const DivxMuxStream& DivxMuxArguments::Video() const {
 Result<DivxMuxArguments> ParseDivxMuxArguments(std::span<const std::string> arguments,
                                                const std::string& environment_profile) {
   return Parser(arguments).Run(environment_profile);
+}
+
+std::string ComposeDivxMuxCommand(const DivxMuxArguments& arguments) {
+  std::string command = "divxmux.exe";
+  for (const DivxMuxStream& stream : arguments.streams) command += Words(stream);
+  if (arguments.hardware_profile) command += " --profile hardware";
+  return command + " -o " + Quoted(arguments.output);
 }
 
 }  // namespace captoria

@@ -23,6 +23,8 @@ struct DivxMuxStream {
   int number = 1;     // among the streams of its kind in the video, from 1; of no meaning for new subtitles
   std::string title;  // without the parentheses; may be empty
   std::string path;   // of the video, or where the new subtitles are
+
+  bool operator==(const DivxMuxStream&) const = default;
 };
 
 struct DivxMuxArguments {
@@ -33,11 +35,18 @@ struct DivxMuxArguments {
   std::string output;
 
   const DivxMuxStream& Video() const;
+  bool operator==(const DivxMuxArguments&) const = default;
 };
 
 // `arguments` come without the program's name. `environment_profile` counts where no --profile is given. An error says
 // what is wrong or missing.
 Result<DivxMuxArguments> ParseDivxMuxArguments(std::span<const std::string> arguments,
                                                const std::string& environment_profile = {});
+
+// The command as it stands in a script, "divxmux.exe -v (Video) "D:\m\movie.avi" ...": what ParseDivxMuxArguments
+// reads as `arguments` once the script's reader has taken it apart, except that runs of blanks in a title come out as
+// one. Paths stand in quotation marks unless they name new subtitles in the script's own folder. Neither paths nor
+// titles may hold a quotation mark or a line end.
+std::string ComposeDivxMuxCommand(const DivxMuxArguments& arguments);
 
 }  // namespace captoria

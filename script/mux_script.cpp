@@ -107,6 +107,18 @@ Result<std::vector<MuxScriptStep>> ReadMuxScript(const std::string& path) {
   return steps;
 }
 
+std::string ComposeMuxScript(const MuxScriptText& script) {
+  std::vector<std::string> lines{script.program_folder.substr(0, 2), "cd \"" + script.temp_folder + "\""};
+  for (const ConverterCall& call : script.converters) {
+    lines.push_back("bmptoxsub.exe " + call.list + " " + call.xsub + (call.pal_mode1 ? " PALMODE1" : ""));
+  }
+  lines.push_back(ComposeDivxMuxCommand(script.mux));
+  if (script.pause) lines.emplace_back("pause");
+  std::string text;
+  for (const std::string& line : lines) text.append(line).append(kCrLf);
+  return text;
+}
+
 bool CanBeQuoted(std::string_view path) {
   constexpr std::string_view kBreakers{"\"\r\n\0", 4};
   return path.find_first_of(kBreakers) == path.npos;

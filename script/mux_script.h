@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The mux script "divxmux.bat" as a list of steps:
+// The mux script "divxmux.bat": what is written into it, and what is read from it as a list of steps.
 //
 //     C:
 //     cd "C:\Captoria\tmp"
@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "base/result.h"
+#include "script/divxmux_arguments.h"
 
 namespace captoria {
 
@@ -44,6 +45,24 @@ Result<std::vector<MuxScriptStep>> ParseMuxScript(std::string_view text);
 
 // The same for a file of at most 1 MiB; errors begin with `path`.
 Result<std::vector<MuxScriptStep>> ReadMuxScript(const std::string& path);
+
+// A call of the bitmap converter, with names of files in the script's folder.
+struct ConverterCall {
+  std::string list;
+  std::string xsub;
+  bool pal_mode1 = false;
+};
+
+struct MuxScriptText {
+  std::string program_folder;  // of which the script gets the drive
+  std::string temp_folder;     // where the tools run
+  std::vector<ConverterCall> converters;
+  DivxMuxArguments mux;
+  bool pause = false;  // at the end
+};
+
+// The text of a script. Every path in it can be quoted.
+std::string ComposeMuxScript(const MuxScriptText& script);
 
 // Whether a script can carry `path` between quotation marks: it holds no such mark, line break or zero byte.
 bool CanBeQuoted(std::string_view path);

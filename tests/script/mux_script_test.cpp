@@ -114,6 +114,35 @@ TEST(MuxScript, ErrorsOfAFileBeginWithItsName) {
   EXPECT_THAT(ReadMuxScript(path).error().message, StartsWith(path + ": line 1: "));
 }
 
+TEST(MuxScript, IsReadBackAsItWasWritten) {
+  using Stream = DivxMuxStream::Kind;
+  const std::string film = "D:\\m & n\\movie.avi";
+  const MuxScriptText script{.program_folder = "C:\\Tools",
+                             .temp_folder = "C:\\Tools\\my tmp",
+                             .converters = {{"linkerfile0.txt", "aXsub0.xsub", true}, {"l1.txt", "aXsub1.xsub"}},
+                             .mux{.hardware_profile = true,
+                                  .streams = {{Stream::Video, 1, "", film},
+                                              {Stream::Subtitle, 1, "Subtitle (old) -s", film},
+                                              {Stream::Audio, 2, "Audio", film},
+                                              {Stream::NewSubtitle, 1, "Subtitle - en;02", "aXsub0.xsub"},
+                                              {Stream::NewSubtitle, 1, "", "a-b.idx"}},
+                                  .output = "D:\\m & n\\movie.divx"},
+                             .pause = true};
+  const std::string text = ComposeMuxScript(script);
+  EXPECT_EQ(text,
+            "C:\r\ncd \"C:\\Tools\\my tmp\"\r\n"
+            "bmptoxsub.exe linkerfile0.txt aXsub0.xsub PALMODE1\r\nbmptoxsub.exe l1.txt aXsub1.xsub\r\n"
+            "divxmux.exe -v () \"D:\\m & n\\movie.avi\" -s #1 (Subtitle (old) -s) \"D:\\m & n\\movie.avi\" "
+            "-a #2 (Audio) \"D:\\m & n\\movie.avi\" -s (Subtitle - en;02) aXsub0.xsub -s () \"a-b.idx\" "
+            "--profile hardware -o \"D:\\m & n\\movie.divx\"\r\npause\r\n");
+  const auto steps = ParseMuxScript(text);
+  ASSERT_TRUE(steps) << steps.error().message;
+  const Words& command = steps->at(4).words;
+  const auto mux = ParseDivxMuxArguments(std::span{command}.subspan(1));
+  ASSERT_TRUE(mux) << mux.error().message;
+  EXPECT_EQ(*mux, script.mux);
+}
+
 TEST(MuxScript, WhatCanBeQuotedIsReadBackAsOneWord) {
   for (const std::string path : {"/m/a b.avi", "C:\\a\\", "/m/it's (1) & 100% ^.avi", "\xFF", "  ", "/a\\"}) {
     ASSERT_TRUE(CanBeQuoted(path)) << path;

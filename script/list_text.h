@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The list of a track's bitmaps, in the two forms that the tools read: which bitmap is shown from when to when, and
-// where on the frame.
+// Writes the list files that script/list_parser.h reads: which bitmap is shown from when to when, and where on the
+// frame.
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
-
-#include "settings/track_style.h"
 
 namespace captoria {
 
@@ -16,6 +16,9 @@ enum class ListForm {
   Converter,  // for bmptoxsub.exe
   Mux,        // for DivXMux.exe itself
 };
+
+// Red, green and blue of the entries 1 to 3: letters, outline and shadow.
+using ListColors = std::array<std::array<std::uint8_t, 3>, 3>;
 
 // A bitmap and its place; pixels of the frame.
 struct ListEntry {
@@ -29,7 +32,7 @@ struct ListEntry {
 };
 
 // All before the first cue. `system` is "NTSC" or "PAL".
-std::string ListHeader(ListForm form, const TrackStyle& style, std::string_view system);
+std::string ListHeader(ListForm form, const ListColors& colors, std::string_view system);
 
 // One line with its end.
 std::string ListLine(ListForm form, const ListEntry& cue);

@@ -1,18 +1,18 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "pipeline/list_text.h"
+#include "script/list_text.h"
 
 #include <algorithm>
+
+#include "base/ascii.h"
 
 namespace captoria {
 namespace {
 
-constexpr const char* kLineEnd = "\r\n";
-
 // "(255, 255, 255)"
-std::string Components(const Color& color) {
-  return "(" + std::to_string(color.red) + ", " + std::to_string(color.green) + ", " + std::to_string(color.blue) + ")";
+std::string Components(const ListColors::value_type& color) {
+  return "(" + std::to_string(color[0]) + ", " + std::to_string(color[1]) + ", " + std::to_string(color[2]) + ")";
 }
 
 std::string ThreeDigits(int number) {
@@ -27,26 +27,25 @@ std::string WithPoint(std::string_view time) {
   return text;
 }
 
-// The entries 1 to 3, with `between` behind each number.
-std::string PaletteLines(const TrackStyle& style, std::string_view between) {
+// The entries 1 to 3, with `between` after each number.
+std::string PaletteLines(const ListColors& colors, std::string_view between) {
   std::string lines;
   int number = 1;
-  for (const Color& color : {style.ForeColor, style.OutlineColor, style.ShadowColor}) {
-    lines += std::to_string(number++).append(between) + Components(color) + kLineEnd;
-  }
+  for (const auto& color : colors)
+    lines += (std::to_string(number++).append(between) + Components(color)).append(kCrLf);
   return lines;
 }
 
 }  // namespace
 
-std::string ListHeader(ListForm form, const TrackStyle& style, std::string_view system) {
+std::string ListHeader(ListForm form, const ListColors& colors, std::string_view system) {
   if (form == ListForm::Mux) {
-    return "0 = (0, 0, 0)\r\n" + PaletteLines(style, " = ") + "\r\nSUBPALETTE (0 1 2 3)\r\n";
+    return "0 = (0, 0, 0)\r\n" + PaletteLines(colors, " = ") + "\r\nSUBPALETTE (0 1 2 3)\r\n";
   }
   return std::string{"[HEADER]\r\nTITLE\r\nFRAMERATE "}.append(system) +
          "\r\nDROPFRAME NO\r\nCONTRAST    (0 15 15 15)\r\nCOLOR       (0 2 1 3)\r\n\r\n"
          "[PALETTE]\r\n0 (0, 0, 255)\r\n" +
-         PaletteLines(style, " ") + "\r\n[LIST]\r\n";
+         PaletteLines(colors, " ") + "\r\n[LIST]\r\n";
 }
 
 std::string ListLine(ListForm form, const ListEntry& cue) {
@@ -59,7 +58,7 @@ std::string ListLine(ListForm form, const ListEntry& cue) {
     line = std::string{cue.bitmap} + " " + times + " " + ThreeDigits(cue.width) + " " + ThreeDigits(cue.height) + " " +
            ThreeDigits(cue.x) + " " + ThreeDigits(cue.y);
   }
-  return line + kLineEnd;
+  return line.append(kCrLf);
 }
 
 }  // namespace captoria
