@@ -18,10 +18,11 @@ namespace {
 
 Result<void> FillTrack(SubtitleTrack& track, const std::string& file, const LoadOptions& options) {
   CueSource source;
-  std::vector<SubtitleCue> cues, outside;
+  std::vector<SubtitleCue> cues;
+  std::vector<OutsideRow> outside;
   if (IsIdxFile(file)) {
     cues.push_back(IdxPlaceholder());
-    outside.push_back(IdxPlaceholder());
+    outside.push_back({});
   } else {
     auto read = ReadSubtitleFile(file, {.charset = track.style.font.charset, .forced = options.encoding});
     if (!read) return tl::unexpected(read.error());

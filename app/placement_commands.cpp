@@ -4,38 +4,39 @@
 #include "app/placement_commands.h"
 
 #include <string>
-#include <string_view>
 
 namespace captoria {
 namespace {
 
-// Rewrites the tag of every cue that is selected in the list of all cues, or in that of those outside the safe area. A
-// cue of the latter stands in both lists, in the same order, and has one tag.
-template <typename Rewrite>
-void RewriteSelected(SubtitleTrack& track, bool selected_outside, const Rewrite& rewrite) {
-  auto outside = track.outside.begin();
+// Calls `change` for every cue that is selected in the list of all cues.
+template <typename Change>
+void ChangeSelected(SubtitleTrack& track, const Change& change) {
   for (SubtitleCue& cue : track.cues) {
-    const bool both = outside != track.outside.end() && outside->Number == cue.Number;
-    if (selected_outside ? both && outside->Selected : cue.Selected) {
-      cue.Tag = rewrite(cue.Tag);
-      if (both) outside->Tag = rewrite(outside->Tag);
-    }
-    if (both) ++outside;
+    if (cue.Selected) change(cue);
+  }
+}
+
+// The same for the list of the cues outside the safe area, which has a selection of its own.
+template <typename Change>
+void ChangeSelectedOutside(SubtitleTrack& track, const Change& change) {
+  for (const OutsideRow& outside : track.outside) {
+    if (outside.Selected) change(track.cues[outside.row]);
   }
 }
 
 }  // namespace
 
 void SetAlignForSelectedSubs(Session& session, Alignment align) {
-  RewriteSelected(session.tracks.Current(), session.only_outside,
-                  [&](std::string_view tag) { return WithOwnAlignment(tag, align); });
+  const auto change = [&](SubtitleCue& cue) { cue.Tag = WithOwnAlignment(cue.Tag, align); };
+  SubtitleTrack& track = session.tracks.Current();
+  session.only_outside ? ChangeSelectedOutside(track, change) : ChangeSelected(track, change);
 }
 
 void RunPosAlCommand(Session& session, const PlacementCommand& command) {
   std::string own;
   if (command.toChangePos) own += std::to_string(command.position);
   if (command.toChangeAl) own += command.alignment;
-  RewriteSelected(session.tracks.Current(), false, [&](std::string_view tag) { return WithPlacementText(tag, own); });
+  ChangeSelected(session.tracks.Current(), [&](SubtitleCue& cue) { cue.Tag = WithPlacementText(cue.Tag, own); });
 }
 
 }  // namespace captoria

@@ -28,9 +28,19 @@ void TellOutsideCues(Session& session, int outside) {
 
 void ShowEditOnly(Session& session, bool only_outside) { session.only_outside = only_outside; }
 
-std::span<SubtitleCue> ShownCues(Session& session) {
+std::size_t ShownCount(const Session& session) {
+  const SubtitleTrack& track = session.tracks.Current();
+  return session.only_outside ? track.outside.size() : track.cues.size();
+}
+
+SubtitleCue& ShownCue(Session& session, std::size_t row) {
   SubtitleTrack& track = session.tracks.Current();
-  return session.only_outside ? track.outside : track.cues;
+  return track.cues[session.only_outside ? track.outside[row].row : row];
+}
+
+bool& ShownSelected(Session& session, std::size_t row) {
+  SubtitleTrack& track = session.tracks.Current();
+  return session.only_outside ? track.outside[row].Selected : track.cues[row].Selected;
 }
 
 void ToggleFitFont(Session& session) {

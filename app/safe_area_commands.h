@@ -4,7 +4,7 @@
 // What the user does about cues beyond the safe viewing area: check, look at those alone, fit them or not.
 #pragma once
 
-#include <span>
+#include <cstddef>
 
 #include "app/session.h"
 #include "base/result.h"
@@ -23,8 +23,10 @@ void TellOutsideCues(Session& session, int outside);
 // Shows the cues outside alone, or all cues.
 void ShowEditOnly(Session& session, bool only_outside);
 
-// The rows of the current track that are shown.
-std::span<SubtitleCue> ShownCues(Session& session);
+// The list on screen: its number of rows, the cue of a row, and whether the row is selected there.
+std::size_t ShownCount(const Session& session);
+SubtitleCue& ShownCue(Session& session, std::size_t row);
+bool& ShownSelected(Session& session, std::size_t row);
 
 // Fits the cues of the current track from now on, or no longer.
 void ToggleFitFont(Session& session);

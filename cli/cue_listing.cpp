@@ -102,11 +102,11 @@ bool ListCuesAsJson(const SubtitleTrack& track, const ListingSink& sink) {
   out.Add("{\"file\":" + Serialized(track.path) + ",\"encoding\":" + Serialized(encoding));
   out.Add(",\"undecodable\":" + std::to_string(track.source.undecodable) + ",\"cues\":[");
   std::string line = "\n";
-  auto next_outside = track.outside.begin();  // rows of the same cues, in the same order
-  for (const SubtitleCue& cue : track.cues) {
-    const bool outside = next_outside != track.outside.end() && next_outside->Number == cue.Number;
+  auto next_outside = track.outside.begin();
+  for (std::size_t row = 0; row < track.cues.size(); ++row) {
+    const bool outside = next_outside != track.outside.end() && next_outside->row == row;
     if (outside) ++next_outside;
-    AddAsJson(cue, outside, line);
+    AddAsJson(track.cues[row], outside, line);
     out.Add(line);
     line = ",\n";
   }

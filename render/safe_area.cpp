@@ -21,16 +21,17 @@ constexpr int kSmallestSize = 5;
 // Cues with the same text fit alike, so each text is measured once a size.
 struct SharedText {
   std::string_view text;
-  std::vector<std::size_t> outside_rows;  // of the cues with this text
+  std::vector<std::size_t> rows;  // of the cues with this text
 };
 
-std::vector<SharedText> OutsideTexts(const std::vector<SubtitleCue>& outside) {
+std::vector<SharedText> OutsideTexts(const SubtitleTrack& track) {
   std::vector<SharedText> texts;
   std::unordered_map<std::string_view, std::size_t> place;
-  for (std::size_t row = 0; row < outside.size(); ++row) {
-    const auto [known, added] = place.try_emplace(outside[row].Text, texts.size());
-    if (added) texts.push_back({outside[row].Text, {}});
-    texts[known->second].outside_rows.push_back(row);
+  for (const OutsideRow& outside : track.outside) {
+    const std::string_view text = track.cues[outside.row].Text;
+    const auto [known, added] = place.try_emplace(text, texts.size());
+    if (added) texts.push_back({text, {}});
+    texts[known->second].rows.push_back(outside.row);
   }
   return texts;
 }
@@ -57,16 +58,15 @@ class AreaTest {
   Rect area_;
 };
 
-void Fit(SubtitleTrack& track, const std::vector<std::size_t>& cue_of_row, AreaTest& test) {
-  std::vector<SharedText> texts = OutsideTexts(track.outside);
+void Fit(SubtitleTrack& track, AreaTest& test) {
+  std::vector<SharedText> texts = OutsideTexts(track);
   for (int size = RoundToInt(track.style.font.size) - 1; size >= kSmallestSize && !texts.empty(); --size) {
     test.SetSize(size);
     std::erase_if(texts, [&](const SharedText& shared) {
       if (!test.Test(shared.text).fits) return false;
-      for (const std::size_t row : shared.outside_rows) {
-        SubtitleCue& cue = track.cues[cue_of_row[row]];
+      for (const std::size_t row : shared.rows) {
+        SubtitleCue& cue = track.cues[row];
         cue.Tag = WithFittingPart(cue.Tag, TextOfNumber(static_cast<double>(size)));
-        track.outside[row].Tag = cue.Tag;
       }
       return true;
     });
@@ -81,7 +81,6 @@ SafeAreaCheck ReCheckSrt(SubtitleTrack& track, SubtitleBitmap& bitmap) {
   AreaTest test(bitmap, track.style);
   QuickFit quick(bitmap.Surface(), track.style.font, test.Area());
   std::unordered_map<std::string_view, TextFit> known;
-  std::vector<std::size_t> cue_of_row;
   for (std::size_t i = 0; i < track.cues.size(); ++i) {
     SubtitleCue& cue = track.cues[i];
     cue.Tag = WithFittingPart(cue.Tag, "");
@@ -90,12 +89,11 @@ SafeAreaCheck ReCheckSrt(SubtitleTrack& track, SubtitleBitmap& bitmap) {
     if (added) fit->second = test.Test(cue.Text);
     check.has_font_tag = check.has_font_tag || fit->second.has_font_tag;
     if (fit->second.fits) continue;
-    track.outside.push_back({cue.Number, cue.Show, cue.Hide, cue.Text, {}, false});
-    cue_of_row.push_back(i);
+    track.outside.push_back({.row = i});
   }
   if (check.has_font_tag) track.style.ShadowBevel = 0;
   check.outside = static_cast<int>(track.outside.size());
-  Fit(track, cue_of_row, test);
+  Fit(track, test);
   bitmap.SetDibProp(track.style, 2);
   return check;
 }

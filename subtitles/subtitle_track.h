@@ -23,10 +23,17 @@ struct CueSource {
   std::optional<SrtProblem> problem;
 };
 
+// A row of the list that shows only the cues outside the safe viewing area. The cue itself is in the list of all cues;
+// each list has a selection of its own.
+struct OutsideRow {
+  std::size_t row = 0;  // index into the track's cues
+  bool Selected = false;
+};
+
 struct SubtitleTrack {
-  std::string path;                  // empty while no file was loaded
-  std::vector<SubtitleCue> cues;     // all, in file order
-  std::vector<SubtitleCue> outside;  // those beyond the safe viewing area
+  std::string path;                 // empty while no file was loaded
+  std::vector<SubtitleCue> cues;    // all, in file order
+  std::vector<OutsideRow> outside;  // in ascending order
   CueSource source;
   TrackStyle style;
   Font list_font;  // of both lists

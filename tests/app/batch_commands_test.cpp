@@ -25,7 +25,7 @@ class BatchCommands : public testing::Test {
     for (const char* text : {"One", "Two\r\nlines", "- And\r\n- two"}) {
       cues().push_back({std::to_string(cues().size() + 1), {}, {}, text, "12|40l"});
     }
-    session_.tracks.Current().outside = {cues()[1]};
+    session_.tracks.Current().outside = {{.row = 1}, {.row = 2}};
   }
 
   std::vector<SubtitleCue>& cues() { return session_.tracks.Current().cues; }
@@ -53,7 +53,7 @@ struct PlacementRow {
   std::string placed;
 };
 
-TEST_F(BatchCommands, APlacementReplacesTheOwnOneOfSelectedCuesInBothLists) {
+TEST_F(BatchCommands, APlacementReplacesTheOwnOneOfCuesSelectedInTheListOfAll) {
   for (const PlacementRow& row : {PlacementRow{"position", "12|40l", {25, "c", true, false}, "12|25"},
                                   PlacementRow{"alignment", "12|40l", {25, "c", false, true}, "12|c"},
                                   PlacementRow{"both", "12|40l", {25, "c", true, true}, "12|25c"},
@@ -62,12 +62,22 @@ TEST_F(BatchCommands, APlacementReplacesTheOwnOneOfSelectedCuesInBothLists) {
                                   PlacementRow{"any text", "", {-3, "Left", true, true}, "|-3Left"}}) {
     for (SubtitleCue& cue : cues()) cue.Tag = row.tag;
     cues()[1].Selected = true;
+    session_.tracks.Current().outside[1].Selected = true;
     session_.only_outside = true;
-    session_.tracks.Current().outside[0].Tag = row.tag;
     RunPosAlCommand(session_, row.command);
     EXPECT_THAT(Tags(), ElementsAre(row.tag, row.placed, row.tag)) << row.name;
-    EXPECT_EQ(session_.tracks.Current().outside[0].Tag, row.placed) << row.name;
   }
+}
+
+TEST_F(BatchCommands, AnAlignmentGoesToWhatIsSelectedInTheListOnScreen) {
+  session_.tracks.Current().outside[1].Selected = true;
+  cues()[0].Selected = cues()[1].Selected = true;
+  session_.only_outside = true;
+  SetAlignForSelectedSubs(session_, Alignment::Right);
+  EXPECT_THAT(Tags(), ElementsAre("12|40l", "12|40l", "12|40r"));
+  session_.only_outside = false;
+  SetAlignForSelectedSubs(session_, Alignment::Center);
+  EXPECT_THAT(Tags(), ElementsAre("12|40c", "12|40c", "12|40r"));
 }
 
 TEST_F(BatchCommands, RunInOrderPastFaultyLines) {

@@ -16,7 +16,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 std::string FileOf(const std::vector<std::string>& texts) {
   std::string file;
@@ -60,12 +59,15 @@ TEST_F(SafeAreaCommands, AFontColourIsToldAndTakesTheShadow) {
 }
 
 TEST_F(SafeAreaCommands, TheViewOfCuesOutsideEndsWhenNoneIsLeft) {
-  MessagesOfLoading({wide_, "short"}, true);
-  EXPECT_THAT(ShownCues(session_), SizeIs(2));
+  MessagesOfLoading({"short", wide_}, true);
+  EXPECT_EQ(ShownCount(session_), 2u);
+  ShownSelected(session_, 0) = true;
   ShowEditOnly(session_, true);
-  EXPECT_THAT(ShownCues(session_), SizeIs(1));
+  EXPECT_EQ(ShownCount(session_), 1u);
+  EXPECT_EQ(ShownCue(session_, 0).Text, wide_);
+  EXPECT_FALSE(ShownSelected(session_, 0)) << "each list has a selection of its own";
   MessagesOfLoading({wide_, wide_, "short"}, true);
-  EXPECT_THAT(ShownCues(session_), SizeIs(2)) << "still those outside alone";
+  EXPECT_EQ(ShownCount(session_), 2u) << "still those outside alone";
   MessagesOfLoading({"short"}, true);
   EXPECT_FALSE(session_.only_outside);
 }

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QStyle>
+#include <algorithm>
 
 #include "app/safe_area_commands.h"
 #include "ui/texts/hidden_text.h"
@@ -34,11 +35,6 @@ CueModel::CueModel(Session& session, QWidget* parent)
 
 void CueModel::Reset() {
   beginResetModel();
-  outside_.clear();
-  const SubtitleTrack& track = session_.tracks.Current();
-  if (!track.IsIdx()) {
-    for (const SubtitleCue& cue : track.outside) outside_.insert(cue.Number);
-  }
   endResetModel();
 }
 
@@ -47,8 +43,15 @@ void CueModel::Refresh() {
 }
 
 SubtitleCue* CueModel::CueAt(int row) {
-  const auto cues = ShownCues(session_);
-  return row >= 0 && static_cast<std::size_t>(row) < cues.size() ? &cues[static_cast<std::size_t>(row)] : nullptr;
+  return row >= 0 && row < rowCount() ? &ShownCue(session_, static_cast<std::size_t>(row)) : nullptr;
+}
+
+bool& CueModel::SelectedAt(int row) { return ShownSelected(session_, static_cast<std::size_t>(row)); }
+
+bool CueModel::IsMarked(int row) const {
+  const SubtitleTrack& track = session_.tracks.Current();
+  return !session_.only_outside && !track.IsIdx() &&
+         std::ranges::binary_search(track.outside, static_cast<std::size_t>(row), {}, &OutsideRow::row);
 }
 
 QString CueModel::TagText(const SubtitleCue& cue) const {
@@ -56,14 +59,13 @@ QString CueModel::TagText(const SubtitleCue& cue) const {
 }
 
 int CueModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(ShownCues(session_).size());
+  return parent.isValid() ? 0 : static_cast<int>(ShownCount(session_));
 }
 
 int CueModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : kColumns; }
 
 QVariant CueModel::data(const QModelIndex& index, int role) const {
-  const SubtitleCue& cue = ShownCues(session_)[static_cast<std::size_t>(index.row())];
-  const bool marked = !session_.only_outside && IsOutside(cue);
+  const SubtitleCue& cue = ShownCue(session_, static_cast<std::size_t>(index.row()));
   if (role == Qt::DisplayRole) {
     switch (index.column()) {
       case Number:
@@ -79,10 +81,10 @@ QVariant CueModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::ToolTipRole && !cue.Tag.empty()) {
     return TagText(cue);
   }
-  if (role == Qt::DecorationRole && index.column() == Number && marked) {
+  if (role == Qt::DecorationRole && index.column() == Number && IsMarked(index.row())) {
     return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
   }
-  if (role == Qt::AccessibleTextRole && index.column() == Number && marked) {
+  if (role == Qt::AccessibleTextRole && index.column() == Number && IsMarked(index.row())) {
     return ToQt(cue.Number) + outside_text_->text();
   }
   return {};

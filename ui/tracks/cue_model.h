@@ -7,8 +7,6 @@
 #include <QAbstractTableModel>
 #include <QLabel>
 #include <array>
-#include <string>
-#include <unordered_set>
 
 #include "app/session.h"
 
@@ -32,6 +30,9 @@ class CueModel final : public QAbstractTableModel {
   // Nothing when there is no such row.
   SubtitleCue* CueAt(int row);
 
+  // Whether the row is selected in the list that is shown.
+  bool& SelectedAt(int row);
+
   // What is told of a cue's tag.
   QString TagText(const SubtitleCue& cue) const;
 
@@ -41,14 +42,14 @@ class CueModel final : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
-  bool IsOutside(const SubtitleCue& cue) const { return outside_.contains(cue.Number); }
+  // Whether the row of the list of all cues is marked as outside the safe viewing area.
+  bool IsMarked(int row) const;
 
   Session& session_;
   std::array<QLabel*, kColumns> titles_;  // hidden texts, as the next three
   QLabel* tag_text_;
   QLabel* fit_text_;
   QLabel* outside_text_;
-  std::unordered_set<std::string> outside_;  // numbers of the cues outside the safe viewing area
 };
 
 }  // namespace captoria

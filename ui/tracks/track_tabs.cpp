@@ -119,9 +119,9 @@ void TrackTabs::RestoreSelection() {
   const QSignalBlocker quiet(list_->selectionModel());
   QItemSelection selection;
   for (int row = 0; row < model_->rowCount(); ++row) {
-    if (!model_->CueAt(row)->Selected) continue;
+    if (!model_->SelectedAt(row)) continue;
     const int first = row;
-    while (row + 1 < model_->rowCount() && model_->CueAt(row + 1)->Selected) ++row;
+    while (row + 1 < model_->rowCount() && model_->SelectedAt(row + 1)) ++row;
     selection.append({model_->index(first, 0), model_->index(row, CueModel::kColumns - 1)});
   }
   list_->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
@@ -129,8 +129,8 @@ void TrackTabs::RestoreSelection() {
 
 void TrackTabs::TakeSelection() {
   const QItemSelectionModel* selection = list_->selectionModel();
-  for (int row = 0; row < model_->rowCount(); ++row) model_->CueAt(row)->Selected = false;
-  for (const QModelIndex& index : selection->selectedRows()) model_->CueAt(index.row())->Selected = true;
+  for (int row = 0; row < model_->rowCount(); ++row) model_->SelectedAt(row) = false;
+  for (const QModelIndex& index : selection->selectedRows()) model_->SelectedAt(index.row()) = true;
   emit SelectionChanged();
 }
 
