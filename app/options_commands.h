@@ -12,7 +12,7 @@
 namespace captoria {
 
 // Fonts of the tracks' cue lists by the tracks' indices; nothing for a track that keeps its own.
-using ListFonts = std::array<std::optional<Font>, kSavedTracks>;
+using ListFonts = std::array<std::optional<Font>, kMostTracks>;
 
 // What came of it: what of that on screen is another one now, and whether the settings file has it.
 struct OptionsEffect {

@@ -117,8 +117,8 @@ void AddConvertCommand(CLI::App& app, CliContext& context) {
   command->callback([arguments, &context] {
     const bool several = arguments->videos.size() > 1;
     if (several && !arguments->subtitles.empty()) throw CLI::ValidationError("--subtitle", "goes with a single video");
-    if (arguments->subtitles.size() > TrackSet::kMost) {
-      throw CLI::ValidationError("--subtitle", "a film has at most 8 of them");
+    if (arguments->subtitles.size() > kMostTracks) {
+      throw CLI::ValidationError("--subtitle", "a film has at most " + std::to_string(kMostTracks) + " of them");
     }
     context.status = RunConvert(*arguments, context.data_folder);
   });

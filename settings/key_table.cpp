@@ -179,7 +179,7 @@ std::vector<KeyDescription> DescribeKeys() {
 }
 
 std::optional<KeyDescription> FindKey(std::string_view name) {
-  const bool indexed = !name.empty() && name.back() >= '0' && name.back() < '0' + kSavedTracks;
+  const bool indexed = !name.empty() && name.back() >= '0' && name.back() < '0' + kMostTracks;
   const std::string_view base = name.substr(0, indexed ? name.size() - 1 : name.size());
   for (const KeyDescription& key : DescribeKeys()) {
     const bool named =

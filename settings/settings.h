@@ -12,14 +12,15 @@
 
 namespace captoria {
 
-constexpr int kSavedTracks = 8;
+// A player offers eight subtitle streams of a film, so as many tracks can be open, and as many are kept.
+constexpr int kMostTracks = 8;
 
 struct Settings {
   std::string Lang;
   bool UseBmpToXSub = false;
   std::string DivXMuxPath;
   std::string bmpToxSubPath;
-  std::array<bool, kSavedTracks> right_to_left{};  // of the tracks by their index, open or not
+  std::array<bool, kMostTracks> right_to_left{};  // of the tracks by their index, open or not
   std::string BatchToRun;
   int BackColor = 0;  // red + 256 x green + 65536 x blue
   bool Preview = false;

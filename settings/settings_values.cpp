@@ -122,7 +122,7 @@ Font DefaultListFont() { return LoadValues(IniDocument{}).list_font; }
 Result<void> SaveValues(IniDocument& document, const Settings& settings, std::span<const TrackValues> tracks,
                         std::size_t current_track) {
   Settings current = settings;
-  const std::size_t saved = std::min<std::size_t>(tracks.size(), kSavedTracks);
+  const std::size_t saved = std::min<std::size_t>(tracks.size(), kMostTracks);
   for (std::size_t i = 0; i < saved; ++i) current.right_to_left[i] = tracks[i].style.RightToLeft;
   if (current_track < tracks.size()) current.list_font = tracks[current_track].list_font;
 

@@ -29,13 +29,13 @@ void TrackSet::UnloadAllSrts() {
   current_ = 0;
 }
 
-std::array<bool, TrackSet::kMost> TrackSet::RightToLeft() const {
-  std::array<bool, kMost> flags;
+std::array<bool, kMostTracks> TrackSet::RightToLeft() const {
+  std::array<bool, kMostTracks> flags;
   std::ranges::transform(tracks_, flags.begin(), [](const SubtitleTrack& track) { return track.style.RightToLeft; });
   return flags;
 }
 
-void TrackSet::SetRightToLeft(const std::array<bool, kMost>& flags) {
+void TrackSet::SetRightToLeft(const std::array<bool, kMostTracks>& flags) {
   for (std::size_t i = 0; i < flags.size(); ++i) tracks_[i].style.RightToLeft = flags[i];
 }
 

@@ -9,15 +9,13 @@
 #include <functional>
 #include <span>
 
+#include "settings/settings.h"
 #include "subtitles/subtitle_track.h"
 
 namespace captoria {
 
 class TrackSet {
  public:
-  // A film's player offers eight subtitle streams.
-  static constexpr int kMost = 8;
-
   // Gives a new track the style that was last saved for its index, 0 to 7. The right-to-left flag is not its to give:
   // that is remembered here for all eight indices, whether or not their tracks are open.
   using StyleSource = std::function<void(int index, SubtitleTrack& track)>;
@@ -26,7 +24,7 @@ class TrackSet {
   int CurrentIndex() const { return current_; }
 
   // Whether there is room for another track, and so a tab "<New>".
-  bool HasNewTab() const { return count_ < kMost; }
+  bool HasNewTab() const { return count_ < kMostTracks; }
 
   // The open tracks in tab order.
   std::span<SubtitleTrack> Open() { return {tracks_.data(), static_cast<std::size_t>(count_)}; }
@@ -45,11 +43,11 @@ class TrackSet {
   // Closes all tracks (`UnloadAllSrts`); the first stays, empty, with its style.
   void UnloadAllSrts();
 
-  std::array<bool, kMost> RightToLeft() const;
-  void SetRightToLeft(const std::array<bool, kMost>& flags);
+  std::array<bool, kMostTracks> RightToLeft() const;
+  void SetRightToLeft(const std::array<bool, kMostTracks>& flags);
 
  private:
-  std::array<SubtitleTrack, kMost> tracks_;
+  std::array<SubtitleTrack, kMostTracks> tracks_;
   int count_ = 1;
   int current_ = 0;
 };

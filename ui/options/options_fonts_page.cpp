@@ -16,7 +16,7 @@ namespace captoria {
 OptionsFontsPage::OptionsFontsPage(Session& session, QWidget* parent) : QWidget(parent), session_(session) {
   auto* fonts = new QGridLayout;
   fonts->setColumnStretch(1, 1);
-  for (int i = 0; i < kSavedTracks; ++i) {
+  for (int i = 0; i < kMostTracks; ++i) {
     auto* button = Named(new QPushButton(tr("Subtitle &%1").arg(i + 1), this), "cmdFont");
     button->setProperty("Index", i);
     button->setAutoDefault(false);

@@ -27,7 +27,7 @@ class OptionsFontsPage final : public QWidget {
 
   Session& session_;
   ListFonts chosen_;
-  std::array<QLabel*, kSavedTracks> shown_{};
+  std::array<QLabel*, kMostTracks> shown_{};
 };
 
 }  // namespace captoria

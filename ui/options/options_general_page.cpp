@@ -50,7 +50,7 @@ QLayout* OptionsGeneralPage::BuildManyTimes() {
   many_times_ = Named(new QCheckBox(tr("Load the same srt subtitle &multiple times"), this), "chkLoadSubManyTimes");
   auto* part = new QWidget(this);
   times_ = Named(new QSpinBox(part), "txtLoadSubManyTimes");
-  times_->setRange(1, kSavedTracks);
+  times_->setRange(1, kMostTracks);
   auto* row = new QHBoxLayout;
   row->addWidget(FieldLabel(times_, "lblLoadSubManyTimes", tr("&Times to load")));
   row->addWidget(times_);
