@@ -5,6 +5,7 @@
 
 #include "base/ascii.h"
 #include "platform/files.h"
+#include "settings/key_table.h"
 
 namespace captoria {
 namespace {
@@ -22,7 +23,7 @@ std::optional<std::string> AcceptToolPath(Session& session, Tool tool, const std
   if (!FileExists(trimmed)) {
     return session.TextFor(mux ? messages::kSetValidMuxPath : messages::kSetValidConverterPath);
   }
-  const auto stored = session.Store(mux ? "DivXMuxPath" : "bmpToxSubPath", trimmed);
+  const auto stored = session.Store(mux ? keys::kDivXMuxPath : keys::kBmpToXSubPath, trimmed);
   if (!stored) return stored.error().message;
   return std::nullopt;
 }

@@ -16,6 +16,7 @@
 #include "cli/unattended_prompts.h"
 #include "platform/files.h"
 #include "platform/interrupt.h"
+#include "settings/key_table.h"
 
 namespace captoria {
 namespace {
@@ -32,9 +33,14 @@ std::vector<std::string> AllAbsolute(const std::vector<std::string>& paths) {
 // Nobody sits before a command line's windows.
 Result<void> ApplySettings(Session& session, const ConvertArguments& arguments) {
   session.remembers = false;
-  const std::vector<std::string> defaults{"ShowDos=0", "ShowDosPause=0", "WaitToEndDos=-1", "RunDivX=0",
-                                          "ReplaceDivX=0"};
-  if (auto applied = ApplyAssignments(session, defaults); !applied) return applied;
+  const std::pair<std::string_view, std::string_view> defaults[]{{keys::kShowDos, "0"},
+                                                                 {keys::kShowDosPause, "0"},
+                                                                 {keys::kWaitToEndDos, "-1"},
+                                                                 {keys::kRunDivX, "0"},
+                                                                 {keys::kReplaceDivX, "0"}};
+  for (const auto& [key, value] : defaults) {
+    if (auto applied = session.Override(key, value); !applied) return applied;
+  }
   if (auto applied = ApplyAssignments(session, arguments.settings); !applied) return applied;
   return UseCommands(session, arguments.commands);
 }

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Every key of the settings file, a row each: its name, the text that stands in for a missing one, what it means and
-// the value it fills. Key names are known here and nowhere else.
+// The keys of the settings file. The table has a row for each key: its name, the text that stands in for a missing one
+// and the value it fills. Only this folder knows the names of keys; others use `keys` below.
 //
-// The keys of a track are named by their row and the track's index: "VertPos0" to "VertPos7".
+// A track's key is named by its row and the index of the track: "VertPos0" to "VertPos7".
 #pragma once
 
 #include <cstdint>
@@ -14,13 +14,24 @@
 #include <string>
 #include <string_view>
 #include <variant>
-#include <vector>
 
 #include "settings/settings.h"
 
 namespace captoria {
 
 inline constexpr std::string_view kSettingsSection = "General";
+
+// Keys that are set one at a time.
+namespace keys {
+inline constexpr std::string_view kDivXMuxPath = "DivXMuxPath";
+inline constexpr std::string_view kBmpToXSubPath = "bmpToxSubPath";
+inline constexpr std::string_view kReplaceDivX = "ReplaceDivX";
+inline constexpr std::string_view kRunDivX = "RunDivX";
+inline constexpr std::string_view kShowDos = "ShowDos";
+inline constexpr std::string_view kShowDosPause = "ShowDosPause";
+inline constexpr std::string_view kShowWelcome = "ShowWelcome";
+inline constexpr std::string_view kWaitToEndDos = "WaitToEndDos";
+}  // namespace keys
 
 // What is kept of one track.
 struct TrackValues {
@@ -34,15 +45,20 @@ template <typename Record>
 using Field = std::variant<bool& (*)(Record&), int& (*)(Record&), std::uint8_t& (*)(Record&), float& (*)(Record&),
                            double& (*)(Record&), std::string& (*)(Record&), Alignment& (*)(Record&)>;
 
+// What a whole number beyond its range is read as: the nearest one within, or the default if the number chooses from a
+// list and its neighbour there means something else.
+enum class Beyond { Nearest, Default };
+
 template <typename Record>
 struct KeyRow {
   std::string_view name;
   std::string_view default_text;
-  std::string_view meaning;
   Field<Record> field;
-  // A whole number beyond these is brought back to them when it is read.
   int least = std::numeric_limits<int>::min();
   int most = std::numeric_limits<int>::max();
+  Beyond beyond = Beyond::Nearest;
+
+  bool IsText() const { return std::holds_alternative<std::string& (*)(Record&)>(field); }
 };
 
 using GlobalKey = KeyRow<Settings>;
@@ -56,28 +72,19 @@ std::span<const TrackKey> TrackKeys();
 std::span<const GlobalKey* const> SessionKeys();
 std::span<const GlobalKey* const> OptionKeys();
 
-// Keys that are written alone.
-const GlobalKey& DivXMuxPathKey();
-const GlobalKey& BmpToXSubPathKey();
-const GlobalKey& ShowWelcomeKey();
+// A track's keys for the font of its cue lists.
 std::span<const TrackKey> ListFontKeys();
 
 std::string NameForTrack(const TrackKey& key, int index);
 
-// A key as a person can be told of it.
-struct KeyDescription {
-  std::string_view name;  // of a track's key: without the index
-  std::string_view default_text;
-  std::string_view meaning;
-  bool per_track;
-  bool is_text;  // any text; else a number
+// The row of a global key; null if there is no such key. Names are compared without regard to ASCII case.
+const GlobalKey* FindGlobalKey(std::string_view name);
+
+// The row of a track's key and the index of the track, 0 to 7, from a name such as "VertPos3".
+struct KeyOfTrack {
+  const TrackKey* row;
+  int index;
 };
-
-std::vector<KeyDescription> DescribeKeys();
-
-// The key of this name, a track's with its index 0 to 7, compared without regard to ASCII case.
-std::optional<KeyDescription> FindKey(std::string_view name);
-
-inline bool IsKnownKey(std::string_view name) { return FindKey(name).has_value(); }
+std::optional<KeyOfTrack> FindTrackKey(std::string_view name);
 
 }  // namespace captoria

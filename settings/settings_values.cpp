@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <string>
 
+#include "base/ascii.h"
 #include "settings/number_text.h"
 
 namespace captoria {
@@ -22,7 +23,9 @@ void Read(bool& value, std::string_view text, const KeyRow<Record>&) {
 }
 template <typename Record>
 void Read(int& value, std::string_view text, const KeyRow<Record>& row) {
-  value = std::clamp(IntOf(text), row.least, row.most);
+  value = IntOf(text);
+  if (value >= row.least && value <= row.most) return;
+  value = row.beyond == Beyond::Default ? IntOf(row.default_text) : std::clamp(value, row.least, row.most);
 }
 template <typename Record>
 void Read(std::uint8_t& value, std::string_view text, const KeyRow<Record>&) {
@@ -55,6 +58,11 @@ std::string TextOf(const std::string& value) { return value; }
 std::string TextOf(Alignment value) { return std::to_string(static_cast<int>(value)); }
 
 template <typename Record>
+std::string TextOfField(const KeyRow<Record>& row, Record& record) {
+  return std::visit([&](auto field) { return TextOf(field(record)); }, row.field);
+}
+
+template <typename Record>
 void Load(const IniDocument& document, const KeyRow<Record>& row, std::string_view name, Record& record) {
   const std::string_view text = document.Find(kSettingsSection, name).value_or(row.default_text);
   std::visit([&](auto field) { Read(field(record), text, row); }, row.field);
@@ -67,8 +75,8 @@ class Saver {
 
   template <typename Record>
   void Save(const KeyRow<Record>& row, const std::string& name, Record& record) {
-    const std::string text = std::visit([&](auto field) { return TextOf(field(record)); }, row.field);
-    if (!document_.Set(kSettingsSection, name, text)) refused_ += (refused_.empty() ? "" : ", ") + name;
+    if (!document_.Set(kSettingsSection, name, TextOfField(row, record)))
+      refused_ += (refused_.empty() ? "" : ", ") + name;
   }
 
   void Save(std::span<const GlobalKey* const> keys, Settings settings) {
@@ -89,10 +97,25 @@ class Saver {
   std::string refused_;
 };
 
-Result<void> SaveOne(IniDocument& document, const GlobalKey& key, Settings settings) {
-  Saver saver(document);
-  saver.Save(key, std::string{key.name}, settings);
-  return saver.Outcome();
+tl::unexpected<Error> UnknownKey(std::string_view key) {
+  return Failure(ErrorKind::Unsupported, std::string{key} + ": there is no setting of this name");
+}
+
+// Whether the key may have this value.
+template <typename Record>
+Result<void> CheckValue(const KeyRow<Record>& row, std::string_view key, std::string_view value) {
+  if (!row.IsText() && !IsNumber(value)) {
+    return Failure(ErrorKind::Unsupported, std::string{key} + ": \"" + std::string{value} + "\" is not a number");
+  }
+  if (IniDocument{}.Set(kSettingsSection, key, value)) return {};
+  return Failure(ErrorKind::Unsupported, std::string{key} + ": a text with a line break cannot be stored");
+}
+
+template <typename Record>
+Result<void> SetField(const KeyRow<Record>& row, std::string_view key, std::string_view value, Record& record) {
+  auto checked = CheckValue(row, key, value);
+  if (checked) std::visit([&](auto field) { Read(field(record), Trim(value), row); }, row.field);
+  return checked;
 }
 
 }  // namespace
@@ -117,8 +140,6 @@ TrackStyle DefaultTrackStyle() {
   return style;
 }
 
-Font DefaultListFont() { return LoadValues(IniDocument{}).list_font; }
-
 Result<void> SaveValues(IniDocument& document, const Settings& settings, std::span<const TrackValues> tracks,
                         std::size_t current_track) {
   Settings current = settings;
@@ -138,18 +159,6 @@ Result<void> SaveOptions(IniDocument& document, const Settings& settings) {
   return saver.Outcome();
 }
 
-Result<void> SaveDivXMuxPath(IniDocument& document, const Settings& settings) {
-  return SaveOne(document, DivXMuxPathKey(), settings);
-}
-
-Result<void> SaveBmpToXSubPath(IniDocument& document, const Settings& settings) {
-  return SaveOne(document, BmpToXSubPathKey(), settings);
-}
-
-Result<void> SaveShowWelcome(IniDocument& document, const Settings& settings) {
-  return SaveOne(document, ShowWelcomeKey(), settings);
-}
-
 Result<void> SaveListFont(IniDocument& document, int index, const Font& list_font) {
   Saver saver(document);
   saver.Save(ListFontKeys(), static_cast<std::size_t>(index), TrackValues{{}, list_font});
@@ -157,14 +166,48 @@ Result<void> SaveListFont(IniDocument& document, int index, const Font& list_fon
 }
 
 Result<void> ApplySetting(IniDocument& document, std::string_view key, std::string_view value) {
-  const std::string name{key};
-  const auto known = FindKey(key);
-  if (!known) return Failure(ErrorKind::Unsupported, name + ": there is no setting of this name");
-  if (!known->is_text && !IsNumber(value)) {
-    return Failure(ErrorKind::Unsupported, name + ": \"" + std::string{value} + "\" is not a number");
-  }
-  if (document.Set(kSettingsSection, key, value)) return {};
-  return Failure(ErrorKind::Unsupported, name + ": a text with a line break cannot be stored");
+  const GlobalKey* global = FindGlobalKey(key);
+  const auto of_track = FindTrackKey(key);
+  if (global == nullptr && !of_track) return UnknownKey(key);
+  auto checked = global != nullptr ? CheckValue(*global, key, value) : CheckValue(*of_track->row, key, value);
+  if (checked) document.Set(kSettingsSection, key, value);
+  return checked;
+}
+
+Result<void> SetKey(Settings& settings, std::string_view key, std::string_view text) {
+  const GlobalKey* row = FindGlobalKey(key);
+  return row == nullptr ? UnknownKey(key) : SetField(*row, key, text, settings);
+}
+
+Result<void> SetKey(TrackStyle& style, Font& list_font, std::string_view key, std::string_view text) {
+  const auto found = FindTrackKey(key);
+  if (!found) return UnknownKey(key);
+  TrackValues track{style, list_font};
+  auto set = SetField(*found->row, key, text, track);
+  style = std::move(track.style);
+  list_font = std::move(track.list_font);
+  return set;
+}
+
+std::string TextOfKey(Settings settings, std::string_view key) {
+  const GlobalKey* row = FindGlobalKey(key);
+  return row == nullptr ? "" : TextOfField(*row, settings);
+}
+
+std::string TextOfKey(const TrackStyle& style, const Font& list_font, std::string_view key) {
+  const auto found = FindTrackKey(key);
+  TrackValues track{style, list_font};
+  return found ? TextOfField(*found->row, track) : "";
+}
+
+Result<void> SaveKey(IniDocument& document, const Settings& settings, std::string_view key) {
+  if (FindGlobalKey(key) == nullptr) return UnknownKey(key);
+  return ApplySetting(document, key, TextOfKey(settings, key));
+}
+
+Result<void> SaveKey(IniDocument& document, const TrackStyle& style, const Font& list_font, std::string_view key) {
+  if (!FindTrackKey(key)) return UnknownKey(key);
+  return ApplySetting(document, key, TextOfKey(style, list_font, key));
 }
 
 }  // namespace captoria

@@ -4,11 +4,12 @@
 // Settings between the document that holds them and the values the program works with. Nothing here touches a file: a
 // caller loads a document, and saves inside one clsIniFile::Update, so that a file has all of a save or nothing.
 //
-// Reading never fails. A missing key gives its default, a text without a number 0, a number beyond its range the
-// nearest one within, and a font size that is not above 0 the default one.
+// Reading never fails. A missing key gives its default, and a text without a number gives 0. A number beyond its range
+// gives the nearest one within, but the default if it chooses from a list. A font size of 0 or less gives the default.
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "base/result.h"
@@ -26,7 +27,6 @@ Settings LoadValues(const IniDocument& document);
 void LoadValuesForIndex(const IniDocument& document, int index, TrackStyle& style, Font& list_font);
 
 TrackStyle DefaultTrackStyle();
-Font DefaultListFont();
 
 // The saves give an error that names the keys whose texts cannot be stored (line breaks); the rest is saved all the
 // same. Keys and lines of others are not touched.
@@ -39,14 +39,26 @@ Result<void> SaveValues(IniDocument& document, const Settings& settings, std::sp
 // What the options dialog edits.
 Result<void> SaveOptions(IniDocument& document, const Settings& settings);
 
-// What is saved alone, at the moment it changes.
-Result<void> SaveDivXMuxPath(IniDocument& document, const Settings& settings);
-Result<void> SaveBmpToXSubPath(IniDocument& document, const Settings& settings);
-Result<void> SaveShowWelcome(IniDocument& document, const Settings& settings);
 Result<void> SaveListFont(IniDocument& document, int index, const Font& list_font);
 
 // Puts one value into a document before it is loaded, as a command line's KEY=VALUE asks: "VertPos0", "60". Unsupported
 // when there is no such key, or when the key wants a number and the text is none.
 Result<void> ApplySetting(IniDocument& document, std::string_view key, std::string_view value);
+
+// One key and the value it fills, nothing else. `key` is the whole name, a track's with its index ("VertPos3"), though
+// nothing here looks at the index: the caller passes the style of that track. Unsupported if the record has no such
+// key.
+
+// Gives the value what a load of `text` would give it. Unsupported as in ApplySetting.
+Result<void> SetKey(Settings& settings, std::string_view key, std::string_view text);
+Result<void> SetKey(TrackStyle& style, Font& list_font, std::string_view key, std::string_view text);
+
+// The text that stands for the value in a document; empty if the record has no such key.
+std::string TextOfKey(Settings settings, std::string_view key);
+std::string TextOfKey(const TrackStyle& style, const Font& list_font, std::string_view key);
+
+// Puts that text into a document.
+Result<void> SaveKey(IniDocument& document, const Settings& settings, std::string_view key);
+Result<void> SaveKey(IniDocument& document, const TrackStyle& style, const Font& list_font, std::string_view key);
 
 }  // namespace captoria

@@ -24,44 +24,13 @@ TrackValues TrackOf(const IniDocument& document, int index) {
   return track;
 }
 
-TEST(SettingsValues, AnEmptyFileGivesTheDefaults) {
-  const Settings settings = LoadValues(IniDocument{});
-  EXPECT_EQ(settings.Lang, "English");
-  EXPECT_EQ(BitmapWidth(settings), 720);
-  EXPECT_EQ(settings.BackColor, 16711680);
-  EXPECT_EQ(settings.FrameForPreview, 50);
-  EXPECT_EQ(settings.ForceVideoHeight, 0);
-  EXPECT_EQ(settings.MainX, 150);
-  EXPECT_EQ(settings.MainHeight, 9000);
-
-  TrackStyle style;
-  Font list_font;
-  style.RightToLeft = true;
-  LoadValuesForIndex(IniDocument{}, 0, style, list_font);
-  EXPECT_TRUE(style.RightToLeft) << "kept with the global settings";
-  EXPECT_EQ(list_font.name, "MS Sans Serif");
-  EXPECT_EQ(style.ForeColor, (Color{255, 255, 255}));
-  EXPECT_EQ(style.OutlineColor, (Color{0, 0, 0}));
-  EXPECT_EQ(style.ShadowColor, (Color{70, 70, 70}));
-  EXPECT_EQ(style.VertPos, 40);
-  EXPECT_EQ(style.HorPos, 0);
-  EXPECT_EQ(style.InAlign, Alignment::Center);
-  EXPECT_EQ(style.Language, "en ENGLISH");
-  EXPECT_EQ(style.SubType, 2);
-  EXPECT_EQ(style.OutlineWidth, 1);
-  EXPECT_TRUE(style.FitFont);
-  EXPECT_EQ(style.font.name, "Arial");
-  EXPECT_EQ(style.font.size, 22);
-  EXPECT_FALSE(style.font.bold || style.font.italic);
+// The value of a key, as the text that a save would write for it.
+std::string TextOf(const IniDocument& document, std::string_view key) {
+  const auto of_track = FindTrackKey(key);
+  if (!of_track) return TextOfKey(LoadValues(document), key);
+  const TrackValues track = TrackOf(document, of_track->index);
+  return TextOfKey(track.style, track.list_font, key);
 }
-
-// What a key's text becomes is told by the text that is saved again.
-struct Reading {
-  const char* name;
-  const char* key;
-  const char* text;
-  const char* saved;
-};
 
 void SaveEverything(IniDocument& document, const IniDocument& source, std::size_t tracks) {
   const Settings settings = LoadValues(source);
@@ -70,20 +39,26 @@ void SaveEverything(IniDocument& document, const IniDocument& source, std::size_
     open.push_back(TrackOf(source, static_cast<int>(i)));
     open[i].style.RightToLeft = settings.right_to_left[i];
   }
-  // A current track that is none leaves the list font to the settings.
+  // With a current track that is not open, the list font comes from the settings.
   EXPECT_TRUE(SaveValues(document, settings, open, tracks));
   EXPECT_TRUE(SaveOptions(document, settings));
-  EXPECT_TRUE(SaveDivXMuxPath(document, settings));
-  EXPECT_TRUE(SaveBmpToXSubPath(document, settings));
-  EXPECT_TRUE(SaveShowWelcome(document, settings));
+  for (const auto key : {keys::kDivXMuxPath, keys::kBmpToXSubPath, keys::kShowWelcome}) {
+    EXPECT_TRUE(SaveKey(document, settings, key));
+  }
 }
+
+struct Reading {
+  const char* name;
+  const char* key;
+  const char* text;
+  const char* value;
+};
 
 class SettingsReading : public testing::TestWithParam<Reading> {};
 
 TEST_P(SettingsReading, BringsTheValueIntoItsRange) {
-  IniDocument saved;
-  SaveEverything(saved, Parsed(std::string{GetParam().key} + "=" + GetParam().text + "\n"), 1);
-  EXPECT_EQ(saved.Find(kSettingsSection, GetParam().key), GetParam().saved);
+  EXPECT_EQ(TextOf(Parsed(std::string{GetParam().key} + "=" + GetParam().text + "\n"), GetParam().key),
+            GetParam().value);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -99,32 +74,46 @@ INSTANTIATE_TEST_SUITE_P(
         Reading{"FontWithoutSize", "FontSize0", "big", "22"}, Reading{"NegativeFont", "FontSize0", "-5", "22"},
         Reading{"FractionOfAPoint", "FontSize0", "12.75", "12.75"}, Reading{"HugeFont", "FontSizeL", "1e300", "1000"},
         Reading{"WindowFraction", "MainX", "-75.5", "-75.5"}, Reading{"HugeWindow", "MainWidth", "1e99", "1000000"},
-        Reading{"WhiteBeyond", "BackColor", "99999999", "16777215"}),
+        Reading{"WhiteBeyond", "BackColor", "99999999", "16777215"},
+        Reading{"TypeZeroIsNotInTheList", "SubType0", "0", "2"}, Reading{"FirstType", "SubType0", "1", "1"},
+        Reading{"LastType", "SubType0", "17", "17"}, Reading{"TypeBehindTheList", "SubType0", "18", "2"},
+        Reading{"LastConsoleStyle", "ShowDosCombo", "4", "4"},
+        Reading{"ConsoleStyleBehindTheList", "ShowDosCombo", "5", "0"},
+        Reading{"ConsoleStyleBeforeTheList", "ShowDosCombo", "-1", "0"}),
     [](const auto& row) { return std::string{row.param.name}; });
 
-std::string OtherText(const KeyDescription& key) {
-  if (key.is_text) return std::string{key.default_text} + "\xC3\xA9 =;[x]";
-  if (key.default_text == "0") return "-1";
+template <typename Record>
+std::string OtherText(const KeyRow<Record>& key) {
+  if (key.IsText()) return std::string{key.default_text} + "\xC3\xA9 =;[x]";
+  if (key.default_text == "0") return key.most == 4 ? "1" : "-1";
   if (key.default_text == "-1") return "0";
   const int number = RoundToInt(NumberOfText(key.default_text));
   return std::to_string(number == 255 ? 254 : number + 1);
 }
 
-TEST(SettingsValues, EveryKeySurvivesSavingAndLoading) {
-  std::map<std::string, std::string> wanted;
-  std::string keys;
-  for (const KeyDescription& key : DescribeKeys()) {
-    for (int i = 0; i < (key.per_track ? 2 : 1); ++i) {
-      const std::string name = std::string{key.name} + (key.per_track ? std::to_string(i) : "");
-      wanted[name] = OtherText(key);
-      keys += name + "=" + wanted[name] + "\n";
-    }
+// Each key of a settings file with two tracks, and a value that is not its default.
+std::map<std::string, std::string> OtherTexts() {
+  std::map<std::string, std::string> texts;
+  for (const GlobalKey& key : GlobalKeys()) texts[std::string{key.name}] = OtherText(key);
+  for (const TrackKey& key : TrackKeys()) {
+    for (int i = 0; i < 2; ++i) texts[NameForTrack(key, i)] = OtherText(key);
   }
+  return texts;
+}
+
+IniDocument DocumentOf(const std::map<std::string, std::string>& texts) {
+  std::string keys;
+  for (const auto& [name, text] : texts) keys += name + "=" + text + "\n";
+  return Parsed(keys);
+}
+
+TEST(SettingsValues, EveryKeySurvivesSavingAndLoading) {
+  const auto wanted = OtherTexts();
   ASSERT_EQ(wanted.size(), 47u + 2 * 27u);
 
   const std::string foreign = "; mine\n[Other]\nLang=x\n\n[general]\n#Lang=y\nTheirs = 1\n";
   IniDocument saved = IniDocument::Parse(foreign).value();
-  SaveEverything(saved, Parsed(keys), 2);
+  SaveEverything(saved, DocumentOf(wanted), 2);
   for (const auto& [name, text] : wanted) EXPECT_EQ(saved.Find("General", name), text) << name;
   EXPECT_THAT(saved.Text(), testing::StartsWith(foreign));
 
@@ -150,18 +139,44 @@ TEST(SettingsValues, StylesOfTracksThatAreNotOpenStay) {
   EXPECT_EQ(TrackOf(document, 3).style.VertPos, 40);
 }
 
-TEST(SettingsValues, SavingIsInTheOrderOfTheSession) {
-  IniDocument document;
-  ASSERT_TRUE(SaveValues(document, LoadValues({}), std::vector<TrackValues>(2, TrackOf({}, 0)), 0));
-  const auto entries = document.Entries("General");
-  ASSERT_EQ(entries.size(), 20u + 2 * 27u);
-  EXPECT_EQ(entries[0].key, "Lang");
-  EXPECT_EQ(entries[8].key, "UseRightToLeftLang7");
-  EXPECT_EQ(entries[13].key, "Preview");
-  EXPECT_EQ(entries[19].key, "FontCharsetL");
-  EXPECT_EQ(entries[20].key, "FitFont0");
-  EXPECT_EQ(entries[46].key, "FontCharsetL0");
-  EXPECT_EQ(entries[73].key, "FontCharsetL1");
+TEST(SettingsValues, SettingAKeyLeavesEveryOtherValueAlone) {
+  const auto texts = OtherTexts();
+  const IniDocument other = DocumentOf(texts);
+  for (const GlobalKey& row : GlobalKeys()) {
+    auto wanted = texts;
+    wanted[std::string{row.name}] = TextOf({}, row.name);
+    Settings settings = LoadValues(other);
+    ASSERT_TRUE(SetKey(settings, row.name, wanted[std::string{row.name}])) << row.name;
+    for (const GlobalKey& key : GlobalKeys()) {
+      EXPECT_EQ(TextOfKey(settings, key.name), wanted[std::string{key.name}]) << row.name << " changed " << key.name;
+    }
+  }
+  for (const TrackKey& row : TrackKeys()) {
+    auto wanted = texts;
+    wanted[NameForTrack(row, 1)] = TextOf({}, NameForTrack(row, 1));
+    auto [style, list_font] = TrackOf(other, 1);
+    ASSERT_TRUE(SetKey(style, list_font, NameForTrack(row, 1), wanted[NameForTrack(row, 1)])) << row.name;
+    for (const TrackKey& key : TrackKeys()) {
+      EXPECT_EQ(TextOfKey(style, list_font, NameForTrack(key, 1)), wanted[NameForTrack(key, 1)])
+          << row.name << " changed " << key.name;
+    }
+  }
+}
+
+TEST(SettingsValues, AKeyIsSetByTheRulesOfReadingAndSavedAlone) {
+  Settings settings = LoadValues({});
+  settings.RunDivX = true;
+  ASSERT_TRUE(SetKey(settings, "showdoscombo", " 9 "));
+  EXPECT_EQ(settings.ShowDosCombo, 0);
+  IniDocument document = Parsed("Lang=x\n");
+  ASSERT_TRUE(SaveKey(document, settings, "RunDivX"));
+  TrackStyle style = DefaultTrackStyle();
+  style.RightToLeft = true;
+  Font list_font;
+  ASSERT_TRUE(SetKey(style, list_font, "HorPos3", "999"));
+  EXPECT_TRUE(style.RightToLeft) << "is kept with the global settings";
+  ASSERT_TRUE(SaveKey(document, style, list_font, "HorPos3"));
+  EXPECT_EQ(document.Text(), "[General]\nLang=x\nRunDivX=-1\nHorPos3=200\n");
 }
 
 TEST(SettingsValues, ATextThatCannotBeStoredIsNamedAndTheRestIsSaved) {
@@ -204,7 +219,12 @@ TEST(SettingsValues, AnOverrideTakesKnownKeysAndFittingValues) {
     ASSERT_FALSE(applied) << key;
     EXPECT_THAT(applied.error().message, testing::StartsWith(key));
     EXPECT_EQ(document.Text(), "");
+    Settings settings = LoadValues({});
+    auto [style, list_font] = TrackOf({}, 0);
+    EXPECT_FALSE(SetKey(settings, key, value) || SetKey(style, list_font, key, value)) << key;
   }
+  IniDocument document;
+  EXPECT_FALSE(SaveKey(document, Settings{}, "VertPos0") || SaveKey(document, TrackStyle{}, Font{}, "Lang"));
 }
 
 }  // namespace

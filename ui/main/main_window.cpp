@@ -16,6 +16,7 @@
 #include "app/placement_commands.h"
 #include "app/safe_area_commands.h"
 #include "base/path_text.h"
+#include "settings/key_table.h"
 #include "ui/dialogs/select_subs_dialog.h"
 #include "ui/dialogs/side_scroll.h"
 #include "ui/dialogs/welcome_dialog.h"
@@ -352,7 +353,7 @@ void Form1::Welcome() {
   if (!session_.settings.ShowWelcome) return;
   frmWelcome(session_.language, this).exec();
   session_.settings.ShowWelcome = false;
-  const auto stored = session_.Store("ShowWelcome", "0");
+  const auto stored = session_.Store(keys::kShowWelcome, "0");
   if (!stored) view_.Warn(stored.error().message);
 }
 
