@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "automation/batch_list.h"
+#include "automation/film_list.h"
 #include "platform/prompts.h"
 
 namespace captoria {
@@ -45,7 +45,7 @@ class frmBatch final : public QDialog {
 
   Prompts& prompts_;
   std::string current_video_;
-  BatchList files_;
+  FilmList files_;
   QListWidget* list_;
   QPushButton* delete_;
   QPushButton* clear_;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "automation/batch_list.h"
+#include "automation/film_list.h"
 
 #include <gmock/gmock.h>
 
@@ -12,19 +12,19 @@ namespace {
 
 using testing::ElementsAre;
 
-TEST(BatchList, AFileIsListedOnceWhateverItsCase) {
-  BatchList list;
+TEST(FilmList, AFileIsListedOnceWhateverItsCase) {
+  FilmList list;
   for (const char* path : {"/m/b.avi", "/m/a.avi", "", "/M/B.AVI", "/m/b.avi ", "/m/a.avi"}) list.AddFile(path);
   EXPECT_THAT(list.Files(), ElementsAre("/m/b.avi", "/m/a.avi", "/m/b.avi "));
   list.Remove(1);
   EXPECT_THAT(list.Files(), ElementsAre("/m/b.avi", "/m/b.avi "));
 }
 
-TEST(BatchList, AFolderIsListedAsOftenAsItIsAdded) {
+TEST(FilmList, AFolderIsListedAsOftenAsItIsAdded) {
   const TestFolder folder;
   const std::string a = folder.Put("a.AVI", ""), b = folder.Put("\xFF.avi", "");
   for (const char* other : {"c.divx", "d.avi.txt", "below/e.avi"}) folder.Put(other, "");
-  BatchList list;
+  FilmList list;
   list.AddFile(a);
   list.AddFolder(folder.Path());
   list.AddFolder(folder.Path() + "/");
@@ -33,10 +33,10 @@ TEST(BatchList, AFolderIsListedAsOftenAsItIsAdded) {
   EXPECT_EQ(list.Files().size(), 5u);
 }
 
-TEST(BatchList, OfWhatIsDroppedOnlyNewVideosStay) {
+TEST(FilmList, OfWhatIsDroppedOnlyNewVideosStay) {
   const TestFolder folder;
   const std::string a = folder.Put("a.avi", ""), b = folder.Put("b.avi", "");
-  BatchList list;
+  FilmList list;
   for (const std::string& path : {b, folder.Path(), std::string{"/m/c.DivX"}, std::string{"/m/c.srt"}})
     list.AddDropped(path);
   EXPECT_THAT(list.Files(), ElementsAre(b, a, "/m/c.DivX"));

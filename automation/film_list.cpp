@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "automation/batch_list.h"
+#include "automation/film_list.h"
 
 #include <algorithm>
 #include <utility>
@@ -22,17 +22,17 @@ std::vector<std::string> VideosOf(const std::string& folder) {
 
 }  // namespace
 
-void BatchList::AddFile(const std::string& path) {
+void FilmList::AddFile(const std::string& path) {
   if (path.empty()) return;
   const bool known = std::ranges::any_of(files_, [&](const auto& file) { return EqualsIgnoringCase(file, path); });
   if (!known) files_.push_back(path);
 }
 
-void BatchList::AddFolder(const std::string& folder) {
+void FilmList::AddFolder(const std::string& folder) {
   for (std::string& path : VideosOf(folder)) files_.push_back(std::move(path));
 }
 
-void BatchList::AddDropped(const std::string& path) {
+void FilmList::AddDropped(const std::string& path) {
   if (FolderExists(path)) {
     for (const std::string& video : VideosOf(path)) AddFile(video);
   } else if (IsVideoName(path)) {

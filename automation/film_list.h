@@ -11,7 +11,7 @@
 
 namespace captoria {
 
-class BatchList {
+class FilmList {
  public:
   const std::vector<std::string>& Files() const { return files_; }
 
