@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "base/ascii.h"
-#include "base/utf8.h"
+#include "base/text_case.h"
 #include "platform/large_pages.h"
 #include "subtitles/time_code.h"
 
@@ -47,15 +47,23 @@ class LineSplitter {
   bool has_arrow_ = false;
 };
 
-// The beginning of a line for a message: a line may be megabytes long.
+// Whether a terminal obeys the character instead of showing it: control characters, line and paragraph separators, and
+// the marks that turn the direction of text.
+bool SteersTerminal(char32_t c) {
+  return c < ' ' || (c >= 0x7F && c <= 0x9F) || c == 0x61C || c == 0x200E || c == 0x200F ||
+         (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
+}
+
+// The beginning of a line for a message, as a line may be megabytes long. What could steer a terminal becomes a blank.
 std::string Excerpt(std::string_view line) {
   constexpr std::size_t kLongest = 80;
-  std::size_t end = 0;
-  while (end < line.size() && end < kLongest) end += std::max<std::size_t>(Utf8CharacterLength(line, end), 1);
-  std::string excerpt{line.substr(0, end)};
-  std::ranges::replace_if(
-      excerpt, [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
-  return excerpt + (end < line.size() ? "..." : "");
+  std::string excerpt;
+  while (!line.empty() && excerpt.size() < kLongest) {
+    const auto [value, length] = FirstCharacter(line);
+    excerpt += SteersTerminal(value) ? " " : line.substr(0, length);
+    line.remove_prefix(length);
+  }
+  return excerpt + (line.empty() ? "" : "...");
 }
 
 // Puts cues together from lines; the fields are those of the cue being collected.

@@ -63,10 +63,22 @@ TEST(SrtReading, ABadTimeLineIsToldWithLineReasonAndWhatWasKept) {
   EXPECT_THAT(reading.problem->message, HasSubstr("1 cue(s)"));
 }
 
-TEST(SrtReading, AProblemQuotesNoMoreThanTheBeginningOfALongLine) {
-  const auto reading = ReadSrt("-->" + std::string(1'000'000, 'x') + "\x1B[2J");
-  ASSERT_TRUE(reading.problem);
-  EXPECT_LT(reading.problem->message.size(), 400u);
+TEST(SrtReading, AProblemQuotesTheBeginningOfItsLineWithoutWhatSteersATerminal) {
+  struct Quote {
+    std::string line, quoted;
+  };
+  for (const auto& [line, quoted] :
+       {Quote{"-->\x1B[2J\x07\x7F.", "--> [2J  ."},
+        Quote{"-->\xC2\x9B"
+              "2J\xC2\xA0.",
+              "--> 2J\xC2\xA0."},
+        Quote{"-->\u202Ecba\u2066\u2069\u200E\u061C\u2028.", "--> cba     ."}, Quote{"-->é字", "-->é字"},
+        Quote{"-->" + std::string(76, 'x') + "éy", "-->" + std::string(76, 'x') + "é..."},
+        Quote{"-->" + std::string(1'000'000, 'x'), "-->" + std::string(77, 'x') + "..."}}) {
+    const auto reading = ReadSrt(line);
+    ASSERT_TRUE(reading.problem);
+    EXPECT_THAT(reading.problem->message, HasSubstr('"' + quoted + "\". A time line"));
+  }
 }
 
 }  // namespace
