@@ -45,7 +45,7 @@ class Automation : public MainWindow {
   template <typename Dialog, typename Act>
   void InDialog(Act act) {
     QTimer::singleShot(0, window_.get(), [act] {
-      auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+      auto* dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
       ASSERT_NE(dialog, nullptr);
       act(*dialog);
     });

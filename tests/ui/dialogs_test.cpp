@@ -61,7 +61,7 @@ void Next(std::function<void(Dialog&)> does) {
     if (shown == nullptr) return;
     timer->stop();
     timer->deleteLater();
-    auto* dialog = qobject_cast<Dialog*>(shown);
+    auto* dialog = dynamic_cast<Dialog*>(shown);
     EXPECT_NE(dialog, nullptr) << shown->metaObject()->className();
     dialog == nullptr ? static_cast<void>(shown->close()) : does(*dialog);
   });

@@ -62,7 +62,7 @@ class BatchPage : public testing::Test {
     QTimer when_shown;
     when_shown.setSingleShot(true);
     QObject::connect(&when_shown, &QTimer::timeout, &page_, [&] {
-      auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+      auto* dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
       ASSERT_NE(dialog, nullptr);
       confirm(*dialog);
     });

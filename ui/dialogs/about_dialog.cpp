@@ -20,7 +20,7 @@ namespace captoria {
 frmAbout::frmAbout(ProgramFacts facts, Prompts& prompts, DocumentOpener& opener, QWidget* parent)
     : QDialog(parent), facts_(std::move(facts)), prompts_(prompts) {
   setObjectName("frmAbout");
-  setWindowTitle(tr("About ") + kProgramTitle);
+  setWindowTitle(QStringLiteral("About ") + kProgramTitle);
   constexpr int kPicture = 64;
   auto* picture = new QLabel(this);
   picture->setPixmap(QIcon(":/icons/captoria.svg").pixmap(kPicture, kPicture));
@@ -46,13 +46,13 @@ void frmAbout::AddTexts(QLayout* layout) {
     layout->addWidget(label);
     return label;
   };
-  QLabel* title = add("Label1", tr("%1 for Windows XP").arg(kProgramTitle));
+  QLabel* title = add("Label1", QStringLiteral("%1 for Windows XP").arg(kProgramTitle));
   QFont large = title->font();
   large.setBold(true);
   large.setPointSizeF(large.pointSizeF() * 1.3);
   title->setFont(large);
-  add("Label2", tr("Version ") + ToQt(facts_.version));
-  add("Label3", tr("%1 needs").arg(kProgramTitle));
+  add("Label2", QStringLiteral("Version ") + ToQt(facts_.version));
+  add("Label3", QStringLiteral("%1 needs").arg(kProgramTitle));
 }
 
 void frmAbout::AddLinks(QLayout* layout, DocumentOpener& opener) {
@@ -67,17 +67,17 @@ void frmAbout::AddLinks(QLayout* layout, DocumentOpener& opener) {
     layout->setAlignment(link, Qt::AlignLeading);  // only the words themselves can be clicked
     return link;
   };
-  add("Label4", tr("BmpToxSub"), facts_.bmptoxsub_page);
-  add("Label5", tr("DivXMux"), facts_.divxmux_page);
-  add("Label6", tr("Homepage"), facts_.home_page)->setHidden(facts_.home_page.empty());
+  add("Label4", "BmpToxSub", facts_.bmptoxsub_page);
+  add("Label5", "DivXMux", facts_.divxmux_page);
+  add("Label6", "Homepage", facts_.home_page)->setHidden(facts_.home_page.empty());
 }
 
 void frmAbout::AddButtons(QLayout* layout) {
-  auto* information = new QPushButton(tr("&System Info..."), this);
+  auto* information = new QPushButton("&System Info...", this);
   information->setObjectName("Command1");
   information->setAutoDefault(false);
   connect(information, &QPushButton::clicked, this, &frmAbout::StartSysInfo);
-  auto* ok = new QPushButton(tr("OK"), this);
+  auto* ok = new QPushButton("OK", this);
   ok->setObjectName("OKButton");
   ok->setDefault(true);
   connect(ok, &QPushButton::clicked, this, &QDialog::accept);

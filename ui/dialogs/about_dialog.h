@@ -26,8 +26,6 @@ struct ProgramFacts {
 };
 
 class frmAbout final : public QDialog {
-  Q_OBJECT
-
  public:
   // `prompts` and `opener` outlive the dialog.
   frmAbout(ProgramFacts facts, Prompts& prompts, DocumentOpener& opener, QWidget* parent);

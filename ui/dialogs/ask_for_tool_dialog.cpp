@@ -19,11 +19,11 @@ namespace captoria {
 AskForToolDialog::AskForToolDialog(Session& session, Tool tool, DocumentOpener& opener, QWidget* parent)
     : QDialog(parent), session_(session), tool_(tool), path_(new QLineEdit(this)) {
   setObjectName(tool == Tool::DivXMux ? "frmAskForDivXMux" : "frmAskForbmptoxsub");
-  setWindowTitle(tr("File not found"));
+  setWindowTitle("File not found");
   auto* layout = new QVBoxLayout(this);
   AddTexts(layout, opener);
   layout->addStretch();
-  layout->addLayout(DialogButtons(*this, {"OKButton", tr("OK")}, {"CancelButton", tr("Cancel")}));
+  layout->addLayout(DialogButtons(*this, {"OKButton", "OK"}, {"CancelButton", "Cancel"}));
   path_->setFocus();
   ApplyCaptions(*this, session_.language);
 }
@@ -46,18 +46,19 @@ void AskForToolDialog::AddLink(QVBoxLayout* layout, const char* name, DocumentOp
 
 void AskForToolDialog::AddTexts(QVBoxLayout* layout, DocumentOpener& opener) {
   const QString file = ToQt(FileNameOf(tool_));
-  AddLabel(layout, "Label1", tr("File %1 not found. Please, set the path for this file").arg(file))->setBuddy(path_);
-  path_->setAccessibleName(tr("Path of %1").arg(file));
+  AddLabel(layout, "Label1", QStringLiteral("File %1 not found. Please, set the path for this file").arg(file))
+      ->setBuddy(path_);
+  path_->setAccessibleName(QStringLiteral("Path of %1").arg(file));
   AddPath(layout);
-  AddLabel(layout, "Label2", tr("You can found this file at this link"));
+  AddLabel(layout, "Label2", "You can found this file at this link");
   AddLink(layout, "Label3", opener);
   if (tool_ == Tool::DivXMux) {
-    AddLabel(layout, "Label4", tr("Direct link"));
+    AddLabel(layout, "Label4", "Direct link");
     AddLink(layout, "Label5", opener);
-    AddLabel(layout, "Label6", tr("or just download the required DivXMux.exe file from my page"));
+    AddLabel(layout, "Label6", "or just download the required DivXMux.exe file from my page");
     AddLink(layout, "Label7", opener);
   } else {
-    AddLabel(layout, "Label4", tr("A working copy for this file can be download from my site"));
+    AddLabel(layout, "Label4", "A working copy for this file can be download from my site");
     AddLink(layout, "Label5", opener);
   }
 }
@@ -65,7 +66,7 @@ void AskForToolDialog::AddTexts(QVBoxLayout* layout, DocumentOpener& opener) {
 void AskForToolDialog::AddPath(QVBoxLayout* layout) {
   path_->setObjectName("Text1");
   path_->setMinimumWidth(QFontMetrics(font()).averageCharWidth() * 55);
-  auto* browse = new QPushButton(tr("&Browse..."), this);
+  auto* browse = new QPushButton("&Browse...", this);
   browse->setObjectName("Command1");
   browse->setAutoDefault(false);
   connect(browse, &QPushButton::clicked, this, &AskForToolDialog::Browse);

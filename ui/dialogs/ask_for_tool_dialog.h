@@ -20,8 +20,6 @@ namespace captoria {
 
 // The object's name is "frmAskForDivXMux" or "frmAskForbmptoxsub".
 class AskForToolDialog final : public QDialog {
-  Q_OBJECT
-
  public:
   // `session` and `opener` outlive the dialog. Link labels begin empty; one that is empty when the dialog is shown is
   // hidden, and so are the words that lead to it.

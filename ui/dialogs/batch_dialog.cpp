@@ -23,30 +23,30 @@ namespace captoria {
 frmBatch::frmBatch(Prompts& prompts, std::string current_video, QWidget* parent)
     : QDialog(parent), prompts_(prompts), current_video_(std::move(current_video)), list_(new QListWidget(this)) {
   setObjectName("frmBatch");
-  setWindowTitle(tr("Batch convert"));
+  setWindowTitle("Batch convert");
   setAcceptDrops(true);
   list_->setObjectName("List1");
-  list_->setAccessibleName(tr("Videos to convert"));
+  list_->setAccessibleName("Videos to convert");
   list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   list_->setTextElideMode(Qt::ElideMiddle);
   list_->setUniformItemSizes(true);
   list_->installEventFilter(this);
   connect(list_, &QListWidget::itemSelectionChanged, this, &frmBatch::OfferWhatIsPossible);
 
-  auto* label = new QLabel(tr("&Videos to convert. Files and folders can be dropped here."), this);
+  auto* label = new QLabel("&Videos to convert. Files and folders can be dropped here.", this);
   label->setBuddy(list_);
   label->setWordWrap(true);
   auto* side = new QVBoxLayout;
-  side->addWidget(Button("Command1", tr("&Add"), &frmBatch::Add));
-  side->addWidget(Button("Command4", tr("All .avi files in &folder"), &frmBatch::AddFolder));
-  side->addWidget(delete_ = Button("Command2", tr("&Delete"), &frmBatch::Delete));
-  side->addWidget(clear_ = Button("Command3", tr("&Clear"), &frmBatch::Clear));
+  side->addWidget(Button("Command1", "&Add", &frmBatch::Add));
+  side->addWidget(Button("Command4", "All .avi files in &folder", &frmBatch::AddFolder));
+  side->addWidget(delete_ = Button("Command2", "&Delete", &frmBatch::Delete));
+  side->addWidget(clear_ = Button("Command3", "&Clear", &frmBatch::Clear));
   side->addStretch();
-  auto* ok = Button("OKButton", tr("OK"), &frmBatch::accept);
+  auto* ok = Button("OKButton", "OK", &frmBatch::accept);
   ok->setDefault(true);
   side->addWidget(ok);
-  side->addWidget(Button("CancelButton", tr("Cancel"), &frmBatch::reject));
-  delete_->setToolTip(tr("Takes the selected lines off the list; the files stay"));
+  side->addWidget(Button("CancelButton", "Cancel", &frmBatch::reject));
+  delete_->setToolTip("Takes the selected lines off the list; the files stay");
 
   auto* layout = new QGridLayout(this);
   layout->addWidget(label, 0, 0, 1, 2);

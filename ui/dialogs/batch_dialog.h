@@ -16,8 +16,6 @@
 namespace captoria {
 
 class frmBatch final : public QDialog {
-  Q_OBJECT
-
  public:
   // `prompts` outlives the dialog. File dialogs begin at `current_video`, which may be empty.
   frmBatch(Prompts& prompts, std::string current_video, QWidget* parent);

@@ -86,7 +86,7 @@ class Info::ComboDelegate final : public QStyledItemDelegate {
 Info::Info(Prompts& prompts, QWidget* parent)
     : QWidget(parent), prompts_(prompts), table_(new QTableWidget(0, 2, this)) {
   BuildTable();
-  auto* copy = new QAction(tr("&Copy"), table_);
+  auto* copy = new QAction("&Copy", table_);
   copy->setShortcut(QKeySequence::Copy);
   copy->setShortcutContext(Qt::WidgetShortcut);
   connect(copy, &QAction::triggered, this, &Info::Copy);
@@ -99,7 +99,7 @@ Info::Info(Prompts& prompts, QWidget* parent)
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(table_);
   setFocusProxy(table_);
-  setAccessibleName(tr("Information"));
+  setAccessibleName("Information");
 }
 
 void Info::BuildTable() {
@@ -109,7 +109,7 @@ void Info::BuildTable() {
   table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   table_->setEditTriggers(QAbstractItemView::EditKeyPressed);
   table_->setTabKeyNavigation(false);  // Tab leaves the table; the arrows move in it
-  table_->setAccessibleName(tr("Information"));
+  table_->setAccessibleName("Information");
   table_->setShowGrid(false);
   table_->setAlternatingRowColors(true);
   table_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);

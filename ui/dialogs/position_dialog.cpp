@@ -34,7 +34,7 @@ Form3::Form3(Session& session, CommandMode mode, const PositionDialogStart& star
       cue_(start.cue),
       tag_(start.cue == nullptr ? std::string{} : start.cue->Tag) {
   setObjectName("Form3");
-  setWindowTitle(tr("Pos and alignment for selected subtitles"));
+  setWindowTitle("Pos and alignment for selected subtitles");
   Build(start.maximum);
   if (cue_ != nullptr) ShowStart(start.position);
   ApplyCaptions(*this, session_.language);
@@ -45,17 +45,17 @@ void Form3::Build(int maximum) {
   layout->addLayout(BuildPosition(maximum));
   layout->addLayout(BuildAlignment());
   layout->addStretch();
-  layout->addLayout(DialogButtons(*this, {"cmdOk", tr("Ok")}, {"cmdCancel", tr("Cancel")}));
+  layout->addLayout(DialogButtons(*this, {"cmdOk", "Ok"}, {"cmdCancel", "Cancel"}));
   resize(QFontMetrics(font()).averageCharWidth() * 60, sizeHint().height());
 }
 
 QLayout* Form3::BuildPosition(int maximum) {
-  with_position_ = new QCheckBox(tr("&Vertical position"), this);
+  with_position_ = new QCheckBox("&Vertical position", this);
   with_position_->setObjectName("chkVer");
-  with_position_->setToolTip(tr("Check it if you want to set vertical position for selected subtitles"));
+  with_position_->setToolTip("Check it if you want to set vertical position for selected subtitles");
   position_ = new QSlider(Qt::Horizontal, this);
   position_->setObjectName("Slider1");
-  position_->setAccessibleName(tr("Vertical position"));
+  position_->setAccessibleName("Vertical position");
   position_->setLayoutDirection(Qt::LeftToRight);
   position_->setPageStep(5);
   position_->setMaximum(maximum);
@@ -78,13 +78,13 @@ QLayout* Form3::BuildPosition(int maximum) {
 }
 
 QLayout* Form3::BuildAlignment() {
-  with_alignment_ = new QCheckBox(tr("&Inside Alignment"), this);
+  with_alignment_ = new QCheckBox("&Inside Alignment", this);
   with_alignment_->setObjectName("chkIn");
-  with_alignment_->setToolTip(tr("Check it if you want to set inside alignment for selected subtitles"));
+  with_alignment_->setToolTip("Check it if you want to set inside alignment for selected subtitles");
   alignment_ = new QButtonGroup(this);
   auto* row = new QHBoxLayout;
   row->addWidget(with_alignment_);
-  const QString captions[] = {tr("&Left"), tr("&Center"), tr("&Right")};
+  const QString captions[] = {"&Left", "&Center", "&Right"};
   for (int i = 0; i < 3; ++i) {
     auto* option = new QRadioButton(captions[i], this);
     option->setObjectName(QStringLiteral("Option%1").arg(i + 1));

@@ -19,20 +19,20 @@ namespace captoria {
 frmSelectSubs::frmSelectSubs(Session& session, CommandMode mode, QWidget* parent)
     : QDialog(parent), session_(session), mode_(mode), lines_(new QComboBox(this)) {
   setObjectName("frmSelectSubs");
-  setWindowTitle(tr("Select subtitles that have"));
+  setWindowTitle("Select subtitles that have");
   lines_->setObjectName("cmbNumOfLines");
-  lines_->addItems({tr("<any number>"), "1", "2", "3"});
+  lines_->addItems({"<any number>", "1", "2", "3"});
   auto* form = new QFormLayout;
-  auto* label = new QLabel(tr("&Number of lines"), this);
+  auto* label = new QLabel("&Number of lines", this);
   label->setObjectName("Label1");
   label->setBuddy(lines_);
   form->addRow(label, lines_);
-  start_ = AddCondition(form, "Label2", tr("&Start with"), "cmbStart", "txtStart");
-  end_ = AddCondition(form, "Label3", tr("&End with"), "cmbEnd", "txtEnd");
+  start_ = AddCondition(form, "Label2", "&Start with", "cmbStart", "txtStart");
+  end_ = AddCondition(form, "Label3", "&End with", "cmbEnd", "txtEnd");
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(form);
   layout->addStretch();
-  layout->addLayout(DialogButtons(*this, {"OKButton", tr("OK")}, {"CancelButton", tr("Cancel")}));
+  layout->addLayout(DialogButtons(*this, {"OKButton", "OK"}, {"CancelButton", "Cancel"}));
   ApplyCaptions(*this, session_.language);
 }
 
@@ -40,9 +40,9 @@ frmSelectSubs::Condition frmSelectSubs::AddCondition(QFormLayout* form, const ch
                                                      const char* where_name, const char* characters_name) {
   const Condition condition{new QComboBox(this), new QLineEdit(this)};
   condition.where->setObjectName(where_name);
-  condition.where->addItems({tr("<anything>"), tr("These chars"), tr("All lines with these chars")});
+  condition.where->addItems({"<anything>", "These chars", "All lines with these chars"});
   condition.characters->setObjectName(characters_name);
-  condition.characters->setAccessibleName(tr("Characters"));
+  condition.characters->setAccessibleName("Characters");
   QSizePolicy keeps_its_place = condition.characters->sizePolicy();
   keeps_its_place.setRetainSizeWhenHidden(true);
   condition.characters->setSizePolicy(keeps_its_place);

@@ -20,8 +20,6 @@ namespace captoria {
 enum class CommandMode { Apply, ComposeOnly };
 
 class frmSelectSubs final : public QDialog {
-  Q_OBJECT
-
  public:
   // The session outlives the dialog.
   frmSelectSubs(Session& session, CommandMode mode, QWidget* parent);

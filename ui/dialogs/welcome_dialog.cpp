@@ -41,11 +41,11 @@ constexpr std::array kTexts = {
 
 frmWelcome::frmWelcome(const LanguageDocument& language, QWidget* parent) : QDialog(parent) {
   setObjectName("frmWelcome");
-  setWindowTitle(tr("Welcome to the program"));
+  setWindowTitle("Welcome to the program");
   auto* page = new QWidget;
   auto* texts = new QVBoxLayout(page);
   for (std::size_t i = 0; i < kTexts.size(); ++i) {
-    auto* label = new QLabel(tr(kTexts[i]), page);
+    auto* label = new QLabel(kTexts[i], page);
     label->setObjectName("Label" + QString::number(i + 1));
     label->setTextFormat(Qt::PlainText);  // "<New>" is a tab, not a tag
     label->setWordWrap(true);
@@ -68,7 +68,7 @@ frmWelcome::frmWelcome(const LanguageDocument& language, QWidget* parent) : QDia
   scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll->setAccessibleName(windowTitle());
 
-  auto* ok = new QPushButton(tr("OK"), this);
+  auto* ok = new QPushButton("OK", this);
   ok->setObjectName("OKButton");
   ok->setDefault(true);
   connect(ok, &QPushButton::clicked, this, &QDialog::accept);

@@ -12,8 +12,6 @@ namespace captoria {
 
 // Labels "Label1" to "Label10" in reading order.
 class frmWelcome final : public QDialog {
-  Q_OBJECT
-
  public:
   frmWelcome(const LanguageDocument& language, QWidget* parent);
 };

@@ -34,21 +34,21 @@ JobBar::JobBar(QWidget* parent)
     : QWidget(parent),
       label_(new QLabel(this)),
       bar_(new QProgressBar(this)),
-      cancel_(new QPushButton(tr("&Cancel"), this)),
-      bitmaps_text_(HiddenText("lblCreateBitmaps", tr("Creating Bitmaps..."), this)),
-      film_text_(HiddenText("lblWritingFilm", tr("Writing the film"), this)),
-      time_text_(HiddenText("lblTimeLeft", tr(", %1 s left"), this)),
-      item_text_(HiddenText("lblJobItem", tr("%1 of %2, %3: "), this)),
+      cancel_(new QPushButton("&Cancel", this)),
+      bitmaps_text_(HiddenText("lblCreateBitmaps", "Creating Bitmaps...", this)),
+      film_text_(HiddenText("lblWritingFilm", "Writing the film", this)),
+      time_text_(HiddenText("lblTimeLeft", ", %1 s left", this)),
+      item_text_(HiddenText("lblJobItem", "%1 of %2, %3: ", this)),
       state_(std::make_shared<State>()),
       stop_(std::make_shared<std::atomic<bool>>(false)) {
   setObjectName("jobBar");
   cancel_->setObjectName("cmdCancelJob");
   cancel_->setIcon(QIcon(":/icons/cancel.svg"));
-  bar_->setAccessibleName(tr("Progress"));
+  bar_->setAccessibleName("Progress");
   bar_->setObjectName("barJob");
   label_->setObjectName("lblJob");
   label_->setProperty(kShowsData, true);
-  label_->setAccessibleName(tr("What is being done"));
+  label_->setAccessibleName("What is being done");
   auto* layout = new QHBoxLayout(this);
   layout->addWidget(label_);
   layout->addWidget(bar_, 1);

@@ -79,7 +79,7 @@ frmCreateLang::frmCreateLang(Session& session, const std::string& version, QWidg
       translations_([this](const auto& node, const auto&) { return MarkInEdited(node); }, this),
       form_(new CreateLangForm(ToQt(version), &filter_, &translations_, this)) {
   setObjectName("frmCreateLang");
-  setWindowTitle(tr("Create new language for program ") + kProgramTitle + " ver. " + ToQt(version));
+  setWindowTitle(QStringLiteral("Create new language for program ") + kProgramTitle + " ver. " + ToQt(version));
   setSizeGripEnabled(true);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -126,7 +126,7 @@ void frmCreateLang::FillFiles() {
     box->clear();
     for (const LanguageFile& file : files_) box->addItem(PathToQt(FileNameOf(file)));
   }
-  form_->edited_box->addItem(tr("<create new>"));
+  form_->edited_box->addItem("<create new>");
   Restore(form_->original_box, original_name_);
   Restore(form_->edited_box, edited_name_);
 }
@@ -212,7 +212,7 @@ bool frmCreateLang::Save() {
   translations_.Follow(edited_->Sections());
   if (saved) {
     form_->creator->setModified(false);
-    form_->saved->setText(tr("Saved"));
+    form_->saved->setText("Saved");
     FillFiles();  // the file may lie in another folder now
   }
   ShowChanges();
@@ -372,14 +372,14 @@ void frmCreateLang::ShowChanges() {
       return edited_->StateOf({section.name, item.name}, item.text) == ItemState::Translated;
     }));
   }
-  form_->progress->setText(items > 0 ? tr("%1 of %2 translated").arg(translated).arg(items) : QString());
+  form_->progress->setText(items > 0 ? QStringLiteral("%1 of %2 translated").arg(translated).arg(items) : QString());
   ShowWhetherSaved();
 }
 
 void frmCreateLang::ShowWhetherSaved() {
   if (HasChanges()) {
-    form_->saved->setText(tr("Not saved"));
-  } else if (form_->saved->text() == tr("Not saved")) {
+    form_->saved->setText("Not saved");
+  } else if (form_->saved->text() == "Not saved") {
     form_->saved->clear();
   }
 }

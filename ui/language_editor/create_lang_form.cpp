@@ -69,17 +69,17 @@ CreateLangForm::CreateLangForm(QString version, QAbstractItemModel* originals, Q
       edited_tree(Named(new QTreeView(this), "Tree2")),
       original_text(Named(new QPlainTextEdit(this), "Text1")),
       translation(Named(new TranslationEdit(this), "Text2")),
-      only_untranslated(Named(new QCheckBox(tr("Sho&w only what is not translated"), this), "chkOnlyUntranslated")),
-      auto_create(Named(new QCheckBox(tr("&Auto create missing items"), this), "chkAutoCreate")),
+      only_untranslated(Named(new QCheckBox("Sho&w only what is not translated", this), "chkOnlyUntranslated")),
+      auto_create(Named(new QCheckBox("&Auto create missing items", this), "chkAutoCreate")),
       progress(Named(new QLabel(this), "lblProgress")),
       creator(Named(new QLineEdit(this), "txtCreator")),
       saved(Named(new QLabel(this), "lblSaved")),
-      update(NamedButton("Command2", LeftToRight(tr("&Update <Enter>")), this)),
-      instructions(NamedButton("Command3", tr("&If you want to update an existing language file"), this)),
-      save(NamedButton("Command1", tr("&Save new Language file"), this)),
-      close(NamedButton("cmdClose", tr("&Close"), this)),
+      update(NamedButton("Command2", LeftToRight("&Update <Enter>"), this)),
+      instructions(NamedButton("Command3", "&If you want to update an existing language file", this)),
+      save(NamedButton("Command1", "&Save new Language file", this)),
+      close(NamedButton("cmdClose", "&Close", this)),
       version_(std::move(version)) {
-  edited_box->setPlaceholderText(tr("Select or create a file"));
+  edited_box->setPlaceholderText("Select or create a file");
   SetUpTree(original_tree, originals);
   SetUpTree(edited_tree, translations);
   SetUpText(original_text);
@@ -125,14 +125,14 @@ QLayout* CreateLangForm::FileRow() {
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);  // a name may be long
     box->setMinimumContentsLength(kShortestName);
   }
-  rows->addWidget(CaptionOf("lblOriginalFile", tr("&Original Language file"), original_box), 0, 0);
-  rows->addWidget(CaptionOf("lblNewFile", tr("&New Language file"), edited_box), 0, 2);
+  rows->addWidget(CaptionOf("lblOriginalFile", "&Original Language file", original_box), 0, 0);
+  rows->addWidget(CaptionOf("lblNewFile", "&New Language file", edited_box), 0, 2);
   auto* versions = new QHBoxLayout;
   versions->addWidget(original_version);
-  versions->addWidget(Named(new QLabel(tr("<< Language file for version >>"), this), "lblVersions"));
+  versions->addWidget(Named(new QLabel("<< Language file for version >>", this), "lblVersions"));
   versions->addWidget(edited_version);
-  original_version->setAccessibleDescription(tr("Version of the original language file"));
-  edited_version->setAccessibleDescription(tr("Version of the new language file"));
+  original_version->setAccessibleDescription("Version of the original language file");
+  edited_version->setAccessibleDescription("Version of the new language file");
   rows->addWidget(original_box, 1, 0);
   rows->addLayout(versions, 1, 1);
   rows->addWidget(edited_box, 1, 2);
@@ -144,8 +144,8 @@ QWidget* CreateLangForm::OriginalSide() {
   auto* options = new QHBoxLayout;
   options->addWidget(only_untranslated);
   options->addStretch();
-  return Side(this, CaptionOf("lblOriginalTree", tr("<< Original &language text"), original_tree), original_tree,
-              options, CaptionOf("lblOriginalText", tr("Ori&ginal text"), original_text), original_text, Legend());
+  return Side(this, CaptionOf("lblOriginalTree", "<< Original &language text", original_tree), original_tree, options,
+              CaptionOf("lblOriginalText", "Ori&ginal text", original_text), original_text, Legend());
 }
 
 QWidget* CreateLangForm::EditedSide() {
@@ -154,12 +154,12 @@ QWidget* CreateLangForm::EditedSide() {
   options->addStretch();
   options->addWidget(progress);
   auto* end = new QHBoxLayout;
-  end->addWidget(Named(new QLabel(tr("Hit <Enter> at above textbox"), this), "lblHint"));
+  end->addWidget(Named(new QLabel("Hit <Enter> at above textbox", this), "lblHint"));
   end->addStretch();
   end->addWidget(update);
-  translation->setToolTip(tr("Shift+Enter breaks the line; the up and down keys go to the item before and after"));
-  return Side(this, CaptionOf("lblNewTree", tr("New language te&xt >>"), edited_tree), edited_tree, options,
-              CaptionOf("lblTranslation", tr("&Enter to update and move next"), translation), translation, end);
+  translation->setToolTip("Shift+Enter breaks the line; the up and down keys go to the item before and after");
+  return Side(this, CaptionOf("lblNewTree", "New language te&xt >>", edited_tree), edited_tree, options,
+              CaptionOf("lblTranslation", "&Enter to update and move next", translation), translation, end);
 }
 
 QLayout* CreateLangForm::Legend() {
@@ -178,14 +178,14 @@ QLayout* CreateLangForm::Legend() {
 
 QLayout* CreateLangForm::EndRow() {
   auto* row = new QHBoxLayout;
-  row->addWidget(CaptionOf("lblCreator", tr("C&reator"), creator));
+  row->addWidget(CaptionOf("lblCreator", "C&reator", creator));
   row->addWidget(creator, 1);
   row->addWidget(instructions);
   row->addWidget(saved);
   row->addWidget(save);
   row->addWidget(close);
-  instructions->setToolTip(tr("How to do that, step by step"));
-  save->setToolTip(tr("Writes the file to the program's data folder"));
+  instructions->setToolTip("How to do that, step by step");
+  save->setToolTip("Writes the file to the program's data folder");
   return row;
 }
 
@@ -202,7 +202,8 @@ void CreateLangForm::UsePalette() {
     QPalette colors = palette();
     if (differs) colors.setColor(QPalette::WindowText, is_dark ? QColor(255, 112, 112) : QColor(192, 0, 0));
     label->setPalette(colors);
-    label->setToolTip(differs ? tr("Not the version of this program, which is %1").arg(version_) : QString());
+    label->setToolTip(differs ? QStringLiteral("Not the version of this program, which is %1").arg(version_)
+                              : QString());
   }
   const int side = fontMetrics().height();
   for (const auto& [label, mark] : legend_) label->setPixmap(MarkIcon(mark).pixmap({side, side}, devicePixelRatioF()));

@@ -23,8 +23,6 @@
 namespace captoria {
 
 class CreateLangForm final : public QWidget {
-  Q_OBJECT
-
  public:
   // `version` is the running program's. The models outlive the form.
   CreateLangForm(QString version, QAbstractItemModel* originals, QAbstractItemModel* translations, QWidget* parent);

@@ -87,13 +87,13 @@ QIcon MarkIcon(LanguageMark mark) { return QIcon(new MarkEngine(mark)); }
 QString MarkText(LanguageMark mark) {
   switch (mark) {
     case LanguageMark::Missing:
-      return QApplication::translate("LanguageMark", "missing");
+      return "missing";
     case LanguageMark::Untranslated:
-      return QApplication::translate("LanguageMark", "not translated");
+      return "not translated";
     case LanguageMark::Translated:
-      return QApplication::translate("LanguageMark", "translated");
+      return "translated";
     case LanguageMark::Extra:
-      return QApplication::translate("LanguageMark", "not in the original");
+      return "not in the original";
     case LanguageMark::None:
       break;
   }

@@ -25,8 +25,6 @@ QIcon MarkIcon(LanguageMark mark);
 QString MarkText(LanguageMark mark);
 
 class LanguageTreeModel final : public QAbstractItemModel {
-  Q_OBJECT
-
  public:
   static constexpr int kMarkRole = Qt::UserRole;
 
@@ -74,8 +72,6 @@ class LanguageTreeModel final : public QAbstractItemModel {
 // The same tree, on demand with nothing but the items that are missing or not translated. What was translated since
 // stays until the next Refilter.
 class LanguageTreeFilter final : public QSortFilterProxyModel {
-  Q_OBJECT
-
  public:
   // `model` outlives the filter.
   LanguageTreeFilter(LanguageTreeModel& model, QObject* parent);

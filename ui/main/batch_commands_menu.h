@@ -12,8 +12,6 @@
 namespace captoria {
 
 class BatchCommandsMenu final : public QObject {
-  Q_OBJECT
-
  public:
   // `none` is the entry of `menu` for a folder without command files. The session outlives the object.
   BatchCommandsMenu(Session& session, QMenu* menu, QAction* none);

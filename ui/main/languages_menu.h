@@ -13,8 +13,6 @@
 namespace captoria {
 
 class LanguagesMenu final : public QObject {
-  Q_OBJECT
-
  public:
   // `none` is a hidden entry of `menu` that language files know. The session outlives the object.
   LanguagesMenu(Session& session, QMenu* menu, QAction* none);

@@ -42,29 +42,29 @@ QAction* MainMenu::Add(QMenu* menu, const char* name, const QString& text, const
 }
 
 void MainMenu::BuildFile(QMenuBar* bar) {
-  QMenu* file = AddMenu(bar, "mnuFile", tr("&File"));
-  open_avi = Add(file, "mnuOpenAvi", tr("Open &avi..."), "open-avi", QKeySequence::Open);
-  open_srt = Add(file, "mnuOpenSrt", tr("Open &srt/idx..."), "open-srt", tr("Ctrl+T"));
-  recent = file->addMenu(tr("&Recent videos"));
+  QMenu* file = AddMenu(bar, "mnuFile", "&File");
+  open_avi = Add(file, "mnuOpenAvi", "Open &avi...", "open-avi", QKeySequence::Open);
+  open_srt = Add(file, "mnuOpenSrt", "Open &srt/idx...", "open-srt", Qt::CTRL | Qt::Key_T);
+  recent = file->addMenu("&Recent videos");
   recent->setObjectName("mnuRecent");
   file->addSeparator()->setObjectName("mnuSep2");
   // A single file is closed by no command; language files know the entry all the same.
-  Add(file, "mnuCloseThisSrt", tr("Close active srt/idx file"))->setVisible(false);
-  close_srt = Add(file, "mnuCloseSrt", tr("&Close all srt/idx files"), nullptr, QKeySequence::Close);
+  Add(file, "mnuCloseThisSrt", "Close active srt/idx file")->setVisible(false);
+  close_srt = Add(file, "mnuCloseSrt", "&Close all srt/idx files", nullptr, QKeySequence::Close);
   file->addSeparator()->setObjectName("mnuSep3");
-  options = Add(file, "mnuOptions", tr("&Options..."), "options", tr("Ctrl+,"));
+  options = Add(file, "mnuOptions", "&Options...", "options", Qt::CTRL | Qt::Key_Comma);
   file->addSeparator()->setObjectName("mnuSep156");
-  batch_convert = Add(file, "mnuBatchConvert", tr("&Batch convert..."), nullptr, tr("Ctrl+B"));
+  batch_convert = Add(file, "mnuBatchConvert", "&Batch convert...", nullptr, Qt::CTRL | Qt::Key_B);
   file->addSeparator()->setObjectName("mnuSep4");
-  exit = Add(file, "mnuExit", tr("E&xit"), nullptr, QKeySequence::Quit);
+  exit = Add(file, "mnuExit", "E&xit", nullptr, QKeySequence::Quit);
   exit->setMenuRole(QAction::QuitRole);
 }
 
 void MainMenu::BuildSubtitles(QMenuBar* bar, const QList<QAction*>& style_actions) {
-  QMenu* subtitles = AddMenu(bar, "mnuSubtitles", tr("&Subtitles"));
-  fit_font = Add(subtitles, "mnuFitFont", tr("&Fit font size"), "fit-font");
+  QMenu* subtitles = AddMenu(bar, "mnuSubtitles", "&Subtitles");
+  fit_font = Add(subtitles, "mnuFitFont", "&Fit font size", "fit-font");
   fit_font->setCheckable(true);
-  fit_font->setToolTip(tr("Fit the font size of big subtitles when creating the DivX"));
+  fit_font->setToolTip("Fit the font size of big subtitles when creating the DivX");
   subtitles->addSeparator()->setObjectName("mnuSep12");
   const auto add_style = [&](const char* key, const char* name, const QString& text) {
     QAction* entry = Add(subtitles, name, text);
@@ -77,23 +77,23 @@ void MainMenu::BuildSubtitles(QMenuBar* bar, const QList<QAction*>& style_action
     });
     connect(entry, &QAction::triggered, action, &QAction::trigger);
   };
-  add_style("font", "mnuFont", tr("F&ont..."));
-  add_style("color", "mnuForeColor", tr("Fore &color..."));
-  add_style("outcolor", "mnuOutlineColor", tr("O&utline color..."));
+  add_style("font", "mnuFont", "F&ont...");
+  add_style("color", "mnuForeColor", "Fore &color...");
+  add_style("outcolor", "mnuOutlineColor", "O&utline color...");
   BuildOutlineWidths(subtitles, style_actions);
-  add_style("shadowcolor", "mnuShadowColor", tr("&Shadow color..."));
+  add_style("shadowcolor", "mnuShadowColor", "&Shadow color...");
   subtitles->addSeparator()->setObjectName("mnuSep17");
-  only_outside = Add(subtitles, "mnuOnlyOut", tr("Only outsi&de subtitles"), "only-out");
-  only_outside->setToolTip(tr("Show only subtitles that are outside safe viewing area"));
+  only_outside = Add(subtitles, "mnuOnlyOut", "Only outsi&de subtitles", "only-out");
+  only_outside->setToolTip("Show only subtitles that are outside safe viewing area");
   only_outside->setCheckable(true);
-  preview = Add(subtitles, "mnuPreview", tr("&Preview"), nullptr, tr("Ctrl+P"));
+  preview = Add(subtitles, "mnuPreview", "&Preview", nullptr, Qt::CTRL | Qt::Key_P);
   preview->setCheckable(true);
   subtitles->addSeparator()->setObjectName("mnuSep39");
-  make_divx = Add(subtitles, "mnuMakeDivX", tr("Create &DivX"), "create-divx", tr("Ctrl+D"));
+  make_divx = Add(subtitles, "mnuMakeDivX", "Create &DivX", "create-divx", Qt::CTRL | Qt::Key_D);
 }
 
 void MainMenu::BuildOutlineWidths(QMenu* menu, const QList<QAction*>& style_actions) {
-  QMenu* widths = menu->addMenu(tr("Outline &width"));
+  QMenu* widths = menu->addMenu("Outline &width");
   widths->setObjectName("mnuOutlineWidth");
   auto* one_of_them = new QActionGroup(widths);
   for (int width = 0; width <= 4; ++width) {
@@ -111,38 +111,38 @@ void MainMenu::BuildOutlineWidths(QMenu* menu, const QList<QAction*>& style_acti
 }
 
 void MainMenu::BuildBatchAndHelp(QMenuBar* bar) {
-  batch_commands = AddMenu(bar, "mnuBatchCommands", tr("&Batch commands"));
-  no_batch_file = Add(batch_commands, "mnuBatch", tr("None batch file"));
+  batch_commands = AddMenu(bar, "mnuBatchCommands", "&Batch commands");
+  no_batch_file = Add(batch_commands, "mnuBatch", "None batch file");
   no_batch_file->setProperty("Index", 0);
-  QMenu* help = AddMenu(bar, "mnuHelp", tr("&Help"));
-  languages = help->addMenu(tr("&Languages"));
+  QMenu* help = AddMenu(bar, "mnuHelp", "&Help");
+  languages = help->addMenu("&Languages");
   languages->setObjectName("mnuLanguages");
-  create_lang = Add(languages, "mnuCreateLang", tr("&Create new Language..."));
+  create_lang = Add(languages, "mnuCreateLang", "&Create new Language...");
   languages->addSeparator()->setObjectName("mnuSep73");
-  no_language = Add(languages, "mnuLangDef", tr("Default"));
+  no_language = Add(languages, "mnuLangDef", "Default");
   no_language->setProperty("Index", 0);
   help->addSeparator()->setObjectName("mnuSep59");
-  welcome = Add(help, "mnuWelcome", tr("&Welcome dialog..."), nullptr, QKeySequence::HelpContents);
-  about = Add(help, "mnuAbout", tr("&About..."));
+  welcome = Add(help, "mnuWelcome", "&Welcome dialog...", nullptr, QKeySequence::HelpContents);
+  about = Add(help, "mnuAbout", "&About...");
   about->setMenuRole(QAction::AboutRole);
 }
 
 void MainMenu::BuildPopup(QMenuBar* bar) {
-  selected_subs = new QMenu(tr("Menu for selected subtitles"), bar);
+  selected_subs = new QMenu("Menu for selected subtitles", bar);
   selected_subs->setObjectName("mnuforSelectedSubs");
-  left = Add(selected_subs, "mnuLeftAl", tr("&Left alignment"), "align-left", tr("Ctrl+L"));
-  center = Add(selected_subs, "mnuCenterAl", tr("&Center alignment"), "align-center", tr("Ctrl+E"));
-  right = Add(selected_subs, "mnuRightAl", tr("&Right alignment"), "align-right", tr("Ctrl+R"));
+  left = Add(selected_subs, "mnuLeftAl", "&Left alignment", "align-left", Qt::CTRL | Qt::Key_L);
+  center = Add(selected_subs, "mnuCenterAl", "&Center alignment", "align-center", Qt::CTRL | Qt::Key_E);
+  right = Add(selected_subs, "mnuRightAl", "&Right alignment", "align-right", Qt::CTRL | Qt::Key_R);
   selected_subs->addSeparator()->setObjectName("mnuforSelectedSubsSep");
-  set_pos_align = Add(selected_subs, "mnuSetPosAlign", tr("Set &pos and alignment..."), nullptr, tr("Ctrl+G"));
-  select_subs = Add(selected_subs, "mnuSelectSub", tr("&Select subtitles..."), nullptr, QKeySequence::Find);
+  set_pos_align = Add(selected_subs, "mnuSetPosAlign", "Set &pos and alignment...", nullptr, Qt::CTRL | Qt::Key_G);
+  select_subs = Add(selected_subs, "mnuSelectSub", "&Select subtitles...", nullptr, QKeySequence::Find);
 }
 
 void MainMenu::BuildToolbar(QToolBar* toolbar) {
-  stream_info = new QAction(QIcon(":/icons/avi-info.svg"), tr("Show avi info (streams)"), this);
+  stream_info = new QAction(QIcon(":/icons/avi-info.svg"), "Show avi info (streams)", this);
   stream_info->setObjectName("AviInfo");
   stream_info->setCheckable(true);
-  stream_info->setShortcut(tr("Ctrl+I"));
+  stream_info->setShortcut(Qt::CTRL | Qt::Key_I);
   const auto add = [&](QAction* action, const char* key) {
     toolbar->addAction(action);
     toolbar->widgetForAction(action)->setObjectName(key);

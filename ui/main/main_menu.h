@@ -15,8 +15,6 @@
 namespace captoria {
 
 class MainMenu final : public QObject {
-  Q_OBJECT
-
  public:
   // `style_actions` are those of the style panel: font, colours and outline widths.
   MainMenu(QMenuBar* bar, QToolBar* toolbar, const QList<QAction*>& style_actions, QObject* parent);

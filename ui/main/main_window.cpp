@@ -65,13 +65,13 @@ Form1::Form1(Session& session, WindowView& view) : session_(session), view_(view
 
 void Form1::Build() {
   style_ = new StylePanel(session_, this);
-  auto* toolbar = addToolBar(tr("Commands"));
+  auto* toolbar = addToolBar("Commands");
   toolbar->setObjectName("Toolbar2");
   menu_ = new MainMenu(menuBar(), toolbar, style_->StyleActions(), this);
   system_ = new QComboBox(toolbar);
   system_->setObjectName("Combo3");
   system_->addItems({"NTSC", "PAL"});
-  system_->setToolTip(tr("Video system for active avi file"));
+  system_->setToolTip("Video system for active avi file");
   system_->setAccessibleName(system_->toolTip());
   toolbar->addSeparator();
   toolbar->addWidget(system_);
@@ -87,7 +87,7 @@ void Form1::Build() {
   layout->addWidget(jobs_);
   setCentralWidget(central);
   BuildStreams();
-  stop_text_ = HiddenText("lblStopJob", tr("A film is being made. Stop it?"), this);
+  stop_text_ = HiddenText("lblStopJob", "A film is being made. Stop it?", this);
   status_ = new StatusLabels(statusBar());
   commands_ = new WindowCommands(session_, *jobs_, this);
   state_->KeepRecent(menu_->recent);
@@ -120,9 +120,9 @@ QWidget* Form1::BuildWorkPage() {
 void Form1::BuildStreams() {
   streams_ = new Info(session_.prompts, this);
   streams_->setObjectName("Info1");
-  stream_text_ = HiddenText("lblStream", tr("Stream"), this);
-  information_text_ = HiddenText("lblInformation", tr("Information"), this);
-  streams_dock_ = new QDockWidget(tr("Avi info (streams)"), this);
+  stream_text_ = HiddenText("lblStream", "Stream", this);
+  information_text_ = HiddenText("lblInformation", "Information", this);
+  streams_dock_ = new QDockWidget("Avi info (streams)", this);
   streams_dock_->setObjectName("AviInfoPanel");
   streams_dock_->setWidget(streams_);
   addDockWidget(Qt::BottomDockWidgetArea, streams_dock_);

@@ -30,8 +30,6 @@
 namespace captoria {
 
 class Form1 final : public QMainWindow {
-  Q_OBJECT
-
  public:
   // `view` is that of the session. Both outlive the window.
   Form1(Session& session, WindowView& view);

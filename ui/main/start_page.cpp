@@ -16,24 +16,24 @@ StartPage::StartPage(QAction* open_video, QAction* open_subtitle, QWidget* paren
   picture->setPixmap(QIcon(":/icons/captoria.svg").pixmap(kPicture, kPicture));
   picture->setAlignment(Qt::AlignCenter);
   picture->setObjectName("picStart");
-  auto* title = new QLabel(tr("Open a video, or drop one here"), this);
+  auto* title = new QLabel("Open a video, or drop one here", this);
   title->setObjectName("lblStart");
   QFont font = title->font();
   font.setPointSizeF(font.pointSizeF() * 1.6);
   title->setFont(font);
   title->setAlignment(Qt::AlignCenter);
-  auto* hint =
-      new QLabel(tr("Subtitle files of its name are opened with it. Then give them a style, look at them over the "
-                    "picture, and create the DivX file."),
-                 this);
+  auto* hint = new QLabel(
+      "Subtitle files of its name are opened with it. Then give them a style, look at them over the "
+      "picture, and create the DivX file.",
+      this);
   hint->setObjectName("lblStartHint");
   hint->setWordWrap(true);
   hint->setAlignment(Qt::AlignCenter);
-  auto* video = new QPushButton(open_video->icon(), tr("Open &video..."), this);
+  auto* video = new QPushButton(open_video->icon(), "Open &video...", this);
   video->setObjectName("cmdStartVideo");
   video->setDefault(true);
   connect(video, &QPushButton::clicked, open_video, &QAction::trigger);
-  auto* subtitle = new QPushButton(open_subtitle->icon(), tr("Open subtitle fi&le..."), this);
+  auto* subtitle = new QPushButton(open_subtitle->icon(), "Open subtitle fi&le...", this);
   subtitle->setObjectName("cmdStartSubtitle");
   connect(subtitle, &QPushButton::clicked, open_subtitle, &QAction::trigger);
 

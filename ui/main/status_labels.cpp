@@ -27,9 +27,9 @@ StatusLabels::StatusLabels(QStatusBar* bar)
       outside_(Add(bar, "lblStatus2", 26)),
       selected_(Add(bar, "lblStatus3", 14)),
       language_(Add(bar, "lblStatus4", 20)),
-      batch_(HiddenText("lblBatch", tr("Batch commands executed in file "), bar)),
-      outside_text_(HiddenText("lblSubOut", tr(" subtitle(s) outside safe viewing area"), bar)),
-      selected_text_(HiddenText("lblSubSelected", tr(" subtitle(s) selected"), bar)) {
+      batch_(HiddenText("lblBatch", "Batch commands executed in file ", bar)),
+      outside_text_(HiddenText("lblSubOut", " subtitle(s) outside safe viewing area", bar)),
+      selected_text_(HiddenText("lblSubSelected", " subtitle(s) selected", bar)) {
   timer_.setObjectName("Timer1");
   timer_.setSingleShot(true);
   timer_.setInterval(kShownFor);

@@ -12,8 +12,6 @@
 namespace captoria {
 
 class StatusLabels final : public QObject {
-  Q_OBJECT
-
  public:
   explicit StatusLabels(QStatusBar* bar);
 

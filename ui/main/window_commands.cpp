@@ -24,7 +24,7 @@ WindowCommands::WindowCommands(Session& session, JobBar& jobs, QWidget* window)
       session_(session),
       jobs_(jobs),
       window_(window),
-      stopped_text_(HiddenText("lblBatchStopped", tr("Stopped. %1 of %2 videos were converted."), window)),
+      stopped_text_(HiddenText("lblBatchStopped", "Stopped. %1 of %2 videos were converted.", window)),
       scripts_(session.folders.executable, ProcessEnvironment()),
       outside_{.scripts = scripts_, .documents = documents_, .ask_for_tool = [window](Session& asking, Tool tool) {
                  return AskForToolDialog::Ask(asking, tool, window);

@@ -28,23 +28,22 @@ OptionsBatchPage::OptionsBatchPage(Session& session, const PositionDialogStart& 
   layout->addWidget(BuildNewFile(), 1);
   asking_ = new_file_;
   BuildMenu();
-  replace_question_ = HiddenText("lblReplaceBatch", tr("%1 is there already. Do you want to replace it?"), this);
+  replace_question_ = HiddenText("lblReplaceBatch", "%1 is there already. Do you want to replace it?", this);
 }
 
 QWidget* OptionsBatchPage::BuildFileToRun() {
-  auto* frame = Named(new QGroupBox(tr("After opening an .srt file run this batch"), this), "FrameBatchToRun");
+  auto* frame = Named(new QGroupBox("After opening an .srt file run this batch", this), "FrameBatchToRun");
   path_ = Named(new PathEdit(frame), "txtBatchToRun");
-  path_->setAccessibleName(tr("Batch file to run after opening an .srt file"));
+  path_->setAccessibleName("Batch file to run after opening an .srt file");
   connect(path_, &QLineEdit::editingFinished, this, &OptionsBatchPage::TakeTypedPath);
-  browse_ = SmallButton("cmdBatchToRun", "...", tr("Choose a batch file"), frame);
+  browse_ = SmallButton("cmdBatchToRun", "...", "Choose a batch file", frame);
   connect(browse_, &QAbstractButton::clicked, this, &OptionsBatchPage::Browse);
-  auto* clear = Named(new QPushButton(tr("Clea&r"), frame), "cmdClear");
+  auto* clear = Named(new QPushButton("Clea&r", frame), "cmdClear");
   clear->setAutoDefault(false);
   connect(clear, &QPushButton::clicked, this, &OptionsBatchPage::Clear);
-  save_ = Named(new QPushButton(tr("&Save"), frame), "cmdSave");
+  save_ = Named(new QPushButton("&Save", frame), "cmdSave");
   connect(save_, &QPushButton::clicked, this, &OptionsBatchPage::Save);
-  to_run_ =
-      new BatchEditor(1, {tr("C&ommands in above batch file"), tr("Co&mment"), tr("A&dd"), tr("D&el")}, save_, frame);
+  to_run_ = new BatchEditor(1, {"C&ommands in above batch file", "Co&mment", "A&dd", "D&el"}, save_, frame);
   connect(to_run_, &BatchEditor::CommandWanted, this, [this] { OfferCommands(to_run_); });
   for (auto change : {&BatchEditor::CommandsChanged, &BatchEditor::CommentChanged}) {
     connect(to_run_, change, this, [this] { save_->setEnabled(true); });
@@ -60,10 +59,10 @@ QWidget* OptionsBatchPage::BuildFileToRun() {
 }
 
 QWidget* OptionsBatchPage::BuildNewFile() {
-  auto* frame = Named(new QGroupBox(tr("Create new batch"), this), "FrameNewBatch");
-  create_ = Named(new QPushButton(tr("Crea&te..."), frame), "cmdCreate");
+  auto* frame = Named(new QGroupBox("Create new batch", this), "FrameNewBatch");
+  create_ = Named(new QPushButton("Crea&te...", frame), "cmdCreate");
   connect(create_, &QPushButton::clicked, this, &OptionsBatchPage::Create);
-  new_file_ = new BatchEditor(0, {tr("&Commands"), tr("Comme&nt"), tr("&Add"), tr("De&l")}, create_, frame);
+  new_file_ = new BatchEditor(0, {"&Commands", "Comme&nt", "&Add", "De&l"}, create_, frame);
   connect(new_file_, &BatchEditor::CommandWanted, this, [this] { OfferCommands(new_file_); });
   connect(new_file_, &BatchEditor::CommentChanged, this, [this] { save_->setEnabled(true); });
   auto* layout = new QVBoxLayout(frame);
@@ -73,13 +72,13 @@ QWidget* OptionsBatchPage::BuildNewFile() {
 
 void OptionsBatchPage::BuildMenu() {
   menu_ = Named(new QMenu(this), "mnuHidden");
-  Named(menu_->addAction(tr("&Select command"), this,
+  Named(menu_->addAction("&Select command", this,
                          [this] {
                            frmSelectSubs dialog(session_, CommandMode::ComposeOnly, this);
                            AddComposed(dialog);
                          }),
         "mnuSelect");
-  Named(menu_->addAction(tr("&Pos and alignment command"), this,
+  Named(menu_->addAction("&Pos and alignment command", this,
                          [this] {
                            Form3 dialog(session_, CommandMode::ComposeOnly, placement_, this);
                            AddComposed(dialog);

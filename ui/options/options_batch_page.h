@@ -17,8 +17,6 @@
 namespace captoria {
 
 class OptionsBatchPage final : public OptionsPage {
-  Q_OBJECT
-
  public:
   // The session, and the cue that a placement begins with, outlive the page.
   OptionsBatchPage(Session& session, const PositionDialogStart& placement, QWidget* parent);

@@ -19,23 +19,23 @@ namespace captoria {
 Form2::Form2(Session& session, ContextMenuEntry& entry, const PositionDialogStart& placement, QWidget* parent)
     : QDialog(parent), session_(session), entry_(entry), tabs_(new QTabWidget(this)) {
   setObjectName("Form2");
-  setWindowTitle(tr("Options"));
+  setWindowTitle("Options");
   tabs_->tabBar()->setObjectName("TabStrip1");
-  tabs_->tabBar()->setAccessibleName(tr("Pages of options"));
+  tabs_->tabBar()->setAccessibleName("Pages of options");
   auto* general = new OptionsGeneralPage(session.prompts, this);
   auto* divx = new OptionsDivXPage(session.prompts, this);
   fonts_ = new OptionsFontsPage(session, this);
   batch_ = new OptionsBatchPage(session, placement, this);
   extra_ = new OptionsExtraPage(session.prompts, this);
-  tabs_->addTab(general, tr("General"));
-  tabs_->addTab(divx, tr("Creating DivX"));
-  tabs_->addTab(fonts_, tr("Fonts"));
-  tabs_->addTab(batch_, tr("Batch"));
-  tabs_->addTab(extra_, tr("Extra"));
+  tabs_->addTab(general, "General");
+  tabs_->addTab(divx, "Creating DivX");
+  tabs_->addTab(fonts_, "Fonts");
+  tabs_->addTab(batch_, "Batch");
+  tabs_->addTab(extra_, "Extra");
   pages_ = {general, divx, batch_, extra_};
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(tabs_, 1);
-  layout->addLayout(DialogButtons(*this, {"cmdOk", tr("OK")}, {"cmdCancel", tr("Cancel")}));
+  layout->addLayout(DialogButtons(*this, {"cmdOk", "OK"}, {"cmdCancel", "Cancel"}));
   for (OptionsPage* page : pages_) page->Load(session.settings);
   extra_->LoadEntry(entry);
   ApplyCaptions(*this, session.language);

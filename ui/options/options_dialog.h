@@ -23,8 +23,6 @@ class OptionsExtraPage;
 class OptionsFontsPage;
 
 class Form2 final : public QDialog {
-  Q_OBJECT
-
  public:
   // The session, the entry in the file manager's menu and the cue that a placement begins with outlive the dialog.
   Form2(Session& session, ContextMenuEntry& entry, const PositionDialogStart& placement, QWidget* parent);

@@ -51,7 +51,7 @@ OptionsDivXPage::OptionsDivXPage(Prompts& prompts, QWidget* parent) : OptionsPag
 }
 
 QWidget* OptionsDivXPage::BuildMethod(Prompts& prompts) {
-  auto* frame = Named(new QGroupBox(tr("Method"), this), "FrameMethod");
+  auto* frame = Named(new QGroupBox("Method", this), "FrameMethod");
   auto* layout = new QHBoxLayout(frame);
   layout->addLayout(BuildMuxerAlone(frame, prompts), 1);
   layout->addLayout(BuildConverter(frame, prompts), 1);
@@ -59,85 +59,85 @@ QWidget* OptionsDivXPage::BuildMethod(Prompts& prompts) {
 }
 
 QLayout* OptionsDivXPage::BuildMuxerAlone(QGroupBox* frame, Prompts& prompts) {
-  muxer_alone_ = Option("optDivXMux", tr("Use only &DivXMux (Res 640x480)"), frame);
+  muxer_alone_ = Option("optDivXMux", "Use only &DivXMux (Res 640x480)", frame);
   auto* what =
-      Note("lblDivXMux", tr("Program will create bitmaps and use DivXMux only to put them in final DivX file"), frame);
+      Note("lblDivXMux", "Program will create bitmaps and use DivXMux only to put them in final DivX file", frame);
   auto* part = new QWidget(frame);
-  force_height_ = Named(new QCheckBox(tr("Force &video height to"), part), "chkForceVideoHeight");
+  force_height_ = Named(new QCheckBox("Force &video height to", part), "chkForceVideoHeight");
   height_ = Named(new QSpinBox(part), "txtForceVideoHeight");
   height_->setRange(0, kHighest);
-  height_->setAccessibleName(tr("Video height in pixels"));
+  height_->setAccessibleName("Video height in pixels");
   auto* help = HiddenText("lblForceVideoHeightHelp",
-                          tr("Check this and type a big number (like 570) and 99% the subtitles will appear at the "
-                             "bottom of the movie"),
+                          "Check this and type a big number (like 570) and 99% the subtitles will appear at the "
+                          "bottom of the movie",
                           part);
   auto* row = new QHBoxLayout;
   row->addWidget(force_height_);
   row->addWidget(height_);
-  row->addWidget(HelpButton("cmdForceVideoHeightHelp", tr("What forcing the video height is for"), help, prompts));
+  row->addWidget(HelpButton("cmdForceVideoHeightHelp", "What forcing the video height is for", help, prompts));
   row->addStretch();
   auto* below = new QVBoxLayout(part);
   below->setContentsMargins({});
   below->addLayout(row);
-  below->addLayout(Indented(Note("lblForceVideoHeightNote", tr("Usually this is your's TV height"), part)));
+  below->addLayout(Indented(Note("lblForceVideoHeightNote", "Usually this is your's TV height", part)));
   return OptionWithParts(muxer_alone_, what, part);
 }
 
 QLayout* OptionsDivXPage::BuildConverter(QGroupBox* frame, Prompts& prompts) {
-  converter_ = Option("optBmpToXSub", tr("Use &BmpToxSub (Res 720x480)"), frame);
+  converter_ = Option("optBmpToXSub", "Use &BmpToxSub (Res 720x480)", frame);
   auto* what = Note("lblBmpToXSub",
-                    tr("Program will create bitmaps, use BmpToxSub to make them an xSub file and after DivXMux to put "
-                       "them in final DivX file"),
+                    "Program will create bitmaps, use BmpToxSub to make them an xSub file and after DivXMux to put "
+                    "them in final DivX file",
                     frame);
   auto* part = new QWidget(frame);
-  pal_mode_ = Named(new QCheckBox(tr("Use &PALMODE1"), part), "chkUsePalMode1");
+  pal_mode_ = Named(new QCheckBox("Use &PALMODE1", part), "chkUsePalMode1");
   auto* help = HiddenText("lblUsePalMode1Help",
-                          tr("PALMODE1:\r\nMoves subtitles to NTSC save area for PAL->NTSC conversion.\r\n\r\n"
-                             "PALMODE2 (default):\r\nUse original subtitle position."),
+                          "PALMODE1:\r\nMoves subtitles to NTSC save area for PAL->NTSC conversion.\r\n\r\n"
+                          "PALMODE2 (default):\r\nUse original subtitle position.",
                           part);
   auto* row = new QHBoxLayout(part);
   row->setContentsMargins({});
   row->addWidget(pal_mode_);
-  row->addWidget(HelpButton("cmdUsePalMode1Help", tr("What PALMODE1 does"), help, prompts));
+  row->addWidget(HelpButton("cmdUsePalMode1Help", "What PALMODE1 does", help, prompts));
   row->addStretch();
   return OptionWithParts(converter_, what, part);
 }
 
 QWidget* OptionsDivXPage::BuildConsole() {
-  auto* frame = Named(new QGroupBox(tr("DOS window"), this), "FrameDos");
+  auto* frame = Named(new QGroupBox("DOS window", this), "FrameDos");
   new QVBoxLayout(frame);
-  show_console_ = Check("chkShowDos", tr("&Show the DOS window"), frame);
+  show_console_ = Check("chkShowDos", "&Show the DOS window", frame);
   console_style_ = Named(new QComboBox(frame), "cmbShowDos");
-  console_style_->setAccessibleName(tr("Style of the DOS window"));
-  console_style_->addItems({tr("Normal with focus"), tr("Minimized with focus"), tr("Maximized with focus"),
-                            tr("Normal no focus"), tr("Minimized no focus")});
+  console_style_->setAccessibleName("Style of the DOS window");
+  console_style_->addItems(
+      {"Normal with focus", "Minimized with focus", "Maximized with focus", "Normal no focus", "Minimized no focus"});
   static_cast<QVBoxLayout*>(frame->layout())->addLayout(Indented(console_style_, Qt::AlignLeading));
-  pause_ = Check("chkShowDosPause", tr("Add a pa&use at end (to check for errors)"), frame);
-  wait_ = Check("chkWaitToEndDos", tr("Captoria will &wait until DOS window ends and show a message"), frame);
+  pause_ = Check("chkShowDosPause", "Add a pa&use at end (to check for errors)", frame);
+  wait_ = Check("chkWaitToEndDos", "Captoria will &wait until DOS window ends and show a message", frame);
   static_cast<QVBoxLayout*>(frame->layout())->addStretch();
   return frame;
 }
 
 QWidget* OptionsDivXPage::BuildTemporaryFiles() {
-  auto* frame = Named(new QGroupBox(tr("Temporary files"), this), "FrameTemp");
+  auto* frame = Named(new QGroupBox("Temporary files", this), "FrameTemp");
   auto* layout = new QVBoxLayout(frame);
-  delete_all_ = Check("chkDeleteTemp", tr("Delete &all temp files at \"<program's folder>\\tmp\""), frame);
-  delete_bitmaps_ = Check("chkDeleteBmp", tr("Delete *.b&mp files at \"<program's folder>\\tmp\""), frame);
-  delete_other_ = Check("chkDeleteOther", tr("Delete all &other files at \"<program's folder>\\tmp\""), frame);
+  delete_all_ = Check("chkDeleteTemp", "Delete &all temp files at \"<program's folder>\\tmp\"", frame);
+  delete_bitmaps_ = Check("chkDeleteBmp", "Delete *.b&mp files at \"<program's folder>\\tmp\"", frame);
+  delete_other_ = Check("chkDeleteOther", "Delete all &other files at \"<program's folder>\\tmp\"", frame);
   layout->addStretch();
   return frame;
 }
 
 QWidget* OptionsDivXPage::BuildOutput() {
-  auto* frame = Named(new QGroupBox(tr("If the output DivX file exist"), this), "FrameReplace");
-  add_underscore_ = Option("optAddUnderscore", tr("Add an \"_\" af&ter the name"), frame);
-  replace_ = Option("optReplaceDivX", tr("Replace &it"), frame);
+  auto* frame = Named(new QGroupBox("If the output DivX file exist", this), "FrameReplace");
+  add_underscore_ = Option("optAddUnderscore", "Add an \"_\" af&ter the name", frame);
+  replace_ = Option("optReplaceDivX", "Replace &it", frame);
   auto* options = new QHBoxLayout(frame);
   options->addWidget(add_underscore_);
   options->addWidget(replace_);
   options->addStretch();
   auto* part = new QWidget(this);
-  run_ = Named(new QCheckBox(tr("&Run the DivX file after creation"), part), "chkRunDivX");
+  run_ = Named(new QCheckBox("&Run the DivX file after creation", part), "chkRunDivX");
   auto* layout = new QVBoxLayout(part);
   layout->setContentsMargins({});
   layout->addWidget(frame);

@@ -13,8 +13,6 @@
 namespace captoria {
 
 class OptionsDivXPage final : public OptionsPage {
-  Q_OBJECT
-
  public:
   // The prompts outlive the page.
   OptionsDivXPage(Prompts& prompts, QWidget* parent);

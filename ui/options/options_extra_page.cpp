@@ -17,9 +17,9 @@
 namespace captoria {
 
 OptionsExtraPage::OptionsExtraPage(Prompts& prompts, QWidget* parent) : OptionsPage(parent), prompts_(prompts) {
-  auto* files = Named(new QGroupBox(tr("File manager"), this), "FrameRightClick");
+  auto* files = Named(new QGroupBox("File manager", this), "FrameRightClick");
   at_right_click_ =
-      Named(new QCheckBox(tr("&Add the \"Create .divx with subs\" (auto) at right click for .avi files"), files),
+      Named(new QCheckBox("&Add the \"Create .divx with subs\" (auto) at right click for .avi files", files),
             "chkAtRightClick");
   auto* entry = new QVBoxLayout(files);
   entry->addWidget(at_right_click_);
@@ -30,7 +30,7 @@ OptionsExtraPage::OptionsExtraPage(Prompts& prompts, QWidget* parent) : OptionsP
 }
 
 QWidget* OptionsExtraPage::BuildPreview() {
-  auto* frame = Named(new QGroupBox(tr("Preview"), this), "FramePreview");
+  auto* frame = Named(new QGroupBox("Preview", this), "FramePreview");
   frame_ = Named(new QSpinBox(frame), "txtFrameForPreview");
   frame_->setRange(-1, std::numeric_limits<int>::max());
   frame_->setMaximumWidth(frame_->fontMetrics().averageCharWidth() * 20);
@@ -38,15 +38,15 @@ QWidget* OptionsExtraPage::BuildPreview() {
   color_button_->setProperty(kShowsData, true);
   color_button_->setAutoDefault(false);
   connect(color_button_, &QAbstractButton::clicked, this, &OptionsExtraPage::ChooseColor);
-  color_label_ = FieldLabel(color_button_, "lblBackColor", tr("&Background color for subtitles"));
+  color_label_ = FieldLabel(color_button_, "lblBackColor", "&Background color for subtitles");
   auto* number = new QVBoxLayout;
   number->addWidget(frame_);
-  number->addWidget(Note("lblFrameForPreviewNote", tr("-1 is the first frame, 0 leaves it as it was"), frame));
+  number->addWidget(Note("lblFrameForPreviewNote", "-1 is the first frame, 0 leaves it as it was", frame));
   auto* color = new QHBoxLayout;
   color->addWidget(color_button_);
   color->addStretch();
   auto* form = new QFormLayout(frame);
-  form->addRow(FieldLabel(frame_, "lblFrameForPreview", tr("&Frame to get for preview")), number);
+  form->addRow(FieldLabel(frame_, "lblFrameForPreview", "&Frame to get for preview"), number);
   form->addRow(color_label_, color);
   return frame;
 }

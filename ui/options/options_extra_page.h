@@ -13,8 +13,6 @@
 namespace captoria {
 
 class OptionsExtraPage final : public OptionsPage {
-  Q_OBJECT
-
  public:
   // The prompts outlive the page.
   OptionsExtraPage(Prompts& prompts, QWidget* parent);

@@ -17,7 +17,7 @@ OptionsFontsPage::OptionsFontsPage(Session& session, QWidget* parent) : QWidget(
   auto* fonts = new QGridLayout;
   fonts->setColumnStretch(1, 1);
   for (int i = 0; i < kMostTracks; ++i) {
-    auto* button = Named(new QPushButton(tr("Subtitle &%1").arg(i + 1), this), "cmdFont");
+    auto* button = Named(new QPushButton(QStringLiteral("Subtitle &%1").arg(i + 1), this), "cmdFont");
     button->setProperty("Index", i);
     button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this, [this, button, i] { Choose(i, button->text().remove('&')); });
@@ -32,8 +32,8 @@ OptionsFontsPage::OptionsFontsPage(Session& session, QWidget* parent) : QWidget(
   }
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(Note("lblFontsNote",
-                         tr("Select the font that will be used for displaying subtitles at listviews. \r\n"
-                            "Useful for right to left languages"),
+                         "Select the font that will be used for displaying subtitles at listviews. \r\n"
+                         "Useful for right to left languages",
                          this));
   layout->addLayout(fonts);
   layout->addStretch();

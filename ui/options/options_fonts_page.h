@@ -12,8 +12,6 @@
 namespace captoria {
 
 class OptionsFontsPage final : public QWidget {
-  Q_OBJECT
-
  public:
   // The session outlives the page.
   OptionsFontsPage(Session& session, QWidget* parent);

@@ -15,18 +15,18 @@ OptionsGeneralPage::OptionsGeneralPage(Prompts& prompts, QWidget* parent) : Opti
   layout->addWidget(BuildAfterSubtitle(prompts));
   layout->addLayout(BuildManyTimes());
   show_streams_ =
-      Named(new QCheckBox(tr("Auto show avi &info (streams) after opening an avi file"), this), "chkAutoShowAviInfo");
+      Named(new QCheckBox("Auto show avi &info (streams) after opening an avi file", this), "chkAutoShowAviInfo");
   layout->addWidget(show_streams_);
   layout->addStretch();
 }
 
 QWidget* OptionsGeneralPage::BuildAfterVideo(Prompts& prompts) {
-  auto* frame = Named(new QGroupBox(tr("After loading an <a name>.avi file"), this), "FrameAfterAvi");
-  unload_ = Named(new QCheckBox(tr("First &unload all .srt files allready loaded"), frame), "chkUnLoadSrt");
+  auto* frame = Named(new QGroupBox("After loading an <a name>.avi file", this), "FrameAfterAvi");
+  unload_ = Named(new QCheckBox("First &unload all .srt files allready loaded", frame), "chkUnLoadSrt");
   subtitles_beside_ =
-      Named(new QCheckBox(tr("&Search to load <a name>*.srt files at same folder"), frame), "chkLoadSrtAuto");
+      Named(new QCheckBox("&Search to load <a name>*.srt files at same folder", frame), "chkLoadSrtAuto");
   subtitles_ =
-      new FolderOption("LoadSrtAutoFolder", tr("Search to load <a name>*.srt files at this &folder"), prompts, frame);
+      new FolderOption("LoadSrtAutoFolder", "Search to load <a name>*.srt files at this &folder", prompts, frame);
   auto* layout = new QVBoxLayout(frame);
   layout->addWidget(unload_);
   layout->addWidget(subtitles_beside_);
@@ -35,11 +35,10 @@ QWidget* OptionsGeneralPage::BuildAfterVideo(Prompts& prompts) {
 }
 
 QWidget* OptionsGeneralPage::BuildAfterSubtitle(Prompts& prompts) {
-  auto* frame = Named(new QGroupBox(tr("After loading an <a name>.srt file (and not loaded any .avi file)"), this),
-                      "FrameAfterSrt");
-  video_beside_ = Named(new QCheckBox(tr("Search to load <a name>.&avi file at same folder"), frame), "chkLoadAviAuto");
-  video_ =
-      new FolderOption("LoadAviAutoFolder", tr("Search to load <a name>.avi file at t&his folder"), prompts, frame);
+  auto* frame =
+      Named(new QGroupBox("After loading an <a name>.srt file (and not loaded any .avi file)", this), "FrameAfterSrt");
+  video_beside_ = Named(new QCheckBox("Search to load <a name>.&avi file at same folder", frame), "chkLoadAviAuto");
+  video_ = new FolderOption("LoadAviAutoFolder", "Search to load <a name>.avi file at t&his folder", prompts, frame);
   auto* layout = new QVBoxLayout(frame);
   layout->addWidget(video_beside_);
   layout->addWidget(video_);
@@ -47,20 +46,20 @@ QWidget* OptionsGeneralPage::BuildAfterSubtitle(Prompts& prompts) {
 }
 
 QLayout* OptionsGeneralPage::BuildManyTimes() {
-  many_times_ = Named(new QCheckBox(tr("Load the same srt subtitle &multiple times"), this), "chkLoadSubManyTimes");
+  many_times_ = Named(new QCheckBox("Load the same srt subtitle &multiple times", this), "chkLoadSubManyTimes");
   auto* part = new QWidget(this);
   times_ = Named(new QSpinBox(part), "txtLoadSubManyTimes");
   times_->setRange(1, kMostTracks);
   auto* row = new QHBoxLayout;
-  row->addWidget(FieldLabel(times_, "lblLoadSubManyTimes", tr("&Times to load")));
+  row->addWidget(FieldLabel(times_, "lblLoadSubManyTimes", "&Times to load"));
   row->addWidget(times_);
   row->addStretch();
   auto* below = new QVBoxLayout(part);
   below->setContentsMargins({});
   below->addLayout(row);
   below->addWidget(Note("lblLoadSubManyTimesNote",
-                        tr("Use this to auto load the same subtitle many times with different settings (I use it to "
-                           "load the same subtitle with different vertical positions)"),
+                        "Use this to auto load the same subtitle many times with different settings (I use it to "
+                        "load the same subtitle with different vertical positions)",
                         part));
   part->setEnabled(false);
   connect(many_times_, &QCheckBox::toggled, part, &QWidget::setEnabled);

@@ -9,8 +9,6 @@
 namespace captoria {
 
 class OptionsGeneralPage final : public OptionsPage {
-  Q_OBJECT
-
  public:
   // The prompts outlive the page.
   OptionsGeneralPage(Prompts& prompts, QWidget* parent);

@@ -84,8 +84,8 @@ FolderOption::FolderOption(const QString& name, const QString& caption, Prompts&
       prompts_(prompts),
       box_(Named(new QCheckBox(caption, this), "chk" + name)),
       folder_(Named(new PathEdit(this), "txt" + name)),
-      browse_(SmallButton("cmd" + name, "...", tr("Choose a folder"), this)) {
-  folder_->setAccessibleName(tr("Folder"));
+      browse_(SmallButton("cmd" + name, "...", "Choose a folder", this)) {
+  folder_->setAccessibleName("Folder");
   connect(browse_, &QAbstractButton::clicked, this, &FolderOption::Browse);
   auto* row = new QWidget(this);
   auto* fields = new QHBoxLayout(row);

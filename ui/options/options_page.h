@@ -19,8 +19,6 @@
 namespace captoria {
 
 class OptionsPage : public QWidget {
-  Q_OBJECT
-
  public:
   using QWidget::QWidget;
 
@@ -51,8 +49,6 @@ void ShowNumber(QSpinBox* field, int number);
 
 // A path that is typed or shown. One that is not edited is given back byte for byte.
 class PathEdit final : public QLineEdit {
-  Q_OBJECT
-
  public:
   using QLineEdit::QLineEdit;
 
@@ -65,8 +61,6 @@ class PathEdit final : public QLineEdit {
 
 // A check box, and the folder that it is about: that can be given only while the box is checked.
 class FolderOption final : public QWidget {
-  Q_OBJECT
-
  public:
   // The parts are named chk, txt and cmd with `name` behind it. The prompts outlive the widget.
   FolderOption(const QString& name, const QString& caption, Prompts& prompts, QWidget* parent);

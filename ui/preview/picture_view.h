@@ -18,8 +18,6 @@ namespace captoria {
 QImage ToImage(VideoFrame frame);
 
 class PictureView final : public QWidget {
-  Q_OBJECT
-
  public:
   // `name` is what screen readers call it.
   PictureView(const QString& name, QWidget* parent);

@@ -42,14 +42,14 @@ PreviewPane::PreviewPane(Session& session, QWidget* parent) : QWidget(parent), s
 }
 
 void PreviewPane::Build() {
-  video_ = new PictureView(tr("Picture of the video with the subtitle"), this);
+  video_ = new PictureView("Picture of the video with the subtitle", this);
   video_->setObjectName("VideoPicture");
   video_->SetSurroundings(kDark);
   video_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-  choose_text_ = HiddenText("lblChooseSubtitle", tr("Choose a subtitle to see it here."), this);
-  open_text_ = HiddenText("lblOpenVideo", tr("Open a video to see its picture here."), this);
+  choose_text_ = HiddenText("lblChooseSubtitle", "Choose a subtitle to see it here.", this);
+  open_text_ = HiddenText("lblOpenVideo", "Open a video to see its picture here.", this);
   film_bar_ = BuildFilmBar();
-  subtitle_ = new PictureView(tr("Subtitle picture"), this);
+  subtitle_ = new PictureView("Subtitle picture", this);
   subtitle_->setObjectName("SubtitlePicture");
   subtitle_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 
@@ -64,21 +64,21 @@ void PreviewPane::Build() {
 
 QWidget* PreviewPane::BuildFilmBar() {
   auto* bar = new QWidget(this);
-  auto* caption = new QLabel(tr("Fra&me"), bar);
+  auto* caption = new QLabel("Fra&me", bar);
   caption->setObjectName("FrameCaption");
   slider_ = new QSlider(Qt::Horizontal, bar);
   slider_->setObjectName("FrameSlider");
-  slider_->setAccessibleName(tr("Frame of the video"));
-  slider_->setToolTip(tr("Moves through the video. Arrow keys go by one frame."));
+  slider_->setAccessibleName("Frame of the video");
+  slider_->setToolTip("Moves through the video. Arrow keys go by one frame.");
   caption->setBuddy(slider_);
   position_ = new QLabel(bar);
   position_->setObjectName("FramePosition");
   position_->setProperty(kShowsData, true);
-  position_->setAccessibleName(tr("Number and time of the frame"));
+  position_->setAccessibleName("Number and time of the frame");
   position_->setMinimumWidth(position_->fontMetrics().horizontalAdvance("0000000 \u2013 00:00:00,000"));
-  at_cue_ = new QCheckBox(tr("Frame at the cue's &time"), bar);
+  at_cue_ = new QCheckBox("Frame at the cue's &time", bar);
   at_cue_->setObjectName("FrameAtCue");
-  at_cue_->setToolTip(tr("Shows each subtitle over the frame that it appears at."));
+  at_cue_->setToolTip("Shows each subtitle over the frame that it appears at.");
 
   auto* layout = new QHBoxLayout(bar);
   layout->setContentsMargins(6, 0, 6, 0);

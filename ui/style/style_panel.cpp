@@ -71,16 +71,16 @@ void StylePanel::Build() {
   font_->setObjectName("lblFont");
   font_->setProperty(kShowsData, true);
   font_->setWordWrap(true);
-  right_to_left_ = new QCheckBox(tr("&Right to left"), this);
+  right_to_left_ = new QCheckBox("&Right to left", this);
   right_to_left_->setObjectName("chkRightToLeft");
-  right_to_left_->setToolTip(tr("Use it for right to left languages"));
-  vertical_ = new PositionSlider("VertPos", tr("Vertical &position"), tr("Vertical pos"), this);
-  horizontal_ = new PositionSlider("HorPos", tr("H&orizontal position"), tr("Horizontall pos"), this);
-  own_alignment_ = NoteOf("lblOwnAlign", tr("Selected subtitle has own alignment"), this);
-  own_position_ = NoteOf("lblOwnPos", tr("Selected subtitle has own position"), this);
-  titles_ = {HiddenText("lblFontTitle", tr("Font"), this)};
+  right_to_left_->setToolTip("Use it for right to left languages");
+  vertical_ = new PositionSlider("VertPos", "Vertical &position", "Vertical pos", this);
+  horizontal_ = new PositionSlider("HorPos", "H&orizontal position", "Horizontall pos", this);
+  own_alignment_ = NoteOf("lblOwnAlign", "Selected subtitle has own alignment", this);
+  own_position_ = NoteOf("lblOwnPos", "Selected subtitle has own position", this);
+  titles_ = {HiddenText("lblFontTitle", "Font", this)};
   for (const StyleColor& color : kStyleColors) {
-    titles_.append(HiddenText(QByteArray("lblTitle_").append(color.key), tr(color.title), this));
+    titles_.append(HiddenText(QByteArray("lblTitle_").append(color.key), color.title, this));
   }
   outline_row_ = BuildOutline();
   alignment_row_ = BuildAlignment();
@@ -106,15 +106,15 @@ QWidget* StylePanel::BuildOutline() {
   bevel_ = new QSpinBox(row);
   bevel_->setObjectName("txtBevel");
   bevel_->setRange(-kFarthestBevel, kFarthestBevel);
-  bevel_->setToolTip(tr("Use positive or negative values"));
+  bevel_->setToolTip("Use positive or negative values");
 
   auto* layout = new QHBoxLayout(row);
   layout->setContentsMargins({});
   layout->setSpacing(kSpacing);
-  layout->addWidget(LabelFor(outline_width_, "lblOutlineWidth", tr("O&utline width:")));
+  layout->addWidget(LabelFor(outline_width_, "lblOutlineWidth", "O&utline width:"));
   layout->addWidget(outline_width_);
   layout->addStretch(1);
-  layout->addWidget(LabelFor(bevel_, "lblBevel", tr("Be&vel:")));
+  layout->addWidget(LabelFor(bevel_, "lblBevel", "Be&vel:"));
   layout->addWidget(bevel_);
   return row;
 }
@@ -133,7 +133,7 @@ QWidget* StylePanel::BuildAlignment() {
   alignment_buttons_->setSpacing(kSpacing);
   alignment_ = new QButtonGroup(this);
   for (const Button& made : kButtons) {
-    auto* button = new QPushButton(QIcon(made.icon), tr(made.caption), group);
+    auto* button = new QPushButton(QIcon(made.icon), made.caption, group);
     button->setObjectName(made.name);
     button->setCheckable(true);
     alignment_->addButton(button, static_cast<int>(alignment_->buttons().size()));
@@ -142,7 +142,7 @@ QWidget* StylePanel::BuildAlignment() {
   auto* layout = new QVBoxLayout(group);
   layout->setContentsMargins({});
   layout->setSpacing(2);
-  layout->addWidget(LabelFor(alignment_->button(0), "lblInAlign", tr("Inside ali&gnment")), 0, Qt::AlignLeading);
+  layout->addWidget(LabelFor(alignment_->button(0), "lblInAlign", "Inside ali&gnment"), 0, Qt::AlignLeading);
   layout->addLayout(alignment_buttons_);
   return group;
 }
@@ -150,14 +150,14 @@ QWidget* StylePanel::BuildAlignment() {
 void StylePanel::BuildStream(QFormLayout* form) {
   language_ = List("Combo2", Languages(), this);
   type_ = List("cmbType", SubtitleTypes(), this);
-  type_->setToolTip(tr("Subtitle's type"));
+  type_->setToolTip("Subtitle's type");
   for (const QComboBox* list : {language_, type_}) {
     list->view()->setMinimumWidth(std::max(kLeastDropDownWidth, list->view()->sizeHintForColumn(0)));
   }
   form->setSpacing(kSpacing);
   form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-  form->addRow(LabelFor(language_, "lblLang", tr("&Lang:")), language_);
-  form->addRow(LabelFor(type_, "lblType", tr("T&ype:")), type_);
+  form->addRow(LabelFor(language_, "lblLang", "&Lang:"), language_);
+  form->addRow(LabelFor(type_, "lblType", "T&ype:"), type_);
 }
 
 void StylePanel::Connect() {

@@ -27,7 +27,7 @@ StyleToolBar::StyleToolBar(QWidget* parent) : QToolBar(parent), widths_(new QAct
   setMovable(false);
   setIconSize({20, 20});
   setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-  font_ = addAction(QIcon(":/icons/font.svg"), tr("Font..."), this, &StyleToolBar::FontAsked);
+  font_ = addAction(QIcon(":/icons/font.svg"), "Font...", this, &StyleToolBar::FontAsked);
   font_->setObjectName("font");
   font_->setProperty(kShowsData, true);
   AddColor(1);
@@ -39,11 +39,12 @@ StyleToolBar::StyleToolBar(QWidget* parent) : QToolBar(parent), widths_(new QAct
 void StyleToolBar::AddColor(int palette_entry) {
   const auto index = static_cast<std::size_t>(palette_entry - 1);
   const StyleColor& color = kStyleColors.at(index);
-  QAction* action = addAction(tr(color.title) + "...", this, [this, palette_entry] { emit ColorAsked(palette_entry); });
+  QAction* action =
+      addAction(QString(color.title) + "...", this, [this, palette_entry] { emit ColorAsked(palette_entry); });
   action->setObjectName(color.key);
   action->setProperty(kShowsData, true);
-  action->setIconText(tr(color.short_title));
-  widgetForAction(action)->setAccessibleName(tr(color.title));
+  action->setIconText(color.short_title);
+  widgetForAction(action)->setAccessibleName(color.title);
   colors_.at(index) = action;
 }
 
@@ -53,7 +54,7 @@ void StyleToolBar::AddOutlineWidths() {
     QAction* action = addAction(icon, QString::number(width), this, [this, width] { emit OutlineWidthAsked(width); });
     action->setObjectName(QStringLiteral("out%1").arg(width));
     action->setCheckable(true);
-    action->setToolTip(tr("Outline width %1").arg(width));
+    action->setToolTip(QStringLiteral("Outline width %1").arg(width));
     widgetForAction(action)->setAccessibleName(action->toolTip());
     widths_->addAction(action);
   }

@@ -25,11 +25,11 @@ QString ListLine(const std::string& text) {
 CueModel::CueModel(Session& session, QWidget* parent)
     : QAbstractTableModel(parent),
       session_(session),
-      titles_{HiddenText("lblNumber", "#", parent), HiddenText("lblShow", tr("Show"), parent),
-              HiddenText("lblHide", tr("Hide"), parent), HiddenText("lblText", tr("Text"), parent)},
-      tag_text_(HiddenText("lblTag", tr("Font size and pos: "), parent)),
-      fit_text_(HiddenText("lblFitTag", tr("Fit font size: "), parent)),
-      outside_text_(HiddenText("lblOutside", tr(", outside safe viewing area"), parent)) {
+      titles_{HiddenText("lblNumber", "#", parent), HiddenText("lblShow", "Show", parent),
+              HiddenText("lblHide", "Hide", parent), HiddenText("lblText", "Text", parent)},
+      tag_text_(HiddenText("lblTag", "Font size and pos: ", parent)),
+      fit_text_(HiddenText("lblFitTag", "Fit font size: ", parent)),
+      outside_text_(HiddenText("lblOutside", ", outside safe viewing area", parent)) {
   Reset();
 }
 

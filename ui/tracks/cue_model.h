@@ -13,8 +13,6 @@
 namespace captoria {
 
 class CueModel final : public QAbstractTableModel {
-  Q_OBJECT
-
  public:
   enum Column { Number, Show, Hide, Text, kColumns };
 

@@ -20,11 +20,11 @@ TrackTabs::TrackTabs(Session& session, QWidget* parent)
       list_(new QTreeView(this)),
       model_(new CueModel(session, this)) {
   tabs_->setObjectName("TabStrip1");
-  tabs_->setAccessibleName(tr("Subtitle tracks"));
+  tabs_->setAccessibleName("Subtitle tracks");
   tabs_->setDocumentMode(true);
   tabs_->setExpanding(false);
   list_->setObjectName("ListView1");
-  list_->setAccessibleName(tr("Subtitles of the track"));
+  list_->setAccessibleName("Subtitles of the track");
   list_->setModel(model_);
   list_->setRootIsDecorated(false);
   list_->setUniformRowHeights(true);  // so that twenty thousand rows need not be measured
