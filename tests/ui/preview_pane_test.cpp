@@ -185,7 +185,7 @@ TEST_F(PreviewPaneTest, TheFirstFrameIsMinusOneAndSwitchingFetchesAnew) {
 
 TEST_F(PreviewPaneTest, WithoutAFilmItInvitesInTheLanguageOfNow) {
   pane_.SetPreviewOn(true);
-  Find<QLabel>("lblOpenVideo")->setText("a film, please");
+  session_.language = *LanguageDocument::Parse("<L><Form1_Design lblOpenVideo='a film, please'/></L>");
   pane_.ShowCue(nullptr);
   EXPECT_EQ(Video()->Text(), "a film, please");
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "localisation/language_template.h"
+#include "localisation/window_texts.h"
 #include "ui/dialogs/ask_for_tool_dialog.h"
 #include "ui/dialogs/position_dialog.h"
 #include "ui/dialogs/select_subs_dialog.h"
@@ -20,10 +21,8 @@
 namespace captoria {
 
 inline void AddTexts(QWidget& window, std::vector<LanguageText>& texts) {
-  const std::string section = window.objectName().toStdString() + "_Design";
+  const std::string section = DesignSection(window.objectName().toStdString());
   for (const Caption& caption : CaptionsOf(window)) {
-    // Numbers and signs are the same in all languages.
-    if (std::none_of(caption.text.begin(), caption.text.end(), [](QChar c) { return c.isLetter(); })) continue;
     texts.push_back({section, caption.key.toStdString(), caption.text.toStdString()});
   }
 }
@@ -54,6 +53,12 @@ inline std::vector<LanguageText> ProgramTexts(const std::string& folder, Prompts
   for (const Message& message : messages::kAll) {
     texts.push_back({std::string{message.window} + "_Module", "s" + std::to_string(message.number), message.text});
   }
+  for (const WindowText& text : window_texts::kAll) texts.push_back({DesignSection(text.window), text.key, text.text});
+  // Numbers and signs are the same in all languages.
+  std::erase_if(texts, [](const LanguageText& text) {
+    const QString shown = QString::fromStdString(text.text);
+    return std::ranges::none_of(shown, [](QChar c) { return c.isLetter(); });
+  });
   return texts;
 }
 

@@ -8,9 +8,10 @@
 #include <algorithm>
 #include <thread>
 
+#include "localisation/window_texts.h"
 #include "ui/jobs/on_gui_thread.h"
 #include "ui/texts/captions.h"
-#include "ui/texts/hidden_text.h"
+#include "ui/texts/qt_text.h"
 
 namespace captoria {
 
@@ -30,15 +31,12 @@ class JobBar::Reporter final : public JobProgress {
   std::shared_ptr<std::atomic<bool>> stop_;
 };
 
-JobBar::JobBar(QWidget* parent)
+JobBar::JobBar(const LanguageDocument& language, QWidget* parent)
     : QWidget(parent),
+      language_(language),
       label_(new QLabel(this)),
       bar_(new QProgressBar(this)),
       cancel_(new QPushButton("&Cancel", this)),
-      bitmaps_text_(HiddenText("lblCreateBitmaps", "Creating Bitmaps...", this)),
-      film_text_(HiddenText("lblWritingFilm", "Writing the film", this)),
-      time_text_(HiddenText("lblTimeLeft", ", %1 s left", this)),
-      item_text_(HiddenText("lblJobItem", "%1 of %2, %3: ", this)),
       state_(std::make_shared<State>()),
       stop_(std::make_shared<std::atomic<bool>>(false)) {
   setObjectName("jobBar");
@@ -105,7 +103,8 @@ void JobBar::BeginItem(int index, int count, const QString& name) {
   state_->work = Work::Bitmaps;
   state_->item = index;
   state_->items = count;
-  OnGuiThread(this, [&] { item_name_ = item_text_->text().arg(index + 1).arg(count).arg(name); });
+  OnGuiThread(
+      this, [&] { item_name_ = ToQt(TextOf(language_, window_texts::kJobItem)).arg(index + 1).arg(count).arg(name); });
 }
 
 void JobBar::ShowState() {
@@ -119,15 +118,16 @@ void JobBar::ShowState() {
   constexpr int kSteps = 1000;
   bar_->setRange(0, kSteps);
   bar_->setValue(std::max(bar_->value(), static_cast<int>(part * kSteps)));
-  const QString what = drawing ? bitmaps_text_->text() + QString::number(done) : film_text_->text();
-  label_->setText(item_name_ + what + TimeLeft(part));
+  const QString what = ToQt(TextOf(language_, drawing ? window_texts::kCreateBitmaps : window_texts::kWritingFilm));
+  label_->setText(item_name_ + what + (drawing ? QString::number(done) : QString{}) + TimeLeft(part));
 }
 
 QString JobBar::TimeLeft(double part) const {
   constexpr qint64 kTellsNothing = 500;  // milliseconds
   const qint64 passed = since_.elapsed();
   if (part <= 0 || passed < kTellsNothing) return {};
-  return time_text_->text().arg(static_cast<qint64>(static_cast<double>(passed) * (1 - part) / part / 1000) + 1);
+  const auto seconds = static_cast<qint64>(static_cast<double>(passed) * (1 - part) / part / 1000) + 1;
+  return ToQt(TextOf(language_, window_texts::kTimeLeft)).arg(seconds);
 }
 
 }  // namespace captoria

@@ -16,6 +16,7 @@
 #include <memory>
 
 #include "app/session_view.h"
+#include "localisation/language_document.h"
 
 namespace captoria {
 
@@ -23,7 +24,8 @@ class JobBar final : public QWidget {
   Q_OBJECT
 
  public:
-  explicit JobBar(QWidget* parent);
+  // The language, which may change, outlives the bar.
+  JobBar(const LanguageDocument& language, QWidget* parent);
 
   // Runs `work` on a thread of its own and returns when it has ended; the window goes on painting meanwhile. Not while
   // another one runs.
@@ -56,15 +58,12 @@ class JobBar final : public QWidget {
   void ShowState();
   QString TimeLeft(double part) const;
 
+  const LanguageDocument& language_;
   QLabel* label_;
   QProgressBar* bar_;
   QPushButton* cancel_;
   QTimer timer_;
   QElapsedTimer since_;
-  QLabel* bitmaps_text_;  // these four are hidden texts
-  QLabel* film_text_;
-  QLabel* time_text_;
-  QLabel* item_text_;
   QString item_name_;  // of the film of a list; set on the window's thread
   std::shared_ptr<State> state_;
   std::shared_ptr<std::atomic<bool>> stop_;

@@ -16,6 +16,7 @@
 #include "app/placement_commands.h"
 #include "app/safe_area_commands.h"
 #include "base/path_text.h"
+#include "localisation/window_texts.h"
 #include "settings/key_table.h"
 #include "ui/dialogs/select_subs_dialog.h"
 #include "ui/dialogs/side_scroll.h"
@@ -23,7 +24,6 @@
 #include "ui/language_editor/create_lang_dialog.h"
 #include "ui/main/start_page.h"
 #include "ui/options/options_dialog.h"
-#include "ui/texts/hidden_text.h"
 #include "ui/texts/qt_text.h"
 
 namespace captoria {
@@ -79,7 +79,7 @@ void Form1::Build() {
   pages_ = new QStackedWidget(this);
   pages_->addWidget(new StartPage(menu_->open_avi, menu_->open_srt, pages_));
   pages_->addWidget(BuildWorkPage());
-  jobs_ = new JobBar(this);
+  jobs_ = new JobBar(session_.language, this);
   auto* central = new QWidget(this);
   auto* layout = new QVBoxLayout(central);
   layout->setContentsMargins({});
@@ -87,8 +87,7 @@ void Form1::Build() {
   layout->addWidget(jobs_);
   setCentralWidget(central);
   BuildStreams();
-  stop_text_ = HiddenText("lblStopJob", "A film is being made. Stop it?", this);
-  status_ = new StatusLabels(statusBar());
+  status_ = new StatusLabels(statusBar(), session_.language);
   commands_ = new WindowCommands(session_, *jobs_, this);
   state_->KeepRecent(menu_->recent);
   languages_ = new LanguagesMenu(session_, menu_->languages, menu_->no_language);
@@ -120,8 +119,6 @@ QWidget* Form1::BuildWorkPage() {
 void Form1::BuildStreams() {
   streams_ = new Info(session_.prompts, this);
   streams_->setObjectName("Info1");
-  stream_text_ = HiddenText("lblStream", "Stream", this);
-  information_text_ = HiddenText("lblInformation", "Information", this);
   streams_dock_ = new QDockWidget("Avi info (streams)", this);
   streams_dock_->setObjectName("AviInfoPanel");
   streams_dock_->setWidget(streams_);
@@ -344,8 +341,8 @@ void Form1::ShowLanguage() {
   captions_.Apply(session_.language);
   languages_->ShowCurrent();
   status_->ShowLanguage(ToQt(LanguageCredit(session_, FromQt(status_->Language()))));
-  streams_->SetTitle1(stream_text_->text());
-  streams_->SetTitle2(information_text_->text());
+  streams_->SetTitle1(ToQt(TextOf(session_.language, window_texts::kStream)));
+  streams_->SetTitle2(ToQt(TextOf(session_.language, window_texts::kInformation)));
   ShowTracks();
 }
 
@@ -359,7 +356,7 @@ void Form1::Welcome() {
 
 void Form1::closeEvent(QCloseEvent* event) {
   if (jobs_->IsBusy()) {
-    const bool stop = session_.prompts.AskYesNo(kProgramTitle, FromQt(stop_text_->text()));
+    const bool stop = session_.prompts.AskYesNo(kProgramTitle, TextOf(session_.language, window_texts::kStopJob));
     closing_ = stop && jobs_->IsBusy();  // it may have ended while the question stood
     if (closing_) jobs_->Stop();
     if (closing_ || !stop) return event->ignore();

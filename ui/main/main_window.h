@@ -81,9 +81,6 @@ class Form1 final : public QMainWindow {
   JobBar* jobs_;
   StatusLabels* status_;
   QStackedWidget* pages_;
-  QLabel* stream_text_;  // these three are hidden texts
-  QLabel* information_text_;
-  QLabel* stop_text_;
   WindowCommands* commands_;
   WindowState* state_;
   BatchCommandsMenu* batch_menu_;

@@ -3,8 +3,9 @@
 
 #include "ui/main/status_labels.h"
 
+#include "localisation/window_texts.h"
 #include "ui/texts/captions.h"
-#include "ui/texts/hidden_text.h"
+#include "ui/texts/qt_text.h"
 
 namespace captoria {
 namespace {
@@ -21,15 +22,13 @@ QLabel* Add(QStatusBar* bar, const char* name, int stretch) {
 
 }  // namespace
 
-StatusLabels::StatusLabels(QStatusBar* bar)
+StatusLabels::StatusLabels(QStatusBar* bar, const LanguageDocument& language)
     : QObject(bar),
+      words_(language),
       message_(Add(bar, "lblStatus", 40)),
       outside_(Add(bar, "lblStatus2", 26)),
       selected_(Add(bar, "lblStatus3", 14)),
-      language_(Add(bar, "lblStatus4", 20)),
-      batch_(HiddenText("lblBatch", "Batch commands executed in file ", bar)),
-      outside_text_(HiddenText("lblSubOut", " subtitle(s) outside safe viewing area", bar)),
-      selected_text_(HiddenText("lblSubSelected", " subtitle(s) selected", bar)) {
+      language_(Add(bar, "lblStatus4", 20)) {
   timer_.setObjectName("Timer1");
   timer_.setSingleShot(true);
   timer_.setInterval(kShownFor);
@@ -42,18 +41,22 @@ void StatusLabels::Tell(const QString& text) {
   timer_.start();
 }
 
+void StatusLabels::TellBatch(const QString& name) { Tell(ToQt(TextOf(words_, window_texts::kBatch)) + name); }
+
 void StatusLabels::ShowOutside(std::optional<int> count, bool fitted) {
   // The sign says it to those who do not see the colour.
   const QString sign = fitted ? QString{} : QStringLiteral("\u26A0 ");
   const bool any = count.value_or(0) > 0;
-  outside_->setText(any ? sign + QString::number(*count) + outside_text_->text() : QString{});
+  const QString words = ToQt(TextOf(words_, window_texts::kSubOut));
+  outside_->setText(any ? sign + QString::number(*count) + words : QString{});
   outside_->setStyleSheet(!any     ? QString{}
                           : fitted ? QStringLiteral("background: #665500; color: #FFFF64")
                                    : QStringLiteral("color: #E03030; font-weight: bold"));
 }
 
 void StatusLabels::ShowSelected(int count) {
-  selected_->setText(count > 0 ? QString::number(count) + selected_text_->text() : QString{});
+  const QString words = ToQt(TextOf(words_, window_texts::kSubSelected));
+  selected_->setText(count > 0 ? QString::number(count) + words : QString{});
 }
 
 }  // namespace captoria

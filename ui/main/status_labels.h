@@ -9,17 +9,20 @@
 #include <QTimer>
 #include <optional>
 
+#include "localisation/language_document.h"
+
 namespace captoria {
 
 class StatusLabels final : public QObject {
  public:
-  explicit StatusLabels(QStatusBar* bar);
+  // The language, which may change, outlives the object.
+  StatusLabels(QStatusBar* bar, const LanguageDocument& language);
 
   // Shown for some seconds.
   void Tell(const QString& text);
 
   // The commands of the file `name` were run.
-  void TellBatch(const QString& name) { Tell(batch_->text() + name); }
+  void TellBatch(const QString& name);
 
   // The number of cues outside, none for a track without cues of its own. `fitted`: they will be made to fit.
   void ShowOutside(std::optional<int> count, bool fitted);
@@ -31,13 +34,11 @@ class StatusLabels final : public QObject {
   QString Language() const { return language_->text(); }
 
  private:
+  const LanguageDocument& words_;
   QLabel* message_;
   QLabel* outside_;
   QLabel* selected_;
   QLabel* language_;
-  QLabel* batch_;  // these three are hidden texts
-  QLabel* outside_text_;
-  QLabel* selected_text_;
   QTimer timer_;
 };
 

@@ -8,13 +8,13 @@
 #include "app/open_video.h"
 #include "automation/batch_conversion.h"
 #include "base/path_text.h"
+#include "localisation/window_texts.h"
 #include "media/video/frame_decoder.h"
 #include "pipeline/avi_inspection.h"
 #include "platform/files.h"
 #include "ui/dialogs/about_dialog.h"
 #include "ui/dialogs/ask_for_tool_dialog.h"
 #include "ui/dialogs/batch_dialog.h"
-#include "ui/texts/hidden_text.h"
 #include "ui/texts/qt_text.h"
 
 namespace captoria {
@@ -24,7 +24,6 @@ WindowCommands::WindowCommands(Session& session, JobBar& jobs, QWidget* window)
       session_(session),
       jobs_(jobs),
       window_(window),
-      stopped_text_(HiddenText("lblBatchStopped", "Stopped. %1 of %2 videos were converted.", window)),
       scripts_(session.folders.executable, ProcessEnvironment()),
       outside_{.scripts = scripts_, .documents = documents_, .ask_for_tool = [window](Session& asking, Tool tool) {
                  return AskForToolDialog::Ask(asking, tool, window);
@@ -94,8 +93,8 @@ void WindowCommands::ConvertList(const std::vector<std::string>& files) {
   ConvertReport report;
   jobs_.Run([&] { report = ConvertVideos(session_, outside_, files, options); });
   if (report.stopped) {
-    const QString stopped = stopped_text_->text().arg(made).arg(count) + "\r\n";
-    report.text.insert(0, FromQt(stopped));
+    const QString stopped = ToQt(TextOf(session_.language, window_texts::kBatchStopped)).arg(made).arg(count);
+    report.text.insert(0, FromQt(stopped) + "\r\n");
   }
   session_.prompts.ShowMessage(std::string{"Batch results - "} + kProgramTitle, BatchResult(report.text));
 }

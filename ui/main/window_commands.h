@@ -4,7 +4,6 @@
 // What the window's menu entries do to the session, long work beside the window.
 #pragma once
 
-#include <QLabel>
 #include <QObject>
 #include <QStringList>
 
@@ -46,7 +45,6 @@ class WindowCommands final : public QObject {
   Session& session_;
   JobBar& jobs_;
   QWidget* window_;
-  QLabel* stopped_text_;  // a hidden text
   CaptoriaRun scripts_;
   DesktopOpener documents_;
   Outside outside_;

@@ -7,9 +7,9 @@
 #include <QVBoxLayout>
 
 #include "base/ascii.h"
+#include "localisation/window_texts.h"
 #include "platform/files.h"
 #include "ui/dialogs/select_subs_dialog.h"
-#include "ui/texts/hidden_text.h"
 #include "ui/texts/qt_text.h"
 
 namespace captoria {
@@ -28,7 +28,6 @@ OptionsBatchPage::OptionsBatchPage(Session& session, const PositionDialogStart& 
   layout->addWidget(BuildNewFile(), 1);
   asking_ = new_file_;
   BuildMenu();
-  replace_question_ = HiddenText("lblReplaceBatch", "%1 is there already. Do you want to replace it?", this);
 }
 
 QWidget* OptionsBatchPage::BuildFileToRun() {
@@ -158,7 +157,7 @@ void OptionsBatchPage::Create() {
   if (!path->ends_with("cbx")) {
     *path += ".cbx";
     // The dialog has asked about the name as it was chosen.
-    const QString question = replace_question_->text().arg(PathToQt(*path));
+    const QString question = ToQt(TextOf(session_.language, window_texts::kReplaceBatch)).arg(PathToQt(*path));
     if (FileExists(*path) && !session_.prompts.AskYesNo(PlainText(*create_), FromQt(question))) return;
   }
   if (!Write(*path, file)) return;

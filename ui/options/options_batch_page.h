@@ -53,9 +53,8 @@ class OptionsBatchPage final : public OptionsPage {
   BatchEditor* new_file_;
   QPushButton* create_;
   QMenu* menu_;
-  QLabel* replace_question_;  // a hidden text
-  BatchEditor* asking_;       // the editor that the menu is for
-  std::string loaded_;        // the file that `to_run_` was filled from
+  BatchEditor* asking_;  // the editor that the menu is for
+  std::string loaded_;   // the file that `to_run_` was filled from
   bool has_made_files_ = false;
 };
 

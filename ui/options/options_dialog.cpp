@@ -23,7 +23,7 @@ Form2::Form2(Session& session, ContextMenuEntry& entry, const PositionDialogStar
   tabs_->tabBar()->setObjectName("TabStrip1");
   tabs_->tabBar()->setAccessibleName("Pages of options");
   auto* general = new OptionsGeneralPage(session.prompts, this);
-  auto* divx = new OptionsDivXPage(session.prompts, this);
+  auto* divx = new OptionsDivXPage(session.language, session.prompts, this);
   fonts_ = new OptionsFontsPage(session, this);
   batch_ = new OptionsBatchPage(session, placement, this);
   extra_ = new OptionsExtraPage(session.prompts, this);

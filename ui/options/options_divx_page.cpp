@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "ui/texts/hidden_text.h"
+#include "localisation/window_texts.h"
 
 namespace captoria {
 namespace {
@@ -38,9 +38,10 @@ QLayout* OptionWithParts(QRadioButton* option, QLabel* what, QWidget* part) {
 
 }  // namespace
 
-OptionsDivXPage::OptionsDivXPage(Prompts& prompts, QWidget* parent) : OptionsPage(parent) {
+OptionsDivXPage::OptionsDivXPage(const LanguageDocument& language, Prompts& prompts, QWidget* parent)
+    : OptionsPage(parent), language_(language), prompts_(prompts) {
   auto* layout = new QGridLayout(this);
-  layout->addWidget(BuildMethod(prompts), 0, 0, 1, 2);
+  layout->addWidget(BuildMethod(), 0, 0, 1, 2);
   layout->addWidget(BuildConsole(), 1, 0);
   layout->addWidget(BuildTemporaryFiles(), 1, 1);
   layout->addWidget(BuildOutput(), 2, 0, 1, 2);
@@ -50,15 +51,15 @@ OptionsDivXPage::OptionsDivXPage(Prompts& prompts, QWidget* parent) : OptionsPag
   Connect();
 }
 
-QWidget* OptionsDivXPage::BuildMethod(Prompts& prompts) {
+QWidget* OptionsDivXPage::BuildMethod() {
   auto* frame = Named(new QGroupBox("Method", this), "FrameMethod");
   auto* layout = new QHBoxLayout(frame);
-  layout->addLayout(BuildMuxerAlone(frame, prompts), 1);
-  layout->addLayout(BuildConverter(frame, prompts), 1);
+  layout->addLayout(BuildMuxerAlone(frame), 1);
+  layout->addLayout(BuildConverter(frame), 1);
   return frame;
 }
 
-QLayout* OptionsDivXPage::BuildMuxerAlone(QGroupBox* frame, Prompts& prompts) {
+QLayout* OptionsDivXPage::BuildMuxerAlone(QGroupBox* frame) {
   muxer_alone_ = Option("optDivXMux", "Use only &DivXMux (Res 640x480)", frame);
   auto* what =
       Note("lblDivXMux", "Program will create bitmaps and use DivXMux only to put them in final DivX file", frame);
@@ -67,14 +68,11 @@ QLayout* OptionsDivXPage::BuildMuxerAlone(QGroupBox* frame, Prompts& prompts) {
   height_ = Named(new QSpinBox(part), "txtForceVideoHeight");
   height_->setRange(0, kHighest);
   height_->setAccessibleName("Video height in pixels");
-  auto* help = HiddenText("lblForceVideoHeightHelp",
-                          "Check this and type a big number (like 570) and 99% the subtitles will appear at the "
-                          "bottom of the movie",
-                          part);
   auto* row = new QHBoxLayout;
   row->addWidget(force_height_);
   row->addWidget(height_);
-  row->addWidget(HelpButton("cmdForceVideoHeightHelp", "What forcing the video height is for", help, prompts));
+  row->addWidget(HelpButton("cmdForceVideoHeightHelp", "What forcing the video height is for",
+                            TextOf(language_, window_texts::kForceVideoHeightHelp), prompts_, part));
   row->addStretch();
   auto* below = new QVBoxLayout(part);
   below->setContentsMargins({});
@@ -83,7 +81,7 @@ QLayout* OptionsDivXPage::BuildMuxerAlone(QGroupBox* frame, Prompts& prompts) {
   return OptionWithParts(muxer_alone_, what, part);
 }
 
-QLayout* OptionsDivXPage::BuildConverter(QGroupBox* frame, Prompts& prompts) {
+QLayout* OptionsDivXPage::BuildConverter(QGroupBox* frame) {
   converter_ = Option("optBmpToXSub", "Use &BmpToxSub (Res 720x480)", frame);
   auto* what = Note("lblBmpToXSub",
                     "Program will create bitmaps, use BmpToxSub to make them an xSub file and after DivXMux to put "
@@ -91,14 +89,11 @@ QLayout* OptionsDivXPage::BuildConverter(QGroupBox* frame, Prompts& prompts) {
                     frame);
   auto* part = new QWidget(frame);
   pal_mode_ = Named(new QCheckBox("Use &PALMODE1", part), "chkUsePalMode1");
-  auto* help = HiddenText("lblUsePalMode1Help",
-                          "PALMODE1:\r\nMoves subtitles to NTSC save area for PAL->NTSC conversion.\r\n\r\n"
-                          "PALMODE2 (default):\r\nUse original subtitle position.",
-                          part);
   auto* row = new QHBoxLayout(part);
   row->setContentsMargins({});
   row->addWidget(pal_mode_);
-  row->addWidget(HelpButton("cmdUsePalMode1Help", "What PALMODE1 does", help, prompts));
+  row->addWidget(HelpButton("cmdUsePalMode1Help", "What PALMODE1 does",
+                            TextOf(language_, window_texts::kUsePalMode1Help), prompts_, part));
   row->addStretch();
   return OptionWithParts(converter_, what, part);
 }

@@ -8,22 +8,23 @@
 #include <QGroupBox>
 #include <QRadioButton>
 
+#include "localisation/language_document.h"
 #include "ui/options/options_page.h"
 
 namespace captoria {
 
 class OptionsDivXPage final : public OptionsPage {
  public:
-  // The prompts outlive the page.
-  OptionsDivXPage(Prompts& prompts, QWidget* parent);
+  // Both outlive the page.
+  OptionsDivXPage(const LanguageDocument& language, Prompts& prompts, QWidget* parent);
 
   void Load(const Settings& settings) override;
   void Store(Settings& settings) const override;
 
  private:
-  QWidget* BuildMethod(Prompts& prompts);
-  QLayout* BuildMuxerAlone(QGroupBox* frame, Prompts& prompts);
-  QLayout* BuildConverter(QGroupBox* frame, Prompts& prompts);
+  QWidget* BuildMethod();
+  QLayout* BuildMuxerAlone(QGroupBox* frame);
+  QLayout* BuildConverter(QGroupBox* frame);
   QWidget* BuildConsole();
   QWidget* BuildTemporaryFiles();
   QWidget* BuildOutput();
@@ -31,6 +32,8 @@ class OptionsDivXPage final : public OptionsPage {
   void EnableWhatCounts();
   void ProposeHeight(bool force);
 
+  const LanguageDocument& language_;
+  Prompts& prompts_;
   QRadioButton* muxer_alone_;
   QRadioButton* converter_;
   QCheckBox* pal_mode_;

@@ -51,11 +51,11 @@ QAbstractButton* SmallButton(const QString& name, const QString& sign, const QSt
   return button;
 }
 
-QAbstractButton* HelpButton(const char* name, const QString& about, QLabel* help, Prompts& prompts) {
-  auto* button = SmallButton(name, "?", about, help->parentWidget());
-  QObject::connect(button, &QAbstractButton::clicked, button, [button, help, &prompts] {
-    prompts.ShowMessage(FromQt(button->window()->windowTitle()), FromQt(help->text()));
-  });
+QAbstractButton* HelpButton(const char* name, const QString& about, const std::string& help, Prompts& prompts,
+                            QWidget* parent) {
+  auto* button = SmallButton(name, "?", about, parent);
+  QObject::connect(button, &QAbstractButton::clicked, button,
+                   [button, help, &prompts] { prompts.ShowMessage(FromQt(button->window()->windowTitle()), help); });
   return button;
 }
 

@@ -38,8 +38,9 @@ QLabel* Note(const char* name, const QString& text, QWidget* parent);
 // A button that is a sign; what it does is its tool tip and what screen readers tell.
 QAbstractButton* SmallButton(const QString& name, const QString& sign, const QString& what, QWidget* parent);
 
-// One that shows the text `help` under the dialog's title.
-QAbstractButton* HelpButton(const char* name, const QString& about, QLabel* help, Prompts& prompts);
+// A button that shows the text `help` under the dialog's title.
+QAbstractButton* HelpButton(const char* name, const QString& about, const std::string& help, Prompts& prompts,
+                            QWidget* parent);
 
 // What belongs to a check box or an option stands below it, a bit farther in.
 QLayout* Indented(QWidget* part, Qt::Alignment alignment = {});

@@ -12,7 +12,6 @@
 
 #include "subtitles/time_code.h"
 #include "ui/texts/captions.h"
-#include "ui/texts/hidden_text.h"
 #include "ui/texts/qt_text.h"
 
 namespace captoria {
@@ -41,13 +40,13 @@ PreviewPane::PreviewPane(Session& session, QWidget* parent) : QWidget(parent), s
   Repaint();
 }
 
+QString PreviewPane::Words(const WindowText& text) const { return ToQt(TextOf(session_.language, text)); }
+
 void PreviewPane::Build() {
   video_ = new PictureView("Picture of the video with the subtitle", this);
   video_->setObjectName("VideoPicture");
   video_->SetSurroundings(kDark);
   video_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-  choose_text_ = HiddenText("lblChooseSubtitle", "Choose a subtitle to see it here.", this);
-  open_text_ = HiddenText("lblOpenVideo", "Open a video to see its picture here.", this);
   film_bar_ = BuildFilmBar();
   subtitle_ = new PictureView("Subtitle picture", this);
   subtitle_->setObjectName("SubtitlePicture");
@@ -109,7 +108,7 @@ void PreviewPane::ShowCue(const SubtitleCue* cue) {
 void PreviewPane::Repaint() {
   const int height = bitmap_.Height();
   bitmap_.Destroy();
-  if (session_.video.AviPath.empty()) video_->SetText(open_text_->text());  // in the language of now
+  if (session_.video.AviPath.empty()) video_->SetText(Words(window_texts::kOpenVideo));  // in the language of now
   subtitle_->SetSurroundings(ColorOf(SplitColour(session_.settings.BackColor)));
   if (cue_) {
     const auto shared = session_.Bitmap();
@@ -121,7 +120,7 @@ void PreviewPane::Repaint() {
     subtitle_->SetImage(ToImage(ImageOf(bitmap_)));
     subtitle_->setAccessibleDescription(ToQt(cue_->Text));
   } else {
-    subtitle_->SetText(choose_text_->text());
+    subtitle_->SetText(Words(window_texts::kChooseSubtitle));
   }
   ReserveHeight(false);
   Compose();
@@ -163,7 +162,7 @@ void PreviewPane::SetPreviewOn(bool on) {
 void PreviewPane::SetVideo() {
   const std::string& path = session_.video.AviPath;
   const bool is_open = is_on_ && !path.empty();
-  ClearFilm(is_open ? QString{} : open_text_->text());
+  ClearFilm(is_open ? QString{} : Words(window_texts::kOpenVideo));
   frames_ = duration_ms_ = 0;
   slider_->setEnabled(false);
   position_->clear();

@@ -14,6 +14,7 @@
 #include <optional>
 
 #include "app/session.h"
+#include "localisation/window_texts.h"
 #include "render/preview.h"
 #include "subtitles/cue.h"
 #include "ui/preview/frame_loader.h"
@@ -55,6 +56,7 @@ class PreviewPane final : public QWidget {
   QWidget* BuildFilmBar();
   void Connect();
 
+  QString Words(const WindowText& text) const;
   void Compose();
   void ReserveHeight(bool anew);
   void ClearFilm(const QString& why);
@@ -76,8 +78,6 @@ class PreviewPane final : public QWidget {
   QSlider* slider_;
   QLabel* position_;
   QCheckBox* at_cue_;
-  QLabel* choose_text_;  // these two are hidden texts
-  QLabel* open_text_;
 
   std::optional<SubtitleCue> cue_;
   cDIB bitmap_;      // of the cue; none without one

@@ -15,7 +15,6 @@
 #include "localisation/language_tables.h"
 #include "render/color.h"
 #include "ui/texts/captions.h"
-#include "ui/texts/hidden_text.h"
 #include "ui/texts/qt_text.h"
 
 namespace captoria {
@@ -45,11 +44,13 @@ QComboBox* List(const char* name, std::span<const std::string_view> entries, QWi
 }
 
 QLabel* NoteOf(const char* name, const QString& text, QWidget* parent) {
-  QLabel* note = HiddenText(name, text, parent);
+  auto* note = new QLabel(text, parent);
+  note->setObjectName(name);
   QFont font = note->font();
   font.setItalic(true);
   note->setFont(font);
   note->setWordWrap(true);
+  note->hide();
   return note;
 }
 
@@ -78,10 +79,6 @@ void StylePanel::Build() {
   horizontal_ = new PositionSlider("HorPos", "H&orizontal position", "Horizontall pos", this);
   own_alignment_ = NoteOf("lblOwnAlign", "Selected subtitle has own alignment", this);
   own_position_ = NoteOf("lblOwnPos", "Selected subtitle has own position", this);
-  titles_ = {HiddenText("lblFontTitle", "Font", this)};
-  for (const StyleColor& color : kStyleColors) {
-    titles_.append(HiddenText(QByteArray("lblTitle_").append(color.key), color.title, this));
-  }
   outline_row_ = BuildOutline();
   alignment_row_ = BuildAlignment();
   KeepAlignmentOrder();
@@ -229,7 +226,7 @@ void StylePanel::ShowOwn(const Placement& placement) {
 void StylePanel::SetVerticalMaximum(int maximum) { vertical_->SetRange(0, std::max(maximum, 0)); }
 
 void StylePanel::ChooseFont() {
-  const auto chosen = session_.prompts.AskFont(FromQt(titles_.front()->text()), Style().font);
+  const auto chosen = session_.prompts.AskFont(TextOf(session_.language, window_texts::kFont), Style().font);
   if (!chosen) return;
   Style().font = *chosen;
   LoadCorrectValues();
@@ -240,7 +237,7 @@ void StylePanel::ChooseColor(int palette_entry) {
   const StyleColor& asked = kStyleColors.at(static_cast<std::size_t>(palette_entry - 1));
   Color& color = Style().*asked.color;
   const auto chosen =
-      session_.prompts.AskColor(FromQt(titles_.at(palette_entry)->text()), static_cast<std::uint32_t>(ValueOf(color)));
+      session_.prompts.AskColor(TextOf(session_.language, asked.title), static_cast<std::uint32_t>(ValueOf(color)));
   if (!chosen) return;
   color = SplitColour(static_cast<ColorValue>(*chosen));
   LoadCorrectValues();

@@ -88,7 +88,6 @@ class StylePanel final : public QWidget {
   QCheckBox* right_to_left_;
   PositionSlider* vertical_;
   PositionSlider* horizontal_;
-  QList<QLabel*> titles_;  // hidden texts, of the dialogs for the font and the colours by their palette entries
   QLabel* own_alignment_;
   QLabel* own_position_;
   QComboBox* language_;

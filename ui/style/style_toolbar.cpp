@@ -40,11 +40,11 @@ void StyleToolBar::AddColor(int palette_entry) {
   const auto index = static_cast<std::size_t>(palette_entry - 1);
   const StyleColor& color = kStyleColors.at(index);
   QAction* action =
-      addAction(QString(color.title) + "...", this, [this, palette_entry] { emit ColorAsked(palette_entry); });
+      addAction(QString(color.title.text) + "...", this, [this, palette_entry] { emit ColorAsked(palette_entry); });
   action->setObjectName(color.key);
   action->setProperty(kShowsData, true);
   action->setIconText(color.short_title);
-  widgetForAction(action)->setAccessibleName(color.title);
+  widgetForAction(action)->setAccessibleName(color.title.text);
   colors_.at(index) = action;
 }
 

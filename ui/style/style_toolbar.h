@@ -11,6 +11,7 @@
 #include <QToolBar>
 #include <array>
 
+#include "localisation/window_texts.h"
 #include "settings/track_style.h"
 
 namespace captoria {
@@ -18,15 +19,15 @@ namespace captoria {
 // A colour of a style. Its place in kStyleColors, counted from 1, is its entry in the track's palette.
 struct StyleColor {
   const char* key;
-  const char* title;
+  WindowText title;
   const char* short_title;
   Color TrackStyle::*color;
 };
 
 constexpr std::array<StyleColor, 3> kStyleColors{{
-    {"color", "Fore color", "Fore", &TrackStyle::ForeColor},
-    {"outcolor", "Outline color", "Outline", &TrackStyle::OutlineColor},
-    {"shadowcolor", "Shadow color", "Shadow", &TrackStyle::ShadowColor},
+    {"color", window_texts::kForeColor, "Fore", &TrackStyle::ForeColor},
+    {"outcolor", window_texts::kOutlineColor, "Outline", &TrackStyle::OutlineColor},
+    {"shadowcolor", window_texts::kShadowColor, "Shadow", &TrackStyle::ShadowColor},
 }};
 
 // "Arial (22), B, I"

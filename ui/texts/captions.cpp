@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "localisation/window_texts.h"
 #include "ui/texts/qt_text.h"
 
 namespace captoria {
@@ -136,7 +137,7 @@ std::vector<Caption> CaptionsOf(QWidget& window) {
 }
 
 void WindowCaptions::Apply(const LanguageDocument& language) {
-  const std::string element = FromQt(window_.objectName()) + "_Design";
+  const std::string element = DesignSection(FromQt(window_.objectName()));
   for (const Caption& caption : Walk(window_).Take()) {
     const QString& built_in = built_in_.try_emplace(caption.key, caption.text).first->second;
     const auto text = language.Text(element, FromQt(caption.key));

@@ -6,9 +6,10 @@
 #include <QApplication>
 #include <QStyle>
 #include <algorithm>
+#include <array>
 
 #include "app/safe_area_commands.h"
-#include "ui/texts/hidden_text.h"
+#include "localisation/window_texts.h"
 #include "ui/texts/qt_text.h"
 
 namespace captoria {
@@ -22,16 +23,7 @@ QString ListLine(const std::string& text) {
 
 }  // namespace
 
-CueModel::CueModel(Session& session, QWidget* parent)
-    : QAbstractTableModel(parent),
-      session_(session),
-      titles_{HiddenText("lblNumber", "#", parent), HiddenText("lblShow", "Show", parent),
-              HiddenText("lblHide", "Hide", parent), HiddenText("lblText", "Text", parent)},
-      tag_text_(HiddenText("lblTag", "Font size and pos: ", parent)),
-      fit_text_(HiddenText("lblFitTag", "Fit font size: ", parent)),
-      outside_text_(HiddenText("lblOutside", ", outside safe viewing area", parent)) {
-  Reset();
-}
+CueModel::CueModel(Session& session, QObject* parent) : QAbstractTableModel(parent), session_(session) { Reset(); }
 
 void CueModel::Reset() {
   beginResetModel();
@@ -55,7 +47,7 @@ bool CueModel::IsMarked(int row) const {
 }
 
 QString CueModel::TagText(const SubtitleCue& cue) const {
-  return (session_.only_outside ? fit_text_ : tag_text_)->text() + ToQt(cue.Tag);
+  return ToQt(TextOf(session_.language, session_.only_outside ? window_texts::kFitTag : window_texts::kTag) + cue.Tag);
 }
 
 int CueModel::rowCount(const QModelIndex& parent) const {
@@ -85,14 +77,15 @@ QVariant CueModel::data(const QModelIndex& index, int role) const {
     return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
   }
   if (role == Qt::AccessibleTextRole && index.column() == Number && IsMarked(index.row())) {
-    return ToQt(cue.Number) + outside_text_->text();
+    return ToQt(cue.Number + TextOf(session_.language, window_texts::kOutside));
   }
   return {};
 }
 
 QVariant CueModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-  return titles_.at(static_cast<std::size_t>(section))->text();
+  constexpr std::array kTitles{window_texts::kNumber, window_texts::kShow, window_texts::kHide, window_texts::kText};
+  return ToQt(TextOf(session_.language, kTitles.at(static_cast<std::size_t>(section))));
 }
 
 }  // namespace captoria

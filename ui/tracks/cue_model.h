@@ -5,8 +5,6 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <QLabel>
-#include <array>
 
 #include "app/session.h"
 
@@ -16,8 +14,8 @@ class CueModel final : public QAbstractTableModel {
  public:
   enum Column { Number, Show, Hide, Text, kColumns };
 
-  // The session outlives the model. `parent` holds the texts it shows.
-  CueModel(Session& session, QWidget* parent);
+  // The session outlives the model.
+  CueModel(Session& session, QObject* parent);
 
   // The track, its cues or the choice between all and those outside is another one.
   void Reset();
@@ -44,10 +42,6 @@ class CueModel final : public QAbstractTableModel {
   bool IsMarked(int row) const;
 
   Session& session_;
-  std::array<QLabel*, kColumns> titles_;  // hidden texts, as the next three
-  QLabel* tag_text_;
-  QLabel* fit_text_;
-  QLabel* outside_text_;
 };
 
 }  // namespace captoria

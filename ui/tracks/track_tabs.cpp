@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "localisation/window_texts.h"
 #include "ui/texts/qt_font.h"
 #include "ui/texts/qt_text.h"
 
@@ -88,14 +89,12 @@ void TrackTabs::RebuildTabs() {
   const int wanted = session_.tracks.Count() + (session_.tracks.HasNewTab() ? 1 : 0);
   while (tabs_->count() > wanted) tabs_->removeTab(tabs_->count() - 1);
   while (tabs_->count() < wanted) tabs_->addTab({});
-  // Language files know the tabs of a window that has just been opened, the first track's and the last.
-  const auto caption = [this](const char* key, const char* built_in) {
-    return ToQt(session_.language.Text("Form1_Design", key).value_or(built_in));
-  };
-  QString track = caption("TabStrip1_1", "Subtitle 1");
+  QString track = ToQt(TextOf(session_.language, window_texts::kFirstTab));
   while (!track.isEmpty() && track.back().isDigit()) track.chop(1);
   for (int i = 0; i < session_.tracks.Count(); ++i) tabs_->setTabText(i, track + QString::number(i + 1));
-  if (session_.tracks.HasNewTab()) tabs_->setTabText(wanted - 1, caption("TabStrip1_2", "<New>"));
+  if (session_.tracks.HasNewTab()) {
+    tabs_->setTabText(wanted - 1, ToQt(TextOf(session_.language, window_texts::kNewTab)));
+  }
   tabs_->setCurrentIndex(session_.tracks.CurrentIndex());
 }
 
