@@ -127,9 +127,9 @@ class Conversion {
     const BitmapJob job{.tracks = session_.tracks.Open(),
                         .bitmap = session_.Frame(),
                         .frame_height = mux && settings.ForceVideoHeight != 0 ? settings.ForceVideoHeight
-                                                                              : session_.video.format.VideoHeight,
+                                                                              : session_.video.VideoHeight(),
                         .form = script_.form,
-                        .system = settings.ForceVideoHeight > 0 ? "PAL" : session_.video.format.VideoSystem,
+                        .system = settings.ForceVideoHeight > 0 ? VideoSystem::Pal : session_.video.VideoSystem,
                         .folder = temp_.Path(),
                         .threads = std::max(1U, std::thread::hardware_concurrency())};
     const auto fonts = session_.Fonts();

@@ -24,7 +24,7 @@ void Inspect(Session& session, bool is_batch) {
     Tell(session, session.TextFor(messages::kNoFileInfo) + "\r\n" + inspected.error().message, is_batch);
     return;
   }
-  session.video.format = inspected->format;
+  session.video.VideoSystem = inspected->system;
   session.video.streams = std::move(inspected->streams);
 }
 
@@ -78,7 +78,7 @@ Result<void> OpenAnAviFile(Session& session, std::string& path, const OpenVideoO
 }
 
 void ChooseVideoSystem(Session& session, bool ntsc) {
-  session.video.format = ntsc ? VideoFormat{"NTSC", kNtscHeight} : VideoFormat{"PAL", kPalHeight};
+  session.video.VideoSystem = ntsc ? VideoSystem::Ntsc : VideoSystem::Pal;
 }
 
 }  // namespace captoria

@@ -30,8 +30,10 @@ inline constexpr const char* kProgramTitle = "Captoria";
 // The video that subtitles are put beside.
 struct OpenVideo {
   std::string AviPath;  // empty while none was opened; set also when the file cannot be read
-  VideoFormat format;
+  captoria::VideoSystem VideoSystem = captoria::VideoSystem::Ntsc;
   StreamTable streams;
+
+  int VideoHeight() const { return HeightOf(VideoSystem); }  // of the frame that subtitles are placed on, in pixels
 };
 
 class Session {
@@ -57,7 +59,7 @@ class Session {
   // session that only reads needs neither, and finding all fonts takes longer than reading a hundred thousand cues.
   Result<std::shared_ptr<FontCollection>> Fonts();
   Result<SubtitleBitmap*> Bitmap();
-  BitmapFrame Frame() const { return {BitmapWidth(settings), settings.BackColor}; }
+  BitmapFrame Frame() const { return {BitmapWidth(settings), SplitColour(settings.BackColor)}; }
 
   // Shutdown, and before a video is opened: writes all that is to be remembered (`SaveValues`), whole or not at all.
   Result<void> Save();

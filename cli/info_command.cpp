@@ -27,15 +27,15 @@ std::string AsJson(const InfoOptions& options, const AviInspection& inspection) 
     streams.push_back({{"type", TextOf(row.type)}, {"summary", Summary(row)}, {"name", row.Title()}});
   }
   const Json all{{"file", options.video},
-                 {"system", inspection.format.VideoSystem},
-                 {"height", inspection.format.VideoHeight},
+                 {"system", NameOf(inspection.system)},
+                 {"height", HeightOf(inspection.system)},
                  {"streams", streams}};
   return all.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
 std::string AsText(const InfoOptions& options, const AviInspection& inspection) {
-  std::string text = options.video + ": " + inspection.format.VideoSystem + ", subtitles are placed on " +
-                     std::to_string(inspection.format.VideoHeight) + " lines\n";
+  std::string text = options.video + ": " + std::string{NameOf(inspection.system)} + ", subtitles are placed on " +
+                     std::to_string(HeightOf(inspection.system)) + " lines\n";
   int number = 0;
   for (const StreamRow& row : inspection.streams) {
     std::string type{TextOf(row.type)};

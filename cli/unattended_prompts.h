@@ -31,7 +31,7 @@ class UnattendedPrompts final : public Prompts {
   }
   std::optional<std::string> AskFolder(const std::string&, const std::string&) override { return {}; }
   std::optional<std::uint32_t> AskColor(const std::string&, std::uint32_t) override { return {}; }
-  std::optional<FontChoice> AskFont(const std::string&, const FontChoice&) override { return {}; }
+  std::optional<Font> AskFont(const std::string&, const Font&) override { return {}; }
 
  private:
   bool yes_;

@@ -36,8 +36,8 @@ StreamRow RowOf(const AviFileInfo& file, const AviStreamInfo& stream) {
     row.type = StreamType::Video;
     const double fps = std::round(Ratio(file.rate, file.scale) * 1000) / 1000;
     const double streams_own = Ratio(stream.rate, stream.scale);
-    row.text = SizeText(stream.frame) + FormatOfRate(file.rate, file.scale).VideoSystem + " - " + TextOfNumber(fps) +
-               " fps, Length: " + DurationText(streams_own > 0 ? stream.length / streams_own : 0);
+    row.text = SizeText(stream.frame) + std::string{NameOf(SystemOfRate(file.rate, file.scale))} + " - " +
+               TextOfNumber(fps) + " fps, Length: " + DurationText(streams_own > 0 ? stream.length / streams_own : 0);
   } else if (stream.type == "auds") {
     row.type = StreamType::Audio;
     // The length of sound is divided by the rate alone, as it always was; with a scale of 1 that is its duration.
@@ -70,9 +70,8 @@ std::string StreamRow::Title() const {
   return end == text.npos ? std::string{} : std::string{Trim(std::string_view{text}.substr(end + kLineEnd.size()))};
 }
 
-VideoFormat FormatOfRate(std::uint32_t rate, std::uint32_t scale) {
-  const bool is_pal = RoundToInt(Ratio(rate, scale)) == 25;
-  return is_pal ? VideoFormat{"PAL", kPalHeight} : VideoFormat{"NTSC", kNtscHeight};
+VideoSystem SystemOfRate(std::uint32_t rate, std::uint32_t scale) {
+  return RoundToInt(Ratio(rate, scale)) == 25 ? VideoSystem::Pal : VideoSystem::Ntsc;
 }
 
 StreamTable DescribeStreams(const AviFileInfo& file, std::span<const AviStreamInfo> streams) {
@@ -87,7 +86,7 @@ Result<AviInspection> InspectAvi(const std::string& path) {
   const AviFileInfo info = InfoOf(*avi);
   std::vector<AviStreamInfo> streams;
   for (std::size_t i = 0; i < avi->Streams().size(); ++i) streams.push_back(StreamInfoOf(*avi, static_cast<int>(i)));
-  return AviInspection{FormatOfRate(info.rate, info.scale), DescribeStreams(info, streams)};
+  return AviInspection{SystemOfRate(info.rate, info.scale), DescribeStreams(info, streams)};
 }
 
 Result<std::optional<FirstStream>> GetAviStreamInfo(const std::string& path, StreamKind kind) {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/result.h"
+#include "base/video_system.h"
 #include "media/avi/avi_info.h"
 
 namespace captoria {
@@ -34,23 +35,15 @@ using StreamTable = std::vector<StreamRow>;
 inline constexpr const char* kVideoPatterns = "*.avi;*.divx";
 bool IsVideoName(std::string_view name);
 
-// Subtitles are placed on a frame of a television system, whatever the size of the video.
-struct VideoFormat {
-  std::string VideoSystem = "NTSC";  // or "PAL"
-  int VideoHeight = 480;             // pixels; 576 for PAL
-};
-
-constexpr int kNtscHeight = 480, kPalHeight = 576;
-
 // PAL for 25 frames a second, when rounded; NTSC for every other rate, also for none.
-VideoFormat FormatOfRate(std::uint32_t rate, std::uint32_t scale);
+VideoSystem SystemOfRate(std::uint32_t rate, std::uint32_t scale);
 
 // A row for each stream. Streams whose name begins with "subtitle" in any case are subtitles, although they are of the
 // video type.
 StreamTable DescribeStreams(const AviFileInfo& file, std::span<const AviStreamInfo> streams);
 
 struct AviInspection {
-  VideoFormat format;
+  VideoSystem system = VideoSystem::Ntsc;
   StreamTable streams;
 };
 

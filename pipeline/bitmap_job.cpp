@@ -29,24 +29,14 @@ class PartProgress final : public JobProgress {
   std::size_t total_;
 };
 
-int LineHeight(const std::shared_ptr<FontCollection>& fonts, const BitmapJob& job, const TrackStyle& style) {
-  SubtitleBitmap bitmap(fonts, job.bitmap);
-  bitmap.Surface().SelectFont(style.font);
-  return bitmap.Surface().Measure("Haik", {}, kCalculateRectangle).Height();
-}
-
-ListColors ColorsOf(const TrackStyle& style) {
-  const auto components = [](const Color& color) { return std::array{color.red, color.green, color.blue}; };
-  return {components(style.ForeColor), components(style.OutlineColor), components(style.ShadowColor)};
-}
-
-Result<void> WriteList(const BitmapJob& job, int number, int line_height, std::span<const RenderedSize> sizes) {
+Result<void> WriteList(const BitmapJob& job, int number, int line_height, std::span<const Size> sizes) {
   const SubtitleTrack& track = job.tracks[static_cast<std::size_t>(number)];
-  std::string list = ListHeader(job.form, ColorsOf(track.style), job.system);
+  std::string list =
+      ListHeader(job.form, {track.style.ForeColor, track.style.OutlineColor, track.style.ShadowColor}, job.system);
   for (std::size_t i = 0; i < sizes.size(); ++i) {
     const SubtitleCue& cue = track.cues[i];
-    const FramePlace place = PlaceOnFrame({job.bitmap.width, job.frame_height}, track.style, cue.Tag,
-                                          CountLines(cue.Text), line_height, sizes[i].width);
+    const Point place = PlaceOnFrame({job.bitmap.width, job.frame_height}, track.style, cue.Tag, CountLines(cue.Text),
+                                     line_height, sizes[i].width);
     const std::string bitmap = BitmapFileName(number, i + 1);
     list += ListLine(job.form, {.bitmap = bitmap,
                                 .show = cue.Show,
@@ -80,7 +70,7 @@ Result<FontReport> CreateBitmaps(const std::shared_ptr<FontCollection>& fonts, c
     const auto rendered = RenderCues(fonts, batch, job.threads, part);
     if (!rendered) return tl::unexpected(rendered.error());
     report.Add(rendered->fonts);
-    const int line_height = LineHeight(fonts, job, track.style);
+    const int line_height = SubtitleBitmap(fonts, job.bitmap).LineHeight(track.style.font);
     if (auto written = WriteList(job, number, line_height, rendered->sizes); !written) {
       return tl::unexpected(written.error());
     }

@@ -10,6 +10,7 @@
 
 #include "base/job_progress.h"
 #include "base/result.h"
+#include "base/video_system.h"
 #include "render/cue_batch.h"
 #include "script/list_text.h"
 #include "subtitles/subtitle_track.h"
@@ -19,10 +20,11 @@ namespace captoria {
 struct BitmapJob {
   std::span<const SubtitleTrack> tracks;  // those without a file, or of a VobSub index, are passed over
   BitmapFrame bitmap;
-  int frame_height = 576;  // pixels, of the frame the bitmaps stand on; its width is `bitmap.width`
+  // Of the frame the bitmaps stand on, in pixels; its width is `bitmap.width`.
+  int frame_height = HeightOf(VideoSystem::Pal);
   ListForm form = ListForm::Converter;
-  std::string system;  // "NTSC" or "PAL", for the list
-  std::string folder;  // for bitmaps and lists; it is there
+  VideoSystem system = VideoSystem::Pal;  // for the list
+  std::string folder;                     // for bitmaps and lists; it is there
   unsigned threads = 1;
 };
 

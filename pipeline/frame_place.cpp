@@ -10,8 +10,8 @@
 
 namespace captoria {
 
-FramePlace PlaceOnFrame(const FrameSize& frame, const TrackStyle& style, std::string_view tag, int lines,
-                        int line_height, int bitmap_width) {
+Point PlaceOnFrame(const Size& frame, const TrackStyle& style, std::string_view tag, int lines, int line_height,
+                   int bitmap_width) {
   constexpr int kBesideLines = 15;
   const int up = ReadPlacement(tag).position.value_or(style.VertPos);
   const std::int64_t y = frame.height - (std::int64_t{lines} * line_height + kBesideLines) - up;

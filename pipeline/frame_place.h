@@ -6,26 +6,15 @@
 
 #include <string_view>
 
+#include "base/geometry.h"
 #include "settings/track_style.h"
 
 namespace captoria {
 
-struct FrameSize {
-  int width = 720;
-  int height = 576;
-};
-
-struct FramePlace {
-  int x = 0;
-  int y = 0;
-
-  bool operator==(const FramePlace&) const = default;
-};
-
 // The place of a bitmap of `bitmap_width` for a cue of `lines` lines with the placement in `tag`; `line_height` is that
 // of the track's own font, also for a cue that was fitted. Never left of, right of or above the frame.
-FramePlace PlaceOnFrame(const FrameSize& frame, const TrackStyle& style, std::string_view tag, int lines,
-                        int line_height, int bitmap_width);
+Point PlaceOnFrame(const Size& frame, const TrackStyle& style, std::string_view tag, int lines, int line_height,
+                   int bitmap_width);
 
 // The height that lists give a bitmap of `height` rows.
 int ListedHeight(int height);

@@ -10,15 +10,9 @@
 #include <string>
 #include <vector>
 
-namespace captoria {
+#include "base/font.h"
 
-struct FontChoice {
-  std::string name;
-  double size = 0;  // points
-  bool bold = false;
-  bool italic = false;
-  int charset = 1;
-};
+namespace captoria {
 
 struct FileFilter {
   std::string description;
@@ -50,7 +44,7 @@ class Prompts {
 
   // Colours are red + 256 x green + 65536 x blue.
   virtual std::optional<std::uint32_t> AskColor(const std::string& title, std::uint32_t current) = 0;
-  virtual std::optional<FontChoice> AskFont(const std::string& title, const FontChoice& current) = 0;
+  virtual std::optional<Font> AskFont(const std::string& title, const Font& current) = 0;
 };
 
 }  // namespace captoria

@@ -78,10 +78,10 @@ std::optional<std::uint32_t> TerminalPrompts::AskColor(const std::string& title,
   return SwapRedAndBlue(color);
 }
 
-std::optional<FontChoice> TerminalPrompts::AskFont(const std::string& title, const FontChoice& current) {
+std::optional<Font> TerminalPrompts::AskFont(const std::string& title, const Font& current) {
   const auto name = Line(title, current.name);
   if (!name) return std::nullopt;
-  FontChoice font = current;
+  Font font = current;
   font.name = *name;
   return font;
 }

@@ -37,7 +37,7 @@ class TerminalPrompts final : public Prompts {
   std::optional<std::uint32_t> AskColor(const std::string& title, std::uint32_t current) override;
 
   // A font is typed as its name; the other attributes stay.
-  std::optional<FontChoice> AskFont(const std::string& title, const FontChoice& current) override;
+  std::optional<Font> AskFont(const std::string& title, const Font& current) override;
 
  private:
   // The line typed behind `question`, or `proposal` for an empty one; nothing at the end of input.

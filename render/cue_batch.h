@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "base/geometry.h"
 #include "base/job_progress.h"
 #include "base/result.h"
 #include "render/subtitle_bitmap.h"
@@ -25,13 +26,8 @@ struct CueBatch {
   std::function<std::string(std::size_t index)> path_of;  // of the file for a cue; called from any thread
 };
 
-struct RenderedSize {
-  int width = 0;  // pixels
-  int height = 0;
-};
-
 struct RenderedBatch {
-  std::vector<RenderedSize> sizes;  // in the order of the cues
+  std::vector<Size> sizes;  // in the order of the cues
   FontReport fonts;
 };
 

@@ -74,14 +74,13 @@ void cDIB::Destroy() {
   pixels_.clear();
 }
 
-std::uint8_t cDIB::NearestEntry(ColorValue color) const {
-  const Color wanted = SplitColour(color);
+std::uint8_t cDIB::NearestEntry(const Color& color) const {
   const auto drawn = std::span{palette_}.first(kDrawnEntries);
-  const auto nearest = std::ranges::min_element(drawn, {}, [&](const Color& entry) { return Distance(entry, wanted); });
+  const auto nearest = std::ranges::min_element(drawn, {}, [&](const Color& entry) { return Distance(entry, color); });
   return static_cast<std::uint8_t>(nearest - drawn.begin());
 }
 
-void cDIB::Cls(ColorValue color) { std::ranges::fill(pixels_, NearestEntry(color)); }
+void cDIB::Cls(const Color& color) { std::ranges::fill(pixels_, NearestEntry(color)); }
 
 Result<void> cDIB::Save(const std::string& path) const {
   if (width_ == 0) return Failure(ErrorKind::Unwritable, path + ": there is no bitmap to write");

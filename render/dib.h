@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
+#include "base/color.h"
 #include "base/result.h"
-#include "render/color.h"
 
 namespace captoria {
 
@@ -46,15 +46,13 @@ class cDIB {
   }
 
   const std::array<Color, kEntries>& Palette() const { return palette_; }
-  void SetColorInPalette16(ColorValue color, int index) {
-    palette_.at(static_cast<std::size_t>(index)) = SplitColour(color);
-  }
+  void SetColorInPalette16(const Color& color, int index) { palette_.at(static_cast<std::size_t>(index)) = color; }
 
   // The drawn entry nearest to `color`; of equally near ones the first.
-  std::uint8_t NearestEntry(ColorValue color) const;
+  std::uint8_t NearestEntry(const Color& color) const;
 
   // Fills the bitmap with the entry nearest to `color`.
-  void Cls(ColorValue color);
+  void Cls(const Color& color);
 
   // Writes a BMP file of four bits a pixel, whole or not at all. Unwritable when that fails or there is no bitmap.
   Result<void> Save(const std::string& path) const;

@@ -12,10 +12,6 @@ namespace {
 // Enough for every run of any sensible cue, so that nothing of it is laid out twice.
 constexpr std::size_t kMostRunBytes = std::size_t{2} << 20;
 
-bool SameFont(const Font& a, const Font& b) {
-  return a.size == b.size && a.bold == b.bold && a.italic == b.italic && a.charset == b.charset && a.name == b.name;
-}
-
 void AddGlyph(const PlacedGlyph& placed, const LineMetrics& metrics, Coverage& coverage) {
   const int baseline = metrics.ascent + placed.y;
   if (placed.face != nullptr) {
@@ -41,7 +37,7 @@ FontSurface::FontSurface(std::shared_ptr<FontCollection> collection, cDIB& dib)
 }
 
 void FontSurface::SelectFont(const Font& font) {
-  const auto known = std::ranges::find_if(fonts_, [&](const KnownFont& other) { return SameFont(other.font, font); });
+  const auto known = std::ranges::find(fonts_, font, &KnownFont::font);
   font_ = static_cast<std::size_t>(known - fonts_.begin());
   if (known != fonts_.end()) return;
   shaper_.Select(font);

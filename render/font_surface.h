@@ -25,9 +25,9 @@ class FontSurface final : public TextSurface {
   Rect Measure(std::string_view text, const Rect& rect, TextFlags flags) override;
   void Draw(std::string_view text, const Rect& rect, TextFlags flags) override;
   void DrawSpread(std::string_view text, const Rect& rect, int width, TextFlags flags) override;
-  ColorValue TextColor() const override { return text_color_; }
-  void SetTextColor(ColorValue color) override { text_color_ = TranslateColor(color); }
-  void SetColorInPalette16(ColorValue color, int index) override { dib_.SetColorInPalette16(color, index); }
+  Color TextColor() const override { return text_color_; }
+  void SetTextColor(const Color& color) override { text_color_ = color; }
+  void SetColorInPalette16(const Color& color, int index) override { dib_.SetColorInPalette16(color, index); }
 
   // Of everything measured or drawn so far.
   const FontReport& Report() const { return shaper_.Report(); }
@@ -63,7 +63,7 @@ class FontSurface final : public TextSurface {
 
   cDIB& dib_;
   TextShaper shaper_;
-  ColorValue text_color_ = 0;
+  Color text_color_;
   std::vector<KnownFont> fonts_;
   std::size_t font_ = 0;         // the selected one
   std::size_t shaper_font_ = 0;  // the one the shaper has; changed only when something has to be laid out

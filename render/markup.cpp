@@ -92,11 +92,11 @@ std::size_t MarkupReader::TakeFontTag(std::size_t start, MarkupRun& run) {
   return bracket + 1;
 }
 
-std::optional<ColorValue> FontTagColor(std::string_view attributes) {
+std::optional<Color> FontTagColor(std::string_view attributes) {
   if (!EqualsIgnoringCase(attributes.substr(0, kColorAttribute.size()), kColorAttribute)) return std::nullopt;
   const std::string digits = ColorDigits(attributes.substr(kColorAttribute.size()));
   const std::string_view view = digits;
-  return ValueOf({HexPair(view.substr(0, 2)), HexPair(view.substr(2, 2)), HexPair(view.substr(4, 2))});
+  return Color{HexPair(view.substr(0, 2)), HexPair(view.substr(2, 2)), HexPair(view.substr(4, 2))};
 }
 
 }  // namespace captoria

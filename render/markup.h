@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "render/color.h"
+#include "base/color.h"
 
 namespace captoria {
 
@@ -63,6 +63,6 @@ class MarkupReader {
 
 // The colour in the attributes of a <font ...> tag, which have to begin with it: color=#FF8000, with or without "#" and
 // double quotes. Six digits are read, and digits that are none or missing leave their part of the colour smaller.
-std::optional<ColorValue> FontTagColor(std::string_view attributes);
+std::optional<Color> FontTagColor(std::string_view attributes);
 
 }  // namespace captoria

@@ -42,22 +42,20 @@ std::uint8_t* PixelAt(VideoFrame& frame, std::int64_t x, std::int64_t y) {
 
 }  // namespace
 
-FramePoint PlaceOnPreview(int frame_width, int frame_height, int bitmap_width, int bitmap_height, int hor_pos,
-                          int slider_value, int slider_maximum) {
-  std::int64_t x = std::int64_t{hor_pos} + (frame_width - bitmap_width) / 2;
+Point PlaceOnPreview(const Size& frame, const Size& bitmap, int hor_pos, int slider_value, int slider_maximum) {
+  std::int64_t x = std::int64_t{hor_pos} + (frame.width - bitmap.width) / 2;
   // The right edge comes last: of a bitmap wider than the picture, the end of the lines is what stays in sight.
   x = std::max<std::int64_t>(x, 0);
-  x = std::min<std::int64_t>(x, frame_width - bitmap_width);
+  x = std::min<std::int64_t>(x, frame.width - bitmap.width);
 
-  const std::int64_t room = frame_height - bitmap_height;
+  const std::int64_t room = frame.height - bitmap.height;
   const std::int64_t up = slider_maximum < 1 ? 0 : DivideToEven(room * slider_value, slider_maximum);
   return {.x = ToInt(x), .y = ToInt(room - up)};
 }
 
-void Overlay(VideoFrame& frame, const cDIB& bitmap, FramePoint at, ColorValue back_color) {
-  const Color key = SplitColour(back_color);
+void Overlay(VideoFrame& frame, const cDIB& bitmap, Point at, const Color& back_color) {
   std::array<bool, cDIB::kEntries> is_drawn{};
-  std::ranges::transform(bitmap.Palette(), is_drawn.begin(), [&](const Color& entry) { return entry != key; });
+  std::ranges::transform(bitmap.Palette(), is_drawn.begin(), [&](const Color& entry) { return entry != back_color; });
 
   const std::int64_t x0 = at.x, y0 = at.y;
   const std::int64_t left = std::max<std::int64_t>(-x0, 0),

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "base/utf8.h"
+#include "render/styled_text.h"
 #include "subtitles/cue.h"
 
 namespace captoria {
@@ -29,7 +30,7 @@ std::size_t StyleTagLength(std::string_view text, std::size_t at) {
 
 QuickFit::QuickFit(TextSurface& surface, const Font& font, const Rect& area) : surface_(surface), font_(font) {
   surface_.SelectFont(font_);
-  const int line_height = surface_.Measure("Haik", {}, kCalculateRectangle).Height();
+  const int line_height = LineHeight(surface_);
   // Kerning draws letters together far more often than apart; an eighth more than the sum is beyond any font.
   width_ = area.Width() - area.Width() / 8;
   most_lines_ = line_height > 0 ? area.Height() / line_height + 1 : 0;

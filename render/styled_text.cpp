@@ -15,7 +15,6 @@ namespace {
 
 constexpr int kBottomMargin = 3;    // pixels below the last line
 constexpr int kFontColorEntry = 3;  // of the surface's colour table
-constexpr std::string_view kHeightSample = "Haik";
 
 // Sums of sizes are made in 64 bits. What goes to the surface stays so far from the ends of an int that the surface can
 // move it and add to it; nothing is ever seen out there.
@@ -112,24 +111,24 @@ class Drawing {
  private:
   template <typename Visit>
   void WalkDrawnLine(std::string_view line, Visit visit);
-  void TakeColors(const MarkupRun& run, ColorValue& color, ColorValue& next);
+  void TakeColors(const MarkupRun& run, Color& color, Color& next);
   Wide LineWidth(std::string_view line);
   Wide LineLeft(Wide line_width, Wide block_width) const;
   void DrawLine(std::string_view line, Wide left, Wide top);
-  void DrawRun(std::string_view text, const Rect& at, ColorValue color);
+  void DrawRun(std::string_view text, const Rect& at, const Color& color);
 
   TextSurface& surface_;
   const Rect& rect_;
   const DrawingStyle& style_;
   TextFlags flags_;
-  ColorValue base_color_;
+  Color base_color_;
   RunningStyle running_;
 };
 
 void Drawing::Draw(std::string_view text) {
   const std::vector<std::string_view> lines = SplitStyledLines(text);
   surface_.SelectFont(style_.font);
-  const Wide line_height = HeightOf(surface_.Measure(kHeightSample, Near(rect_), kCenter | kCalculateRectangle));
+  const Wide line_height = LineHeight(surface_);
   if (lines.empty()) return;
 
   std::vector<Wide> widths;
@@ -148,9 +147,9 @@ template <typename Visit>
 void Drawing::WalkDrawnLine(std::string_view line, Visit visit) {
   running_.Reset();
   surface_.SelectFont(running_.Current());
-  ColorValue color = base_color_;
+  Color color = base_color_;
   WalkLine(surface_, line, running_, [&](const MarkupRun& run) {
-    ColorValue next = color;
+    Color next = color;
     TakeColors(run, color, next);
     if (!run.text.empty()) visit(run.text, color);
     color = next;
@@ -158,7 +157,7 @@ void Drawing::WalkDrawnLine(std::string_view line, Visit visit) {
 }
 
 // A font tag also takes the colour of an earlier one from the run before it.
-void Drawing::TakeColors(const MarkupRun& run, ColorValue& color, ColorValue& next) {
+void Drawing::TakeColors(const MarkupRun& run, Color& color, Color& next) {
   if (run.tag == MarkupTag::FontEnd) next = base_color_;
   if (run.tag != MarkupTag::Font) return;
   color = next = base_color_;
@@ -171,7 +170,7 @@ void Drawing::TakeColors(const MarkupRun& run, ColorValue& color, ColorValue& ne
 
 Wide Drawing::LineWidth(std::string_view line) {
   Wide width = 0;
-  WalkDrawnLine(line, [&](std::string_view text, ColorValue) {
+  WalkDrawnLine(line, [&](std::string_view text, const Color&) {
     width += WidthOf(surface_.Measure(text, Near(rect_), kCenter | kCalculateRectangle | flags_));
   });
   return width;
@@ -196,14 +195,14 @@ Wide Drawing::LineLeft(Wide line_width, Wide block_width) const {
 }
 
 void Drawing::DrawLine(std::string_view line, Wide left, Wide top) {
-  WalkDrawnLine(line, [&](std::string_view text, ColorValue color) {
+  WalkDrawnLine(line, [&](std::string_view text, const Color& color) {
     const Rect at{Near(left), Near(top), Near(rect_.right), Near(rect_.bottom)};
     DrawRun(text, at, color);
     left += WidthOf(surface_.Measure(text, at, kCalculateRectangle | flags_));
   });
 }
 
-void Drawing::DrawRun(std::string_view text, const Rect& at, ColorValue color) {
+void Drawing::DrawRun(std::string_view text, const Rect& at, const Color& color) {
   if (style_.shadow_bevel != 0) {
     const int outline = style_.shadow_bevel > 0 ? style_.outline_width : -style_.outline_width;
     const int offset = Near(Wide{style_.shadow_bevel} + outline);
@@ -247,12 +246,14 @@ Sizing SizeStyledText(TextSurface& surface, std::string_view text, const Rect& r
 
 }  // namespace
 
+int LineHeight(TextSurface& surface) { return surface.Measure("Haik", {}, kCenter | kCalculateRectangle).Height(); }
+
 void DrawStyledText(TextSurface& surface, std::string_view text, const Rect& rect, const DrawingStyle& style) {
   Drawing(surface, rect, style).Draw(text);
 }
 
-TextSize MeasureStyledText(TextSurface& surface, std::string_view text, const Rect& rect, const Font& font,
-                           bool word_break) {
+Size MeasureStyledText(TextSurface& surface, std::string_view text, const Rect& rect, const Font& font,
+                       bool word_break) {
   const Sizing sizing = SizeStyledText(surface, text, rect, font, word_break);
   return {Saturated(sizing.widest), Saturated(sizing.line_height * sizing.lines)};
 }

@@ -13,21 +13,26 @@
 
 #include <string_view>
 
+#include "base/color.h"
+#include "base/geometry.h"
 #include "render/text_surface.h"
 #include "settings/placement.h"
 #include "settings/track_style.h"
 
 namespace captoria {
 
+// The height of a line in the selected font, in pixels.
+int LineHeight(TextSurface& surface);
+
 // Everything a cue is drawn with besides its text.
 struct DrawingStyle {
   Font font;
   int outline_width = 0;  // 0 to 4 pixels; 0 still draws the text once in the outline colour, below itself
-  ColorValue outline_color = 0;
+  Color outline_color;
   Alignment alignment{};  // of the lines inside the block; the block as a whole is centred in the rectangle
   bool right_to_left = false;
   int shadow_bevel = 0;  // pixels right and down, negative left and up; 0 draws no shadow
-  ColorValue shadow_color = 0;
+  Color shadow_color;
 };
 
 // Draws `text` with its last line ending 3 pixels above the bottom of `rect`, in the surface's text colour. That colour
@@ -35,14 +40,10 @@ struct DrawingStyle {
 // <font color=...> tag, in which all runs of such tags appear.
 void DrawStyledText(TextSurface& surface, std::string_view text, const Rect& rect, const DrawingStyle& style);
 
-struct TextSize {
-  int width = 0;   // of the widest line
-  int height = 0;  // of all lines; 0 when nothing was measured
-};
-
-// The room `text` takes by the sizing rules.
-TextSize MeasureStyledText(TextSurface& surface, std::string_view text, const Rect& rect, const Font& font,
-                           bool word_break);
+// The room `text` takes by the sizing rules: the width of its widest line and the height of all its lines, 0 when
+// nothing was measured.
+Size MeasureStyledText(TextSurface& surface, std::string_view text, const Rect& rect, const Font& font,
+                       bool word_break);
 
 struct TextFit {
   bool fits = false;

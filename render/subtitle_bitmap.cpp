@@ -36,23 +36,28 @@ SubtitleBitmap::SubtitleBitmap(std::shared_ptr<FontCollection> fonts, const Bitm
   dib_.Create(640, 480);
 }
 
+int SubtitleBitmap::LineHeight(const Font& font) {
+  surface_.SelectFont(font);
+  return captoria::LineHeight(surface_);
+}
+
 void SubtitleBitmap::SetDibProp(const TrackStyle& style, int lines) { Prepare(style, dib_.Width(), lines); }
 
 void SubtitleBitmap::Prepare(const TrackStyle& style, int width, int lines) {
-  surface_.SelectFont(style.font);
-  const int line_height = surface_.Measure("Haik ", {}, kCalculateRectangle).Height();
+  const int line_height = LineHeight(style.font);
   const int height = Even(Clamped(std::int64_t{lines} * line_height + kHeightBesideLines, cDIB::kLongestSide));
   if (Even(width) != dib_.Width() || height != dib_.Height()) dib_.Create(Even(width), height);
 
   dib_.SetColorInPalette16(frame_.back_color, 0);
-  dib_.SetColorInPalette16(ValueOf(style.ForeColor), 1);
-  dib_.SetColorInPalette16(ValueOf(style.OutlineColor), 2);
-  dib_.SetColorInPalette16(ValueOf(style.ShadowColor), 3);
-  for (int grey = cDIB::kDrawnEntries; grey < cDIB::kEntries; ++grey) {
-    dib_.SetColorInPalette16(grey | grey << 8 | grey << 16, grey);
+  dib_.SetColorInPalette16(style.ForeColor, 1);
+  dib_.SetColorInPalette16(style.OutlineColor, 2);
+  dib_.SetColorInPalette16(style.ShadowColor, 3);
+  for (int entry = cDIB::kDrawnEntries; entry < cDIB::kEntries; ++entry) {
+    const auto grey = static_cast<std::uint8_t>(entry);
+    dib_.SetColorInPalette16({grey, grey, grey}, entry);
   }
   dib_.Cls(frame_.back_color);
-  surface_.SetTextColor(ValueOf(style.ForeColor));
+  surface_.SetTextColor(style.ForeColor);
 }
 
 void SubtitleBitmap::RenderCueBitmap(std::string_view text, const TrackStyle& style) {
@@ -69,11 +74,11 @@ void SubtitleBitmap::RenderCueBitmap(std::string_view text, const TrackStyle& st
   DrawStyledText(surface_, text, rect,
                  {.font = style.font,
                   .outline_width = outline,
-                  .outline_color = ValueOf(style.OutlineColor),
+                  .outline_color = style.OutlineColor,
                   .alignment = style.InAlign,
                   .right_to_left = style.RightToLeft,
                   .shadow_bevel = bevel,
-                  .shadow_color = ValueOf(style.ShadowColor)});
+                  .shadow_color = style.ShadowColor});
 }
 
 }  // namespace captoria

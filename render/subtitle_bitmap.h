@@ -16,8 +16,8 @@ namespace captoria {
 
 // What all bitmaps of a conversion have in common.
 struct BitmapFrame {
-  int width = 720;            // of the video frame in pixels; no bitmap is wider
-  ColorValue back_color = 0;  // of entry 0, which players show as transparent
+  int width = 720;   // of the video frame in pixels; no bitmap is wider
+  Color back_color;  // of entry 0, which players show as transparent
 
   bool operator==(const BitmapFrame&) const = default;
 };
@@ -42,6 +42,9 @@ class SubtitleBitmap {
   void RenderCueBitmap(std::string_view text, const TrackStyle& style);
 
   const cDIB& Dib() const { return dib_; }
+  // Of `font`, which is selected afterwards.
+  int LineHeight(const Font& font);
+
   TextSurface& Surface() { return surface_; }
   const FontReport& Report() const { return surface_.Report(); }
   const BitmapFrame& Frame() const { return frame_; }

@@ -7,7 +7,7 @@
 
 #include <string_view>
 
-#include "render/color.h"
+#include "base/color.h"
 #include "settings/track_style.h"
 
 namespace captoria {
@@ -56,13 +56,11 @@ class TextSurface {
     }
   }
 
-  virtual ColorValue TextColor() const = 0;
-
-  // `color` goes through TranslateColor first.
-  virtual void SetTextColor(ColorValue color) = 0;
+  virtual Color TextColor() const = 0;
+  virtual void SetTextColor(const Color& color) = 0;
 
   // Sets one of the 16 entries of the surface's colour table; `index` is 0 to 15.
-  virtual void SetColorInPalette16(ColorValue color, int index) = 0;
+  virtual void SetColorInPalette16(const Color& color, int index) = 0;
 };
 
 }  // namespace captoria

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "base/ascii.h"
+#include "base/video_system.h"
 
 namespace captoria {
 namespace {
@@ -76,7 +77,7 @@ class ListParser {
   }
 
   Result<SubtitleList> Mux() {
-    list_.frame = {640, 480};
+    list_.frame = {640, HeightOf(VideoSystem::Ntsc)};
     const bool fine = Palette(" = (") && Expect("") && Order("SUBPALETTE") && Cues(&ListParser::MuxCue);
     return Finish(fine);
   }
@@ -114,10 +115,12 @@ class ListParser {
   }
 
   bool FrameRate() {
-    const std::string form = "\"FRAMERATE PAL\" or \"FRAMERATE NTSC\"";
+    const auto line_of = [](VideoSystem system) { return "FRAMERATE " + std::string{NameOf(system)}; };
+    const std::string pal = line_of(VideoSystem::Pal), ntsc = line_of(VideoSystem::Ntsc);
+    const std::string form = "\"" + pal + "\" or \"" + ntsc + "\"";
     if (!NextOf(form)) return false;
-    if (line_ != "FRAMERATE PAL" && line_ != "FRAMERATE NTSC") return Fail(form + " is expected");
-    list_.frame = {720, line_ == "FRAMERATE PAL" ? 576 : 480};
+    if (line_ != pal && line_ != ntsc) return Fail(form + " is expected");
+    list_.frame = {720, HeightOf(line_ == pal ? VideoSystem::Pal : VideoSystem::Ntsc)};
     return true;
   }
 

@@ -11,8 +11,8 @@ namespace captoria {
 namespace {
 
 // "(255, 255, 255)"
-std::string Components(const ListColors::value_type& color) {
-  return "(" + std::to_string(color[0]) + ", " + std::to_string(color[1]) + ", " + std::to_string(color[2]) + ")";
+std::string Components(const Color& color) {
+  return "(" + std::to_string(color.red) + ", " + std::to_string(color.green) + ", " + std::to_string(color.blue) + ")";
 }
 
 std::string ThreeDigits(int number) {
@@ -31,18 +31,18 @@ std::string WithPoint(std::string_view time) {
 std::string PaletteLines(const ListColors& colors, std::string_view between) {
   std::string lines;
   int number = 1;
-  for (const auto& color : colors)
+  for (const Color& color : colors)
     lines += (std::to_string(number++).append(between) + Components(color)).append(kCrLf);
   return lines;
 }
 
 }  // namespace
 
-std::string ListHeader(ListForm form, const ListColors& colors, std::string_view system) {
+std::string ListHeader(ListForm form, const ListColors& colors, VideoSystem system) {
   if (form == ListForm::Mux) {
     return "0 = (0, 0, 0)\r\n" + PaletteLines(colors, " = ") + "\r\nSUBPALETTE (0 1 2 3)\r\n";
   }
-  return std::string{"[HEADER]\r\nTITLE\r\nFRAMERATE "}.append(system) +
+  return std::string{"[HEADER]\r\nTITLE\r\nFRAMERATE "}.append(NameOf(system)) +
          "\r\nDROPFRAME NO\r\nCONTRAST    (0 15 15 15)\r\nCOLOR       (0 2 1 3)\r\n\r\n"
          "[PALETTE]\r\n0 (0, 0, 255)\r\n" +
          PaletteLines(colors, " ") + "\r\n[LIST]\r\n";

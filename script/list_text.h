@@ -6,9 +6,11 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
+
+#include "base/color.h"
+#include "base/video_system.h"
 
 namespace captoria {
 
@@ -17,8 +19,8 @@ enum class ListForm {
   Mux,        // for DivXMux.exe itself
 };
 
-// Red, green and blue of the entries 1 to 3: letters, outline and shadow.
-using ListColors = std::array<std::array<std::uint8_t, 3>, 3>;
+// The entries 1 to 3: letters, outline and shadow.
+using ListColors = std::array<Color, 3>;
 
 // A bitmap and its place; pixels of the frame.
 struct ListEntry {
@@ -31,8 +33,8 @@ struct ListEntry {
   int y = 0;
 };
 
-// All before the first cue. `system` is "NTSC" or "PAL".
-std::string ListHeader(ListForm form, const ListColors& colors, std::string_view system);
+// All before the first cue.
+std::string ListHeader(ListForm form, const ListColors& colors, VideoSystem system);
 
 // One line with its end.
 std::string ListLine(ListForm form, const ListEntry& cue);

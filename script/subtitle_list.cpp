@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/path_text.h"
+#include "base/video_system.h"
 #include "media/bmp/bmp_file.h"
 #include "platform/files.h"
 #include "script/list_parser.h"
@@ -15,8 +16,8 @@ namespace captoria {
 namespace {
 
 constexpr std::uint64_t kLargestList = std::uint64_t{16} << 20;
-constexpr int kPalHeight = 576;
-constexpr int kNtscHeight = 480;
+constexpr int kPalHeight = HeightOf(VideoSystem::Pal);
+constexpr int kNtscHeight = HeightOf(VideoSystem::Ntsc);
 
 // How far a bitmap can reach below its frame: its height has 10 rows more than the place left for it, and is even.
 constexpr int kOverhang = 11;
@@ -79,7 +80,7 @@ class ListedBitmaps final : public SubtitleSource {
  public:
   explicit ListedBitmaps(SubtitleList list) : list_(std::move(list)) {}
 
-  SubtitleFrame Frame() const override { return list_.frame; }
+  Size Frame() const override { return list_.frame; }
   std::size_t Count() const override { return list_.cues.size(); }
   std::int64_t ShowTime(std::size_t index) const override { return list_.cues[index].times.show; }
 
@@ -90,8 +91,8 @@ class ListedBitmaps final : public SubtitleSource {
     if (!picture) return tl::unexpected(picture.error());
     const bool listed_lower = picture->height == 100 && cue.height == 98;
     if (picture->width != cue.width || (picture->height != cue.height && !listed_lower)) {
-      return Failure(ErrorKind::Damaged, path + ": is " + Size(picture->width, picture->height) + ", but " +
-                                             list_.path + " lists it with " + Size(cue.width, cue.height));
+      return Failure(ErrorKind::Damaged, path + ": is " + SizeText(picture->width, picture->height) + ", but " +
+                                             list_.path + " lists it with " + SizeText(cue.width, cue.height));
     }
     PlacedPicture placed{std::move(*picture), cue.x, cue.y};
     LeaveOutClearRows(placed, cue.height);
@@ -101,7 +102,7 @@ class ListedBitmaps final : public SubtitleSource {
   }
 
  private:
-  static std::string Size(int width, int height) { return std::to_string(width) + " x " + std::to_string(height); }
+  static std::string SizeText(int width, int height) { return std::to_string(width) + " x " + std::to_string(height); }
 
   Result<SubtitlePicture> ReadPicture(const std::string& path) const {
     auto bmp = ReadBmp(path);

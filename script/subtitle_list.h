@@ -58,7 +58,7 @@ struct ListedCue {
 
 struct SubtitleList {
   std::string path;
-  SubtitleFrame frame;
+  Size frame;
   std::array<bool, 4> shown{false, true, true, true};  // entries of the bitmaps' colour tables
   std::vector<ListedCue> cues;                         // by their start times
   Findings findings;                                   // what had to be changed of it

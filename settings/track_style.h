@@ -5,29 +5,18 @@
 // settings/settings_values.h gives them.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "platform/prompts.h"
+#include "base/color.h"
+#include "base/font.h"
 #include "settings/placement.h"
 
 namespace captoria {
 
-using Font = FontChoice;  // a font that was chosen and a font that is kept are one thing
-
 // What settings files say of a cue list whose font nobody has chosen.
 inline constexpr std::string_view kDefaultListFontName = "MS Sans Serif";
 inline constexpr double kDefaultListFontSize = 8;  // points
-
-// An entry of a track's palette.
-struct Color {
-  std::uint8_t red = 0;
-  std::uint8_t green = 0;
-  std::uint8_t blue = 0;
-
-  bool operator==(const Color&) const = default;
-};
 
 constexpr int kHorPosMin = -200;
 constexpr int kHorPosMax = 200;

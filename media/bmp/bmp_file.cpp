@@ -106,7 +106,7 @@ Result<BmpFile> ParseBmp(ByteView bytes, const std::string& name) {
   bmp.height = static_cast<int>(headers->Rows());
   in.Skip(headers->header_size - kInfoHeader);
   bmp.colors.resize(headers->colors_used == 0 ? std::size_t{1} << headers->bits : headers->colors_used);
-  for (RgbColor& color : bmp.colors) {
+  for (Color& color : bmp.colors) {
     const std::uint8_t blue = in.U8(), green = in.U8(), red = in.U8();
     color = {red, green, blue};
     in.Skip(1);

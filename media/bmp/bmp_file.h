@@ -9,15 +9,15 @@
 #include <vector>
 
 #include "base/bytes.h"
+#include "base/color.h"
 #include "base/result.h"
-#include "media/xsub/subtitle_picture.h"
 
 namespace captoria {
 
 struct BmpFile {
   int width = 0;  // 1 to 16384, as is the height
   int height = 0;
-  std::vector<RgbColor> colors;      // 1 to 256 entries
+  std::vector<Color> colors;         // 1 to 256 entries
   std::vector<std::uint8_t> pixels;  // entry numbers below colors.size(), rows from the top
 };
 

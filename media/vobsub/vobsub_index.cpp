@@ -58,16 +58,16 @@ class LineReader {
     return negative ? -time : time;
   }
 
-  std::optional<RgbColor> TakeColor() {
+  std::optional<Color> TakeColor() {
     const auto value = Take<std::uint32_t>(16);
     if (!value) return std::nullopt;
-    return RgbColor{static_cast<std::uint8_t>(*value >> 16), static_cast<std::uint8_t>(*value >> 8),
-                    static_cast<std::uint8_t>(*value)};
+    return Color{static_cast<std::uint8_t>(*value >> 16), static_cast<std::uint8_t>(*value >> 8),
+                 static_cast<std::uint8_t>(*value)};
   }
 
   // How many of `colors` the line had.
   template <std::size_t Size>
-  std::size_t TakeColors(std::array<RgbColor, Size>& colors) {
+  std::size_t TakeColors(std::array<Color, Size>& colors) {
     std::size_t count = 0;
     while (count < Size) {
       const auto color = TakeColor();
@@ -119,7 +119,7 @@ class IndexParser {
     if (key == "size") return Size(value);
     if (key == "org") return Origin(value);
     if (key == "palette") {
-      std::array<RgbColor, 16> palette{};
+      std::array<Color, 16> palette{};
       if (value.TakeColors(palette) > 0) index_.palette = palette;
     } else if (key == "custom colors") {
       CustomColors(value);

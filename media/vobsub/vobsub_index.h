@@ -20,9 +20,10 @@
 #include <string_view>
 #include <vector>
 
+#include "base/color.h"
+#include "base/geometry.h"
 #include "base/result.h"
-#include "media/xsub/subtitle_picture.h"
-#include "media/xsub/subtitle_source.h"
+#include "base/video_system.h"
 
 namespace captoria {
 
@@ -40,7 +41,7 @@ struct VobSubLanguage {
 
 // Colours that stand in for those the pictures name.
 struct VobSubCustomColors {
-  std::array<RgbColor, 4> colors{};
+  std::array<Color, 4> colors{};
   std::array<bool, 4> transparent{};
 };
 
@@ -50,10 +51,11 @@ struct VobSubIndex {
   static constexpr std::size_t kMostCues = 20'000;  // of one language
   static constexpr std::size_t kMostLanguages = 32;
 
-  SubtitleFrame frame;  // 720x576 where the file has no usable size
-  int left_shift = 0;   // `org`: what is added to the places of all pictures
+  // PAL's where the file has no usable size.
+  Size frame{.width = 720, .height = HeightOf(VideoSystem::Pal)};
+  int left_shift = 0;  // `org`: what is added to the places of all pictures
   int top_shift = 0;
-  std::optional<std::array<RgbColor, 16>> palette;  // entries that the line lacks are black
+  std::optional<std::array<Color, 16>> palette;     // entries that the line lacks are black
   std::optional<VobSubCustomColors> custom_colors;  // when they are switched on
   bool forced_only = false;                         // show only pictures that are marked as forced
   int language_in_use = 0;                          // `langidx`: the `index` of a language

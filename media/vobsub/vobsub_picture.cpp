@@ -13,15 +13,15 @@
 namespace captoria {
 namespace {
 
-constexpr std::array<RgbColor, 4> kUsualColors{RgbColor{0, 0, 0}, {255, 255, 255}, {0, 0, 0}, {128, 128, 128}};
+constexpr std::array<Color, 4> kUsualColors{Color{0, 0, 0}, {255, 255, 255}, {0, 0, 0}, {128, 128, 128}};
 
-int Difference(const RgbColor& a, const RgbColor& b) {
+int Difference(const Color& a, const Color& b) {
   const int red = a.red - b.red, green = a.green - b.green, blue = a.blue - b.blue;
   return red * red + green * green + blue * blue;
 }
 
 // The two colours most alike, the one that covers fewer pixels first.
-std::pair<std::size_t, std::size_t> MostAlike(const std::array<RgbColor, 4>& colors,
+std::pair<std::size_t, std::size_t> MostAlike(const std::array<Color, 4>& colors,
                                               const std::array<std::size_t, 4>& pixels) {
   std::pair<std::size_t, std::size_t> alike;
   int least = std::numeric_limits<int>::max();
@@ -55,7 +55,7 @@ FieldCodes DecodeFields(ByteView spu, const SpuDisplay& display, SubtitlePicture
 }
 
 // Whether a player can have the picture where it is and as large as it is.
-bool IsFitting(const PlacedPicture& placed, const SubtitleFrame& frame) {
+bool IsFitting(const PlacedPicture& placed, const Size& frame) {
   const auto fits = [](int begin, int length, int limit) {
     return begin >= 0 && begin + length <= limit && begin % 2 == 0 && length % 2 == 0;
   };

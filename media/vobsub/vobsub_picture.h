@@ -18,7 +18,7 @@ namespace captoria {
 // How the entries of a picture look: its own colours, or the custom ones of the index. Without a palette the pattern
 // is white, the first emphasis black and the second grey, which is how most discs use them.
 struct SpuColors {
-  std::array<RgbColor, 4> colors{};
+  std::array<Color, 4> colors{};
   std::array<bool, 4> visible{};
 };
 

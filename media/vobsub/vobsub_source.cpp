@@ -59,7 +59,7 @@ class VobSubSource final : public SubtitleSource {
   Result<void> Schedule(const std::vector<VobSubCue>& cues);
 
   std::size_t LeftOut() const { return left_out_; }
-  SubtitleFrame Frame() const override { return index_.frame; }
+  Size Frame() const override { return index_.frame; }
   std::size_t Count() const override { return spus_.size(); }
   std::int64_t ShowTime(std::size_t index) const override { return spus_.at(index).times.show; }
 

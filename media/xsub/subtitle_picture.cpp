@@ -65,7 +65,7 @@ bool SubtitlePicture::IsClearRow(int y) const {
   return std::ranges::all_of(Row(y), [](std::uint8_t pixel) { return pixel == 0; });
 }
 
-PlacedPicture FitToFrame(const PlacedPicture& placed, const SubtitleFrame& frame) {
+PlacedPicture FitToFrame(const PlacedPicture& placed, const Size& frame) {
   const SubtitlePicture& from = placed.picture;
   const Box visible = VisibleBox(from);
   const Fit columns = FitAxis({placed.left, placed.left + from.width}, Moved(visible.columns, placed.left),

@@ -10,17 +10,10 @@
 #include <span>
 #include <vector>
 
-#include "media/xsub/subtitle_source.h"
+#include "base/color.h"
+#include "base/geometry.h"
 
 namespace captoria {
-
-struct RgbColor {
-  std::uint8_t red = 0;
-  std::uint8_t green = 0;
-  std::uint8_t blue = 0;
-
-  bool operator==(const RgbColor&) const = default;
-};
 
 struct SubtitlePicture {
   SubtitlePicture() = default;
@@ -40,7 +33,7 @@ struct SubtitlePicture {
   int width = 0;
   int height = 0;
   std::vector<std::uint8_t> pixels;  // colour numbers 0 to 3, rows from the top
-  std::array<RgbColor, 4> colors{};  // that of number 0 is never seen
+  std::array<Color, 4> colors{};     // that of number 0 is never seen
 };
 
 // A picture with its top left corner on the frame.
@@ -58,6 +51,6 @@ struct PlacedPicture {
 // part larger than the frame keeps its top left corner and loses what no player could show.
 //
 // The picture has at least one pixel, the frame at least two columns and rows; an odd last one is not used.
-PlacedPicture FitToFrame(const PlacedPicture& placed, const SubtitleFrame& frame);
+PlacedPicture FitToFrame(const PlacedPicture& placed, const Size& frame);
 
 }  // namespace captoria

@@ -8,23 +8,17 @@
 #include <cstdint>
 
 #include "base/bytes.h"
+#include "base/geometry.h"
 #include "base/result.h"
 
 namespace captoria {
-
-// The frame that cues were placed on, in pixels; it need not be the video's.
-struct SubtitleFrame {
-  int width = 720;
-  int height = 576;
-
-  bool operator==(const SubtitleFrame&) const = default;
-};
 
 class SubtitleSource {
  public:
   virtual ~SubtitleSource() = default;
 
-  virtual SubtitleFrame Frame() const = 0;
+  // The size of the frame that the cues were placed on; the video's may differ.
+  virtual Size Frame() const = 0;
 
   // The packets stand in the order of their start times.
   virtual std::size_t Count() const = 0;

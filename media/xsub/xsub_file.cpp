@@ -28,10 +28,10 @@ struct IndexEntry {
 
 class XsubFileSource final : public SubtitleSource {
  public:
-  XsubFileSource(InputFile file, SubtitleFrame frame, std::vector<IndexEntry> index)
+  XsubFileSource(InputFile file, Size frame, std::vector<IndexEntry> index)
       : file_(std::move(file)), frame_(frame), index_(std::move(index)) {}
 
-  SubtitleFrame Frame() const override { return frame_; }
+  Size Frame() const override { return frame_; }
   std::size_t Count() const override { return index_.size(); }
   std::int64_t ShowTime(std::size_t index) const override { return index_[index].show; }
 
@@ -49,12 +49,12 @@ class XsubFileSource final : public SubtitleSource {
 
  private:
   InputFile file_;
-  SubtitleFrame frame_;
+  Size frame_;
   std::vector<IndexEntry> index_;
 };
 
 struct Header {
-  SubtitleFrame frame;
+  Size frame;
   std::uint32_t count = 0;
 };
 
@@ -112,7 +112,7 @@ Result<void> AppendPacket(OutputFile& out, const SubtitleSource& source, std::si
 Result<void> WriteXsubFile(const std::string& path, const SubtitleSource& source, JobProgress& progress) {
   auto out = OutputFile::Create(path);
   if (!out) return tl::unexpected(out.error());
-  const SubtitleFrame frame = source.Frame();
+  const Size frame = source.Frame();
   ByteWriter header;
   header.Text(kMagic).U8(kVersion).U16(static_cast<std::uint16_t>(frame.width));
   header.U16(static_cast<std::uint16_t>(frame.height)).U32(static_cast<std::uint32_t>(source.Count()));

@@ -76,7 +76,7 @@ std::optional<XsubTimes> ReadXsubTimes(ByteView packet) {
   return XsubTimes{*show, *hide};
 }
 
-Result<Bytes> EncodeXsub(const XsubCue& cue, const SubtitleFrame& frame) {
+Result<Bytes> EncodeXsub(const XsubCue& cue, const Size& frame) {
   if (auto fine = CheckTimes(cue.times); !fine) return tl::unexpected(fine.error());
   const PlacedPicture placed = FitToFrame(cue.picture, frame);
   const SubtitlePicture& picture = placed.picture;
@@ -94,7 +94,7 @@ Result<Bytes> EncodeXsub(const XsubCue& cue, const SubtitleFrame& frame) {
   out.U16(Word(placed.left)).U16(Word(placed.top));
   out.U16(Word(placed.left + picture.width - 1)).U16(Word(placed.top + picture.height - 1));
   out.U16(static_cast<std::uint16_t>(even_size));
-  for (const RgbColor& color : picture.colors) out.U8(color.red).U8(color.green).U8(color.blue);
+  for (const Color& color : picture.colors) out.U8(color.red).U8(color.green).U8(color.blue);
   out.Append(code);
   return out.Take();
 }
@@ -116,7 +116,7 @@ Result<XsubCue> DecodeXsub(ByteView packet, XsubForm form) {
     return Failure(ErrorKind::TooLarge, "holds a picture beyond any frame");
   }
 
-  std::array<RgbColor, 4> colors;
+  std::array<Color, 4> colors;
   for (std::size_t i = 0; i < colors.size(); ++i) colors[i] = {table[3 * i], table[3 * i + 1], table[3 * i + 2]};
   XsubCue cue{*times, {SubtitlePicture(width, height), left, top}};
   SubtitlePicture& picture = cue.picture.picture;

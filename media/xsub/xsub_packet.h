@@ -56,7 +56,7 @@ std::optional<XsubTimes> ReadXsubTimes(ByteView packet);
 // The packet of `cue` in the DXSB form, its picture fitted to the frame (see FitToFrame). Unsupported when the cue does
 // not end after it starts or ends beyond kLatestXsubTime; TooLarge for a picture so noisy that the length of a field's
 // code does not fit its 16 bits. Both messages complete the name of the cue.
-Result<Bytes> EncodeXsub(const XsubCue& cue, const SubtitleFrame& frame);
+Result<Bytes> EncodeXsub(const XsubCue& cue, const Size& frame);
 
 enum class XsubForm { Dxsb, Dxsa };
 

@@ -23,7 +23,7 @@ Bytes HeaderBytes(const AviStreamHeader& header) {
 }
 
 // A BITMAPINFOHEADER. Its size is the rectangle that the packets' coordinates refer to.
-Bytes Format(SubtitleFrame frame) {
+Bytes Format(Size frame) {
   const auto width = static_cast<std::uint32_t>(frame.width), height = static_cast<std::uint32_t>(frame.height);
   ByteWriter out;
   out.U32(40).U32(width).U32(height).U16(1).U16(4).Text("DXSB").U32((width * height + 1) / 2).Zeros(16);
@@ -32,7 +32,7 @@ Bytes Format(SubtitleFrame frame) {
 
 }  // namespace
 
-AviStream XsubStream(SubtitleFrame frame, std::size_t count, const std::string& name, PlayerProfile profile) {
+AviStream XsubStream(Size frame, std::size_t count, const std::string& name, PlayerProfile profile) {
   const bool hardware = profile == PlayerProfile::Hardware;
   AviStream stream;
   stream.header = {.type = "vids",

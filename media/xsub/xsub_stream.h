@@ -13,7 +13,7 @@
 namespace captoria {
 
 // For a stream of `count` packets that were placed on `frame`. Its buffer size is left open.
-AviStream XsubStream(SubtitleFrame frame, std::size_t count, const std::string& name, PlayerProfile profile);
+AviStream XsubStream(Size frame, std::size_t count, const std::string& name, PlayerProfile profile);
 
 // Whether an index marks its chunks as key frames.
 bool XsubChunksAreKeys(PlayerProfile profile);

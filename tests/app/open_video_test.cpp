@@ -39,7 +39,7 @@ TEST_F(OpenVideoTest, LoadsTheSubtitlesOfItsNameInOrder) {
   ASSERT_TRUE(Open(film));
   EXPECT_THAT(Tracks(), ElementsAre("movie 2.SRT", "Movie.en.srt", "movie.srt"));
   EXPECT_EQ(session_.tracks.CurrentIndex(), 2);
-  EXPECT_EQ(session_.video.format.VideoSystem, "PAL");
+  EXPECT_EQ(session_.video.VideoSystem, VideoSystem::Pal);
   EXPECT_EQ(session_.video.streams.size(), 2u);
 
   ASSERT_TRUE(session_.Override("LoadSrtAutoFolder", "-1"));

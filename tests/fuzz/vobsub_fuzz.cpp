@@ -42,7 +42,7 @@ class PairFolder {
 };
 
 // Gives when the packet's picture goes.
-std::int64_t CheckPacket(const Bytes& packet, std::int64_t show, const SubtitleFrame& frame) {
+std::int64_t CheckPacket(const Bytes& packet, std::int64_t show, const Size& frame) {
   const auto cue = DecodeXsub(packet);
   Require(cue.has_value());
   Require(cue->times.show == show && cue->times.hide > show);

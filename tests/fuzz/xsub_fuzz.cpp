@@ -20,7 +20,7 @@ void CheckPacket(ByteView bytes) {
     const auto cue = DecodeXsub(bytes, form);
     if (!cue) continue;
     const auto& [picture, left, top] = cue->picture;
-    const SubtitleFrame frame{left + picture.width + 2, top + picture.height + 2};
+    const Size frame{left + picture.width + 2, top + picture.height + 2};
     if (frame.width > kLongestXsubSide || frame.height > kLongestXsubSide) continue;
     const auto again = EncodeXsub(*cue, frame);
     if (!again) continue;

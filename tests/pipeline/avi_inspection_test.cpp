@@ -24,9 +24,9 @@ struct Rate {
 class VideoSystems : public testing::TestWithParam<Rate> {};
 
 TEST_P(VideoSystems, FollowTheRoundedRate) {
-  const captoria::VideoFormat format = FormatOfRate(GetParam().rate, GetParam().scale);
-  EXPECT_EQ(format.VideoSystem, GetParam().system);
-  EXPECT_EQ(format.VideoHeight, GetParam().height);
+  const VideoSystem system = SystemOfRate(GetParam().rate, GetParam().scale);
+  EXPECT_EQ(NameOf(system), GetParam().system);
+  EXPECT_EQ(HeightOf(system), GetParam().height);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rates, VideoSystems,

@@ -33,8 +33,8 @@ TEST(BitmapJob, ListsEachBitmapWithItsOwnSizeAndTheCuesPlace) {
   const std::vector<SubtitleTrack> tracks{Track("a.srt", {Cue("One"), Cue("One\r\nTwo", "|100r")}),
                                           Track("b.idx", {Cue("")}), Track("", {}), Track("d.srt", {})};
   const BitmapJob job{.tracks = tracks,
-                      .bitmap = {.width = 720, .back_color = 16711680},
-                      .system = "PAL",
+                      .bitmap = {.width = 720, .back_color = {0, 0, 255}},
+                      .system = VideoSystem::Pal,
                       .folder = folder.Path(),
                       .threads = 2};
   NoProgress progress;
@@ -65,7 +65,7 @@ TEST(BitmapJob, CountsTheCuesOfAllTracksAndStopsWhenAsked) {
   const TestFolder folder;
   const std::vector<SubtitleCue> cues(40, Cue("Text"));
   const std::vector<SubtitleTrack> tracks{Track("a.srt", cues), Track("b.srt", cues)};
-  const BitmapJob job{.tracks = tracks, .bitmap{}, .system = "PAL", .folder = folder.Path()};
+  const BitmapJob job{.tracks = tracks, .bitmap{}, .system = VideoSystem::Pal, .folder = folder.Path()};
   struct Last final : JobProgress {
     bool Report(std::size_t done, std::size_t total) override {
       last = {done, total};

@@ -15,7 +15,7 @@ struct Place {
   const char* tag;
   int lines;
   int width;
-  FramePlace expected;
+  Point expected;
 };
 
 class FramePlaces : public testing::TestWithParam<Place> {};
@@ -24,7 +24,7 @@ TEST_P(FramePlaces, KeepTheBitmapOnTheFrame) {
   TrackStyle style;
   style.HorPos = GetParam().hor_pos;
   style.VertPos = GetParam().vert_pos;
-  const FramePlace place = PlaceOnFrame({720, 576}, style, GetParam().tag, GetParam().lines, 26, GetParam().width);
+  const Point place = PlaceOnFrame({720, 576}, style, GetParam().tag, GetParam().lines, 26, GetParam().width);
   EXPECT_EQ(place.x, GetParam().expected.x);
   EXPECT_EQ(place.y, GetParam().expected.y);
 }

@@ -21,7 +21,7 @@ std::vector<SubtitleCue> ManyCues() {
 }
 
 CueBatch BatchInto(const TestFolder& folder, const std::vector<SubtitleCue>& cues) {
-  return {cues, DefaultTrackStyle(), {720, 0xFF0000}, [&folder](std::size_t i) {
+  return {cues, DefaultTrackStyle(), {720, {0, 0, 255}}, [&folder](std::size_t i) {
             return folder.File(BitmapFileName(0, i + 1));
           }};
 }

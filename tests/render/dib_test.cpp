@@ -41,7 +41,7 @@ TEST(Dib, SavesRowsFromTheBottomWithTheLeftPixelInTheHighNibble) {
   const TestFolder folder;
   cDIB dib;
   ASSERT_TRUE(dib.Create(3, 2));
-  dib.SetColorInPalette16(0x0000FF, 1);  // red
+  dib.SetColorInPalette16({255, 0, 0}, 1);
   dib.Row(0)[0] = 1;
   dib.Row(1)[2] = 2;
   ASSERT_TRUE(dib.Save(folder.File("a.bmp")));
@@ -64,14 +64,14 @@ TEST(Dib, RefusesWhatIsNoBitmap) {
 TEST(Dib, DrawsInTheNearestOfTheFirstFourColours) {
   cDIB dib;
   dib.Create(1, 1);
-  dib.SetColorInPalette16(0xFF0000, 0);
-  dib.SetColorInPalette16(0xFFFFFF, 1);
-  dib.SetColorInPalette16(0x000000, 2);
-  dib.SetColorInPalette16(0x0000FF, 3);
-  dib.SetColorInPalette16(0x464646, 4);
-  EXPECT_EQ(dib.NearestEntry(0xF0F0F0), 1);
-  EXPECT_EQ(dib.NearestEntry(0x1000F0), 3);
-  EXPECT_EQ(dib.NearestEntry(0x464646), 2) << "the greys are not meant to be used";
+  dib.SetColorInPalette16({0, 0, 255}, 0);
+  dib.SetColorInPalette16({255, 255, 255}, 1);
+  dib.SetColorInPalette16({0, 0, 0}, 2);
+  dib.SetColorInPalette16({255, 0, 0}, 3);
+  dib.SetColorInPalette16({70, 70, 70}, 4);
+  EXPECT_EQ(dib.NearestEntry({240, 240, 240}), 1);
+  EXPECT_EQ(dib.NearestEntry({240, 0, 16}), 3);
+  EXPECT_EQ(dib.NearestEntry({70, 70, 70}), 2) << "the greys are not meant to be used";
 }
 
 TEST(Coverage, SpreadIsTheUnionOfAllMoves) {
@@ -85,7 +85,7 @@ TEST(Coverage, SpreadIsTheUnionOfAllMoves) {
     cDIB spread, moved;
     spread.Create(30, 30);
     moved.Create(30, 30);
-    for (cDIB* dib : {&spread, &moved}) dib->SetColorInPalette16(0xFFFFFF, 1);
+    for (cDIB* dib : {&spread, &moved}) dib->SetColorInPalette16({255, 255, 255}, 1);
     coverage.Spread(width).Clipped(everything, 8, 5).Paint(spread, 1);
     for (int dx = -width; dx <= width; ++dx) {
       for (int dy = -width; dy <= width; ++dy) coverage.Clipped(everything, 8 + dx, 5 + dy).Paint(moved, 1);
@@ -105,13 +105,9 @@ TEST(Coverage, BitsLandWhereTheyAreToldAndAreCutAtTheArea) {
   EXPECT_THAT(dib.Row(1), ElementsAre(0, 0, 0, 0));
 }
 
-TEST(Colors, AreTakenApartAndTranslated) {
-  EXPECT_EQ(SplitColour(16711680), (Color{0, 0, 255}));
-  EXPECT_EQ(SplitColour(0x7F123456), (Color{0x56, 0x34, 0x12}));
-  EXPECT_EQ(TranslateColor(0x123456), 0x123456);
-  EXPECT_EQ(TranslateColor(static_cast<ColorValue>(0x80000005)), 0xFFFFFF) << "the window's background";
-  EXPECT_EQ(TranslateColor(static_cast<ColorValue>(0x80000100)), -1);
-  EXPECT_EQ(TranslateColor(0x02000000), -1);
+TEST(Colors, HaveRedInTheLowByteOfTheirNumber) {
+  EXPECT_EQ(ColorNumber({0x56, 0x34, 0x12}), 0x123456);
+  EXPECT_EQ(SplitColour(0x7F123456), (Color{0x56, 0x34, 0x12})) << "the highest byte is ignored";
 }
 
 }  // namespace

@@ -21,14 +21,14 @@ struct Place {
   int hor_pos;
   int value;
   int maximum;
-  FramePoint expected;
+  Point expected;
 };
 
 class PreviewPlaces : public testing::TestWithParam<Place> {};
 
 TEST_P(PreviewPlaces, FollowTheSliders) {
   const Place& row = GetParam();
-  EXPECT_EQ(PlaceOnPreview(720, 576, row.bitmap_width, row.bitmap_height, row.hor_pos, row.value, row.maximum),
+  EXPECT_EQ(PlaceOnPreview({720, 576}, {row.bitmap_width, row.bitmap_height}, row.hor_pos, row.value, row.maximum),
             row.expected);
 }
 
@@ -52,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(Bitmaps, PreviewPlaces,
                                          Place{"OffsetBeyondAllMeasure", 400, 76, kMost, 0, 500, {320, 500}}),
                          [](const auto& row) { return std::string{row.param.name}; });
 
-constexpr ColorValue kBack = 0x010203, kText = 0xFF0000, kOutline = 0x00FF00;
+constexpr Color kBack{3, 2, 1}, kText{0, 0, 255}, kOutline{0, 255, 0};
 
 cDIB Drawing(const std::vector<std::string>& rows) {
   cDIB dib;
@@ -87,7 +87,7 @@ std::vector<std::string> Seen(const VideoFrame& frame) {
 
 struct Laid {
   const char* name;
-  FramePoint at;
+  Point at;
   std::vector<std::string> expected;
 };
 

@@ -47,9 +47,9 @@ class RecordingSurface : public TextSurface {
     drawn.push_back(std::to_string(width) + "*" + Place(text, rect));
   }
 
-  ColorValue TextColor() const override { return color_; }
-  void SetTextColor(ColorValue color) override { color_ = color; }
-  void SetColorInPalette16(ColorValue color, int index) override {
+  Color TextColor() const override { return color_; }
+  void SetTextColor(const Color& color) override { color_ = color; }
+  void SetColorInPalette16(const Color& color, int index) override {
     palette.push_back(std::to_string(index) + "=" + Hex(color));
   }
 
@@ -62,14 +62,13 @@ class RecordingSurface : public TextSurface {
     return Styled(text) + "@" + std::to_string(rect.left) + "," + std::to_string(rect.top) + " " + Hex(color_);
   }
 
-  static std::string Hex(ColorValue color) {
-    const Color parts = SplitColour(color);
+  static std::string Hex(const Color& color) {
     char text[7];
-    std::snprintf(text, sizeof text, "%02X%02X%02X", parts.red, parts.green, parts.blue);
+    std::snprintf(text, sizeof text, "%02X%02X%02X", color.red, color.green, color.blue);
     return text;
   }
 
-  ColorValue color_ = 0xFFFFFF;
+  Color color_{255, 255, 255};
 };
 
 }  // namespace captoria

@@ -30,7 +30,7 @@ SubtitleTrack TrackWith(const std::vector<std::string>& texts) {
 class SafeArea : public testing::Test {
  protected:
   SafeAreaCheck Check(SubtitleTrack& track, int frame_width = 720) {
-    SubtitleBitmap bitmap(FontCollection::Open().value(), {frame_width, 0});
+    SubtitleBitmap bitmap(FontCollection::Open().value(), {frame_width, {}});
     return ReCheckSrt(track, bitmap);
   }
 };
@@ -95,7 +95,7 @@ TEST_F(SafeArea, WhatSurelyFitsDoesFit) {
                                         "\r\n",  "Ёж ",  "Ωμ ",   "é",    "fi "};
   for (const char* font : {"Liberation Sans", "Liberation Serif", "DejaVu Sans"}) {
     std::mt19937 random(3);
-    SubtitleBitmap bitmap(FontCollection::Open().value(), {720, 0});
+    SubtitleBitmap bitmap(FontCollection::Open().value(), {720, {}});
     TrackStyle style = DefaultTrackStyle();
     style.font.name = font;
     bitmap.SetDibProp(style, 2);

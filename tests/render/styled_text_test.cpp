@@ -21,8 +21,7 @@ using Texts = std::vector<std::string>;
 constexpr auto RowName = [](const auto& row) { return std::string{row.param.name}; };
 
 constexpr Rect kArea{0, 0, 1000, 203};
-constexpr ColorValue kShadow = 0x000011;   // red 17
-constexpr ColorValue kOutline = 0x002200;  // green 34
+constexpr Color kShadow{17, 0, 0}, kOutline{0, 34, 0}, kWhite{255, 255, 255};
 
 Font TestFont(std::string_view style = "") {
   return {.name = "Sans",
@@ -65,7 +64,7 @@ TEST_P(DrawnRuns, HaveTheStyleAndColorOfTheirTags) {
     fills.push_back(fill.substr(0, fill.rfind('@')) + (color == " FFFFFF" ? "" : color));
   }
   EXPECT_EQ(fills, GetParam().fills);
-  EXPECT_EQ(surface.TextColor(), 0xFFFFFF) << "the colour is put back";
+  EXPECT_EQ(surface.TextColor(), kWhite) << "the colour is put back";
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -125,7 +124,7 @@ class SizedRuns : public testing::TestWithParam<SizedRow> {};
 TEST_P(SizedRuns, FollowTheSizingRules) {
   RecordingSurface surface;
   surface.SelectFont(TestFont(GetParam().own_style));
-  const TextSize size = MeasureStyledText(surface, GetParam().text, kArea, TestFont(GetParam().own_style), false);
+  const Size size = MeasureStyledText(surface, GetParam().text, kArea, TestFont(GetParam().own_style), false);
   EXPECT_EQ(surface.measured, GetParam().runs);
   EXPECT_EQ(size.width, GetParam().width);
   EXPECT_EQ(size.height, GetParam().height);
@@ -331,7 +330,7 @@ class ForgetfulSurface : public RecordingSurface {
   Rect Measure(std::string_view, const Rect& rect, TextFlags) override { return rect; }
   void Draw(std::string_view, const Rect&, TextFlags) override {}
   void DrawSpread(std::string_view, const Rect&, int, TextFlags) override {}
-  void SetColorInPalette16(ColorValue, int) override {}
+  void SetColorInPalette16(const Color&, int) override {}
 };
 
 struct LongRow {

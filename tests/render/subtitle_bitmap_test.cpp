@@ -22,7 +22,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Key;
 
-constexpr ColorValue kBlue = 16711680;
+constexpr Color kBlue{0, 0, 255}, kWhite{255, 255, 255}, kGrey{70, 70, 70};
 const std::string kGolden = CAPTORIA_TEST_DATA "/bitmaps/";
 
 std::shared_ptr<FontCollection> Fonts() {
@@ -94,9 +94,9 @@ class PlainSurface final : public TextSurface {
     return surface_.Measure(text, rect, flags);
   }
   void Draw(std::string_view text, const Rect& rect, TextFlags flags) override { surface_.Draw(text, rect, flags); }
-  ColorValue TextColor() const override { return surface_.TextColor(); }
-  void SetTextColor(ColorValue color) override { surface_.SetTextColor(color); }
-  void SetColorInPalette16(ColorValue color, int index) override { surface_.SetColorInPalette16(color, index); }
+  Color TextColor() const override { return surface_.TextColor(); }
+  void SetTextColor(const Color& color) override { surface_.SetTextColor(color); }
+  void SetColorInPalette16(const Color& color, int index) override { surface_.SetColorInPalette16(color, index); }
 
  private:
   FontSurface& surface_;
@@ -105,25 +105,25 @@ class PlainSurface final : public TextSurface {
 TEST(FontSurface, SpreadingAMaskDrawsWhatSingleDrawsWould) {
   const DrawingStyle style{.font = Style().font,
                            .outline_width = 3,
-                           .outline_color = 0,
+                           .outline_color{},
                            .alignment = Alignment::Center,
                            .right_to_left = false,
                            .shadow_bevel = -2,
-                           .shadow_color = 0x464646};
+                           .shadow_color = kGrey};
   // Beside the ordinary place: cut off by the rectangle, and by each edge of the bitmap.
   for (const Rect& rect : {Rect{5, 0, 200, 60}, Rect{5, 0, 60, 40}, Rect{-40, -30, 90, 25}, Rect{150, 40, 500, 75}}) {
     cDIB spread, plain;
     for (cDIB* dib : {&spread, &plain}) {
       dib->Create(220, 64);
       dib->SetColorInPalette16(kBlue, 0);
-      dib->SetColorInPalette16(0xFFFFFF, 1);
-      dib->SetColorInPalette16(0x464646, 3);
+      dib->SetColorInPalette16(kWhite, 1);
+      dib->SetColorInPalette16(kGrey, 3);
     }
     FontSurface spread_surface(Fonts(), spread), plain_font_surface(Fonts(), plain);
     PlainSurface plain_surface(plain_font_surface);
     for (TextSurface* surface :
          {static_cast<TextSurface*>(&spread_surface), static_cast<TextSurface*>(&plain_surface)}) {
-      surface->SetTextColor(0xFFFFFF);
+      surface->SetTextColor(kWhite);
       DrawStyledText(*surface, "A <i>fjord</i>, a jetty", rect, style);
     }
     for (int y = 0; y < spread.Height(); ++y) ASSERT_TRUE(std::ranges::equal(spread.Row(y), plain.Row(y))) << y;

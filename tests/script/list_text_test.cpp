@@ -13,11 +13,11 @@ namespace {
 constexpr ListColors kColors{{{255, 128, 1}, {0, 0, 0}, {70, 70, 70}}};
 
 TEST(ListText, HeadersAreByteForByte) {
-  EXPECT_EQ(ListHeader(ListForm::Converter, kColors, "NTSC"),
+  EXPECT_EQ(ListHeader(ListForm::Converter, kColors, VideoSystem::Ntsc),
             "[HEADER]\r\nTITLE\r\nFRAMERATE NTSC\r\nDROPFRAME NO\r\nCONTRAST    (0 15 15 15)\r\n"
             "COLOR       (0 2 1 3)\r\n\r\n[PALETTE]\r\n0 (0, 0, 255)\r\n1 (255, 128, 1)\r\n2 (0, 0, 0)\r\n"
             "3 (70, 70, 70)\r\n\r\n[LIST]\r\n");
-  EXPECT_EQ(ListHeader(ListForm::Mux, kColors, "NTSC"),
+  EXPECT_EQ(ListHeader(ListForm::Mux, kColors, VideoSystem::Ntsc),
             "0 = (0, 0, 0)\r\n1 = (255, 128, 1)\r\n2 = (0, 0, 0)\r\n3 = (70, 70, 70)\r\n\r\nSUBPALETTE (0 1 2 3)\r\n");
 }
 

@@ -63,7 +63,7 @@ class SubtitleListTest : public testing::Test {
 TEST_F(SubtitleListTest, TheConvertersFormGivesTimesSizeAndPlace) {
   const auto list = Converter("bmp00001.bmp 00:00:01.000 00:00:03.500 412 062 154 469\r\n");
   ASSERT_TRUE(list) << list.error().message;
-  EXPECT_EQ(list->frame, (SubtitleFrame{720, 576}));
+  EXPECT_EQ(list->frame, (Size{720, 576}));
   ASSERT_EQ(list->cues.size(), 1U);
   const ListedCue& cue = list->cues[0];
   EXPECT_EQ(cue.file, "bmp00001.bmp");
@@ -73,7 +73,7 @@ TEST_F(SubtitleListTest, TheConvertersFormGivesTimesSizeAndPlace) {
 
   const auto ntsc = ReadConverterList(folder_.Put("b.txt", Replaced(kConverterHead, "PAL\r\n", "NTSC\n")));
   ASSERT_TRUE(ntsc) << ntsc.error().message;
-  EXPECT_EQ(ntsc->frame, (SubtitleFrame{720, 480}));
+  EXPECT_EQ(ntsc->frame, (Size{720, 480}));
   EXPECT_THAT(ntsc->cues, IsEmpty());
 }
 
@@ -96,7 +96,7 @@ TEST_F(SubtitleListTest, TheMuxersFrameIsTheLowestTheCuesAllow) {
     const auto list = Mux("00:00:01.000 00:00:03.500 a.bmp (000 " + top_bottom.substr(0, space) + " 099 " +
                           top_bottom.substr(space + 1) + ")\r\n");
     ASSERT_TRUE(list) << list.error().message;
-    EXPECT_EQ(list->frame, (SubtitleFrame{640, height})) << rows;
+    EXPECT_EQ(list->frame, (Size{640, height})) << rows;
     EXPECT_EQ(list->findings.empty(), top_bottom[0] != '0') << "a cue higher than its frame is told";
   }
 }
@@ -110,7 +110,7 @@ TEST_F(SubtitleListTest, PositionsMoveToTheNtscFrameInProportion) {
         "a.bmp 00:00:01.000 00:00:03.500 412 " + std::to_string(height) + " 154 " + std::to_string(y);
     const auto list = Converter(cue, ListFrame::Ntsc);
     ASSERT_TRUE(list) << list.error().message;
-    EXPECT_EQ(list->frame, (SubtitleFrame{720, 480}));
+    EXPECT_EQ(list->frame, (Size{720, 480}));
     EXPECT_EQ(list->cues.at(0).y, moved) << height << " at " << y;
   }
   const std::string ntsc = Replaced(kConverterHead, "PAL", "NTSC") + "a.bmp 00:00:01.000 00:00:03.500 412 062 154 373";
@@ -206,7 +206,7 @@ TEST_F(ListedBitmap, IsShownWithItsOwnColours) {
   for (int y = 0; y < 11; ++y) {
     for (int x = 0; x < 21; ++x) EXPECT_EQ(picture.Row(y + 1)[static_cast<std::size_t>(x + 1)], (x + y) % 4);
   }
-  EXPECT_THAT(picture.colors, ElementsAre(RgbColor{6, 4, 2}, RgbColor{3, 2, 1}, RgbColor{6, 4, 2}, RgbColor{9, 6, 3}));
+  EXPECT_THAT(picture.colors, ElementsAre(Color{6, 4, 2}, Color{3, 2, 1}, Color{6, 4, 2}, Color{9, 6, 3}));
 }
 
 TEST_F(ListedBitmap, LosesTwoOfAHundredRowsOnlyWhereNothingIsSeen) {
@@ -252,7 +252,7 @@ TEST_F(ListedBitmap, TheMuxersListGivesPacketsAndItsFindings) {
                                                                "00:00:01.000 00:00:03.500 b.bmp (000 540 019 549)\r\n"),
                   &findings);
   ASSERT_TRUE(source) << source.error().message;
-  EXPECT_EQ((*source)->Frame(), (SubtitleFrame{640, 576}));
+  EXPECT_EQ((*source)->Frame(), (Size{640, 576}));
   EXPECT_EQ((*source)->Count(), 2U);
   EXPECT_EQ((*source)->ShowTime(0), 1000);
   EXPECT_TRUE((*source)->Packet(0));

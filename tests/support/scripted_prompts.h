@@ -55,8 +55,8 @@ class ScriptedPrompts final : public Prompts {
   std::optional<std::uint32_t> AskColor(const std::string& title, std::uint32_t) override {
     return Answer<std::optional<std::uint32_t>>(title);
   }
-  std::optional<FontChoice> AskFont(const std::string& title, const FontChoice&) override {
-    return Answer<std::optional<FontChoice>>(title);
+  std::optional<Font> AskFont(const std::string& title, const Font&) override {
+    return Answer<std::optional<Font>>(title);
   }
 
  private:

@@ -62,13 +62,13 @@ TEST_F(BmpToXsub, WritesAPacketACueAndTellsWhatItChanged) {
   EXPECT_EQ(run.err,
             "bmptoxsub: warning [subtitle-changed] \"" + list_ + "\": 1 cue cut short where the next one starts\n");
   EXPECT_THAT(Tops(), ElementsAre(514, 574));
-  EXPECT_EQ((*OpenXsubFile(out_))->Frame(), (SubtitleFrame{720, 576}));
+  EXPECT_EQ((*OpenXsubFile(out_))->Frame(), (Size{720, 576}));
 }
 
 TEST_F(BmpToXsub, PalMode1MovesTheCuesToTheNtscFrame) {
   EXPECT_EQ(Convert({"PALMODE1"}).status, 0);
   EXPECT_THAT(Tops(), ElementsAre(428, 478));
-  EXPECT_EQ((*OpenXsubFile(out_))->Frame(), (SubtitleFrame{720, 480}));
+  EXPECT_EQ((*OpenXsubFile(out_))->Frame(), (Size{720, 480}));
 }
 
 TEST_F(BmpToXsub, FailsInOneLineAndLeavesTheOldFile) {

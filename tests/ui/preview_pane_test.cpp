@@ -102,7 +102,7 @@ TEST_F(PreviewPaneTest, TheCueOverTheFilmIsTheBitmapThatIsWritten) {
       const int u = x - left, v = y - top;
       if (u >= 0 && u < dib.Width() && v >= 0 && v < dib.Height()) {
         const Color color = dib.Palette()[dib.Row(v)[static_cast<std::size_t>(u)]];
-        if (ValueOf(color) != session_.settings.BackColor) expected = qRgb(color.red, color.green, color.blue);
+        if (ColorNumber(color) != session_.settings.BackColor) expected = qRgb(color.red, color.green, color.blue);
       }
       different += Video()->Image().pixel(x, y) != expected ? 1 : 0;
     }

@@ -107,10 +107,10 @@ TEST_F(StylePanelTest, AChosenColourIsShownAndACancelledOneIsNot) {
 }
 
 TEST_F(StylePanelTest, AChosenFontIsShownAndToldAsAFont) {
-  prompts_.Expect("Font", std::optional<FontChoice>());
+  prompts_.Expect("Font", std::optional<Font>());
   Action("font").trigger();
   EXPECT_EQ(font_changes_, 0);
-  prompts_.Expect("Font", std::optional(FontChoice{"DejaVu Sans", 12.5, true, true, 161}));
+  prompts_.Expect("Font", std::optional(Font{"DejaVu Sans", 12.5, true, true, 161}));
   Action("font").trigger();
   EXPECT_EQ(font_changes_, 1);
   EXPECT_EQ(style_changes_, 0);

@@ -70,7 +70,7 @@ void Form1::Build() {
   menu_ = new MainMenu(menuBar(), toolbar, style_->StyleActions(), this);
   system_ = new QComboBox(toolbar);
   system_->setObjectName("Combo3");
-  system_->addItems({"NTSC", "PAL"});
+  for (const VideoSystem system : {VideoSystem::Ntsc, VideoSystem::Pal}) system_->addItem(ToQt(NameOf(system)));
   system_->setToolTip("Video system for active avi file");
   system_->setAccessibleName(system_->toolTip());
   toolbar->addSeparator();
@@ -218,12 +218,12 @@ void Form1::ShowVideo() {
 }
 
 void Form1::ShowSystem() {
-  system_->setCurrentIndex(session_.video.format.VideoSystem == "PAL" ? 1 : 0);
+  system_->setCurrentIndex(session_.video.VideoSystem == VideoSystem::Pal ? 1 : 0);
   // Before there is a video or a subtitle, nothing is worth the time that finding all fonts takes.
   if (!session_.video.AviPath.empty()) {
     const auto bitmap = session_.Bitmap();
     const int subtitle = bitmap ? (*bitmap)->Dib().Height() : 0;
-    style_->SetVerticalMaximum(session_.video.format.VideoHeight - subtitle);
+    style_->SetVerticalMaximum(session_.video.VideoHeight() - subtitle);
   }
   ShowTracks();
 }

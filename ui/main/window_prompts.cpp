@@ -81,7 +81,7 @@ QColor ToQColor(std::uint32_t color) {
   return {static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF), static_cast<int>(color >> 16 & 0xFF)};
 }
 
-FontChoice FromQFont(const QFont& font, FontChoice choice) {
+Font FromQFont(const QFont& font, Font choice) {
   choice.name = FromQt(font.family());
   if (font.pointSize() != qRound(choice.size)) choice.size = font.pointSizeF();
   choice.bold = font.bold();
@@ -188,8 +188,8 @@ std::optional<std::uint32_t> WindowPrompts::AskColor(const std::string& title, s
   });
 }
 
-std::optional<FontChoice> WindowPrompts::AskFont(const std::string& title, const FontChoice& current) {
-  return Answered([&]() -> std::optional<FontChoice> {
+std::optional<Font> WindowPrompts::AskFont(const std::string& title, const Font& current) {
+  return Answered([&]() -> std::optional<Font> {
     bool accepted = false;
     const QFont font = QFontDialog::getFont(&accepted, ToQFont(current), Parent(), ToQt(title));
     if (!accepted) return std::nullopt;

@@ -37,7 +37,7 @@ class WindowPrompts final : public Prompts {
   std::optional<std::uint32_t> AskColor(const std::string& title, std::uint32_t current) override;
 
   // The character set stays, and so does a size that the dialog can show only rounded.
-  std::optional<FontChoice> AskFont(const std::string& title, const FontChoice& current) override;
+  std::optional<Font> AskFont(const std::string& title, const Font& current) override;
 
  private:
   QWidget* Parent() const;

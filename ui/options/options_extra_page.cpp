@@ -9,7 +9,6 @@
 #include <QVBoxLayout>
 #include <limits>
 
-#include "render/color.h"
 #include "ui/style/color_swatch.h"
 #include "ui/texts/captions.h"
 #include "ui/texts/qt_text.h"

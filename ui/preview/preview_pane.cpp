@@ -137,9 +137,9 @@ void PreviewPane::ReserveHeight(bool anew) {
 void PreviewPane::Compose() {
   if (clean_.pixels.empty()) return;
   VideoFrame shown = clean_;
-  const FramePoint at = PlaceOnPreview(shown.width, shown.height, bitmap_.Width(), bitmap_.Height(), hor_pos_,
-                                       vertical_, vertical_maximum_);
-  Overlay(shown, bitmap_, at, ValueOf(bitmap_.Palette()[0]));
+  const Point at = PlaceOnPreview({shown.width, shown.height}, {bitmap_.Width(), bitmap_.Height()}, hor_pos_, vertical_,
+                                  vertical_maximum_);
+  Overlay(shown, bitmap_, at, bitmap_.Palette()[0]);
   video_->SetImage(ToImage(std::move(shown)));
 }
 

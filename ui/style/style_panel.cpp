@@ -13,7 +13,6 @@
 #include <algorithm>
 
 #include "localisation/language_tables.h"
-#include "render/color.h"
 #include "ui/texts/captions.h"
 #include "ui/texts/qt_text.h"
 
@@ -237,9 +236,9 @@ void StylePanel::ChooseColor(int palette_entry) {
   const StyleColor& asked = kStyleColors.at(static_cast<std::size_t>(palette_entry - 1));
   Color& color = Style().*asked.color;
   const auto chosen =
-      session_.prompts.AskColor(TextOf(session_.language, asked.title), static_cast<std::uint32_t>(ValueOf(color)));
+      session_.prompts.AskColor(TextOf(session_.language, asked.title), static_cast<std::uint32_t>(ColorNumber(color)));
   if (!chosen) return;
-  color = SplitColour(static_cast<ColorValue>(*chosen));
+  color = SplitColour(static_cast<std::int32_t>(*chosen));
   LoadCorrectValues();
   emit StyleChanged();
 }

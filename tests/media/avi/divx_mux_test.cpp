@@ -60,7 +60,7 @@ class Boxes final : public SubtitleSource {
  public:
   explicit Boxes(std::vector<std::int64_t> starts) : starts_(std::move(starts)) {}
 
-  SubtitleFrame Frame() const override { return {720, 576}; }
+  Size Frame() const override { return {720, 576}; }
   std::size_t Count() const override { return starts_.size(); }
   std::int64_t ShowTime(std::size_t index) const override { return starts_[index]; }
   Result<Bytes> Packet(std::size_t index) const override {

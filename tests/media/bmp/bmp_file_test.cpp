@@ -59,7 +59,7 @@ TEST(BmpFile, PixelsAreReadFromTheTopWhateverTheirSizeAndOrder) {
     ASSERT_TRUE(bmp) << layout.name << ": " << bmp.error().message;
     EXPECT_EQ(std::vector<int>(bmp->pixels.begin(), bmp->pixels.end()), layout.pixels) << layout.name;
     EXPECT_EQ(bmp->colors.size(), layout.fields.colors) << layout.name;
-    EXPECT_EQ(bmp->colors[1], (RgbColor{201, 101, 1})) << layout.name;
+    EXPECT_EQ(bmp->colors[1], (Color{201, 101, 1})) << layout.name;
   }
 }
 

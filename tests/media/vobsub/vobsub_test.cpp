@@ -110,7 +110,7 @@ TEST_P(AgainstFfmpeg, PacketsShowWhatTheDvdDecoderShows) {
   const auto source = OpenVobSub(path, &findings);
   ASSERT_TRUE(source) << source.error().message;
   EXPECT_THAT(findings, testing::IsEmpty());
-  EXPECT_EQ((*source)->Frame(), (SubtitleFrame{720, 576}));
+  EXPECT_EQ((*source)->Frame(), (Size{720, 576}));
   ExpectSeenAlike(**source, SeeSubtitleStream(reference_path, row.language));
 }
 
@@ -257,7 +257,7 @@ TEST(VobSubSource, NamesTheFileThatIsMissing) {
 TEST(RenumberColors, MergesTheMostAlikeOfFourIntoTheCommonerOne) {
   SubtitlePicture picture(8, 1);
   picture.pixels = {0, 0, 1, 2, 2, 2, 3, 3};
-  picture.colors = {RgbColor{0, 0, 0}, {255, 255, 255}, {10, 0, 0}, {128, 128, 128}};
+  picture.colors = {Color{0, 0, 0}, {255, 255, 255}, {10, 0, 0}, {128, 128, 128}};
   EXPECT_TRUE(RenumberColors(picture, {true, true, true, true}));
   EXPECT_THAT(picture.pixels, ElementsAre(2, 2, 1, 2, 2, 2, 3, 3));
 }

@@ -18,8 +18,8 @@ extern "C" {
 namespace captoria {
 namespace {
 
-constexpr SubtitleFrame kFrame{720, 576};
-constexpr std::array<RgbColor, 4> kColors{{{0, 0, 255}, {255, 250, 1}, {2, 3, 4}, {70, 0, 70}}};
+constexpr Size kFrame{720, 576};
+constexpr std::array<Color, 4> kColors{{{0, 0, 255}, {255, 250, 1}, {2, 3, 4}, {70, 0, 70}}};
 
 // What a foreign decoder shows of a packet, with the pixels as they stand in it.
 std::optional<XsubCue> Shown(Bytes packet) {
@@ -57,7 +57,7 @@ std::optional<XsubCue> Shown(Bytes packet) {
 }
 
 // The frame with the picture on it; colours numbered.
-std::vector<std::uint8_t> OnFrame(const PlacedPicture& placed, const SubtitleFrame& frame) {
+std::vector<std::uint8_t> OnFrame(const PlacedPicture& placed, const Size& frame) {
   SubtitlePicture all(frame.width, frame.height);
   for (int y = 0; y < placed.picture.height; ++y) {
     for (int x = 0; x < placed.picture.width; ++x) {
@@ -81,7 +81,7 @@ SubtitlePicture RandomPicture(int width, int height, std::mt19937& random) {
   return picture;
 }
 
-void ExpectShown(const PlacedPicture& placed, const SubtitleFrame& frame, const XsubTimes& times) {
+void ExpectShown(const PlacedPicture& placed, const Size& frame, const XsubTimes& times) {
   const auto packet = EncodeXsub({times, placed}, frame);
   ASSERT_TRUE(packet) << packet.error().message;
   const auto shown = Shown(*packet);
@@ -109,7 +109,7 @@ void ExpectShown(const PlacedPicture& placed, const SubtitleFrame& frame, const 
 TEST(XsubPacket, AnyPictureIsShownAsItIsWhereItIsWhenItIs) {
   std::mt19937 random(1);
   for (int i = 0; i < 300; ++i) {
-    const SubtitleFrame frame{i % 3 == 0 ? 640 : 720, i % 2 == 0 ? 480 : 576};
+    const Size frame{i % 3 == 0 ? 640 : 720, i % 2 == 0 ? 480 : 576};
     const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
     const int width = 1 + below(frame.width), height = 1 + below(i % 10 == 0 ? frame.height : 90);
     const int left = below(frame.width - width + 1), top = below(frame.height - height + 1);
@@ -249,7 +249,7 @@ TEST(XsubPacket, OpacityOfTheOtherFormHidesColours) {
 
 class Packets final : public SubtitleSource {
  public:
-  SubtitleFrame Frame() const override { return {640, 480}; }
+  Size Frame() const override { return {640, 480}; }
   std::size_t Count() const override { return 50; }
   std::int64_t ShowTime(std::size_t index) const override { return static_cast<std::int64_t>(index) * 1000; }
   Result<Bytes> Packet(std::size_t index) const override {
