@@ -8,37 +8,43 @@
 #include "localisation/language_files.h"
 
 namespace captoria {
+namespace {
 
-void LoadInitialLanguage(Session& session) {
-  session.LangFile = kInitialLanguage;
-  session.language = {};
-  const auto path = FindLanguageFile(session.folders, kInitialLanguage);
-  if (!path) return;
-  if (auto loaded = LanguageDocument::Load(*path)) session.language = std::move(*loaded);
+// A broken file keeps its name in the settings, so that it is used again once it has been repaired.
+void Take(Workspace& workspace, std::string_view base, LanguageDocument document) {
+  workspace.language = {std::move(document), std::string{base}};
+  workspace.preferences.settings.Lang = LanguageName(base);
 }
 
-bool LoadNewLang(Session& session, std::string_view base) {
-  const auto path = FindLanguageFile(session.folders, base);
+}  // namespace
+
+void LoadInitialLanguage(Workspace& workspace) {
+  Take(workspace, kInitialLanguage, {});
+  const auto path = FindLanguageFile(workspace.folders, kInitialLanguage);
+  if (!path) return;
+  if (auto loaded = LanguageDocument::Load(*path)) workspace.language.document = std::move(*loaded);
+}
+
+bool LoadNewLang(Workspace& workspace, std::string_view base) {
+  const auto path = FindLanguageFile(workspace.folders, base);
   if (!path) return false;
   auto loaded = LanguageDocument::Load(*path);
-  // A broken file keeps its name in the settings, so that it is in use again once it was put right.
-  session.LangFile = base;
-  session.language = loaded ? std::move(*loaded) : LanguageDocument{};
-  if (!loaded) session.view.Warn(loaded.error().message);
-  session.view.ShowLanguage();
+  Take(workspace, base, loaded ? std::move(*loaded) : LanguageDocument{});
+  if (!loaded) workspace.reporter.Note({.kind = FindingKind::ToolMessage, .message = loaded.error().message});
+  workspace.view.ShowLanguage();
   return true;
 }
 
-void RestoreLanguage(Session& session) {
-  if (LoadNewLang(session, LanguageBase(session.settings.Lang))) return;
-  if (LoadNewLang(session, kInitialLanguage)) return;
-  LoadInitialLanguage(session);
-  session.view.ShowLanguage();
+void RestoreLanguage(Workspace& workspace) {
+  if (LoadNewLang(workspace, LanguageBase(workspace.preferences.settings.Lang))) return;
+  if (LoadNewLang(workspace, kInitialLanguage)) return;
+  LoadInitialLanguage(workspace);
+  workspace.view.ShowLanguage();
 }
 
-std::string LanguageCredit(const Session& session, std::string shown) {
-  if (const auto creator = session.language.Text(kPrivateSection, kCreatorItem)) shown = "Language by " + *creator;
-  if (const auto version = session.language.Text(kPrivateSection, kVersionItem)) shown += " (" + *version + ")";
+std::string LanguageCredit(const LanguageDocument& language, std::string shown) {
+  if (const auto creator = language.Text(kPrivateSection, kCreatorItem)) shown = "Language by " + *creator;
+  if (const auto version = language.Text(kPrivateSection, kVersionItem)) shown += " (" + *version + ")";
   return shown;
 }
 

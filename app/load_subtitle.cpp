@@ -3,10 +3,11 @@
 
 #include "app/load_subtitle.h"
 
+#include <optional>
 #include <utility>
 
-#include "app/batch_commands.h"
 #include "app/open_video.h"
+#include "app/run_commands.h"
 #include "app/safe_area_commands.h"
 #include "base/ascii.h"
 #include "base/path_text.h"
@@ -36,64 +37,75 @@ Result<void> FillTrack(SubtitleTrack& track, const std::string& file, const Load
   return {};
 }
 
-// The video of the subtitle's name, where the settings say to look for it.
-void FindVideo(Session& session, const std::string& file, const LoadOptions& options) {
+// Opens the video of the subtitle's name, if the settings say to look for it.
+void FindVideo(Workspace& workspace, const std::string& file) {
   const std::string name = std::string{RemoveExt(GetFileNameOnly(file))} + ".avi";
   const auto open_in = [&](const std::string& folder) {
     std::string path = JoinPath(folder, name);
-    if (!session.video.AviPath.empty() || !FileExists(path)) return;
-    (void)OpenAnAviFile(session, path, {.ignore_auto_srt = true, .is_batch = options.is_batch});
+    if (!workspace.project.video.AviPath.empty() || !FileExists(path)) return;
+    (void)OpenAnAviFile(workspace, path, {.ignore_auto_srt = true});
   };
-  const Settings& settings = session.settings;
+  const Settings& settings = workspace.preferences.settings;
   if (settings.LoadAviAuto) open_in(FolderOf(file));
   const std::string folder{Trim(settings.LoadAviAutoFolderText)};
   if (settings.LoadAviAutoFolder && !folder.empty() && FolderExists(folder)) open_in(folder);
 }
 
-Result<void> CheckCues(Session& session, const LoadOptions& options) {
-  const auto outside = CheckSafeArea(session, options.is_batch);
+void TellProblems(Workspace& workspace, const std::string& file, const CueSource& source) {
+  if (source.undecodable > 0) {
+    workspace.reporter.Note({.kind = FindingKind::UndecodableBytes,
+                             .file = file,
+                             .message = std::to_string(source.undecodable) + " bytes mean nothing in " +
+                                        source.encoding + " and are shown as U+FFFD"});
+  }
+  if (!source.problem) return;
+  workspace.reporter.Tell({.kind = FindingKind::ReadingStopped,
+                           .file = file,
+                           .line = source.problem->line,
+                           .message = source.problem->message});
+}
+
+Result<void> CheckCues(Workspace& workspace) {
+  const auto outside = CheckSafeArea(workspace);
   if (!outside) return tl::unexpected(outside.error());
-  if (*outside > 0 && !options.is_batch) TellOutsideCues(session, *outside);
+  if (*outside > 0) TellOutsideCues(workspace, *outside);
   return {};
 }
 
-// The command file of the settings, which is to be run on every file that is loaded.
-void RunCommands(Session& session, const LoadOptions& options) {
-  const std::string path = session.settings.BatchToRun;
-  if (!Trim(path).empty() && FileExists(path)) RunBatch(session, path, options.is_batch);
+// Runs the command file that the settings name for every file that is loaded.
+void RunCommands(Workspace& workspace) {
+  const std::string path = workspace.preferences.settings.BatchToRun;
+  if (!Trim(path).empty() && FileExists(path)) RunCommandFile(workspace, path);
 }
 
 }  // namespace
 
-Result<void> LoadFileToList(Session& session, const std::string& file, const LoadOptions& options) {
+Result<void> LoadFileToList(Workspace& workspace, const std::string& file, const LoadOptions& options) {
   if (Trim(file).empty()) return Failure(ErrorKind::NotFound, "no subtitle file was named");
   if (FolderExists(file)) return Failure(ErrorKind::NotFound, file + ": is a folder, not a subtitle file");
   if (!FileExists(file)) return Failure(ErrorKind::NotFound, file + ": there is no such file");
 
-  SubtitleTrack& track = session.tracks.Current();
+  SubtitleTrack& track = workspace.project.tracks.Current();
   if (auto filled = FillTrack(track, file, options); !filled) return filled;
-  session.current_file = file;
-  if (options.find_video) FindVideo(session, file, options);
-  if (track.source.problem) {
-    const std::string text = DescribeProblem(file, *track.source.problem);
-    options.is_batch ? session.view.Warn(text) : session.prompts.ShowMessage(kProgramTitle, text);
-  }
+  workspace.project.current_file = file;
+  if (options.find_video) FindVideo(workspace, file);
+  TellProblems(workspace, file, track.source);
   Result<void> checked;
-  if (!track.IsIdx() && options.measure) checked = CheckCues(session, options);
-  session.view.ShowTracks();
-  if (!track.IsIdx() && checked) RunCommands(session, options);
+  if (!track.IsIdx() && options.measure) checked = CheckCues(workspace);
+  workspace.view.ShowTracks();
+  if (!track.IsIdx() && checked) RunCommands(workspace);
   return checked;
 }
 
-Result<void> OpenSubtitleFile(Session& session, const std::string& file, const LoadOptions& options) {
-  const int times = IsIdxFile(file) ? 1 : session.settings.LoadSubManyTimes;
-  LoadOptions quiet = options;
-  for (int i = 1; i < times; ++i) {
-    if (auto loaded = LoadFileToList(session, file, quiet); !loaded) return loaded;
-    session.SelectLastTab();
-    quiet.is_batch = true;  // one word about a fault is enough
+Result<void> OpenSubtitleFile(Workspace& workspace, const std::string& file, const LoadOptions& options) {
+  auto loaded = LoadFileToList(workspace, file, options);
+  const int times = IsIdxFile(file) ? 1 : workspace.preferences.settings.LoadSubManyTimes;
+  const Reporter::Silence silence(workspace.reporter);
+  for (int i = 1; i < times && loaded; ++i) {
+    workspace.project.SelectLastTab(workspace.preferences);
+    loaded = LoadFileToList(workspace, file, options);
   }
-  return LoadFileToList(session, file, quiet);
+  return loaded;
 }
 
 }  // namespace captoria

@@ -1,29 +1,33 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Where a tool is that does not lie in the program's folder: as the settings say, or else the user.
+// Where the tools are: in the program's folders, at the place that the settings name, or where the user says.
 #pragma once
 
 #include <functional>
 #include <optional>
 #include <string>
 
-#include "app/session.h"
+#include "app/workspace.h"
 #include "pipeline/tool_copies.h"
 
 namespace captoria {
 
-// What is wrong with `path` as the place of `tool`: nothing typed, or no such file. Nothing is wrong: it is stored, at
-// once, without the blanks around it.
-std::optional<std::string> AcceptToolPath(Session& session, Tool tool, const std::string& path);
+// The files that may be `tool`, best first.
+ToolPlaces PlacesOf(Tool tool, const Settings& settings, const ProgramFolders& folders);
 
-// Asks the user until there is a path, which is then stored. Nothing: the user gave up.
-using AskForTool = std::function<std::optional<std::string>(Session& session, Tool tool)>;
+// What is wrong with `path` as the place of `tool`: nothing typed, or no such file. If nothing is wrong, the path is
+// stored at once, without the blanks around it.
+std::optional<std::string> AcceptToolPath(Workspace& workspace, Tool tool, const std::string& path);
+
+// Asks the user until there is a path, and stores it. False: the user gave up.
+using AskForTool = std::function<bool(Workspace& workspace, Tool tool)>;
 
 // By a file dialog.
-std::optional<std::string> AskForToolFile(Session& session, Tool tool);
+bool AskForToolFile(Workspace& workspace, Tool tool);
 
-// The stored path where there is a file, else what the user is asked for.
-std::optional<std::string> ToolPath(Session& session, Tool tool, const AskForTool& ask);
+// Makes sure that the tools which a conversion needs are at hand, and asks for a missing one. NotFound if the user gave
+// up.
+Result<void> LocateTools(Workspace& workspace, const AskForTool& ask);
 
 }  // namespace captoria

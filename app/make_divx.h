@@ -4,41 +4,39 @@
 // "Create DivX": from the open video and tracks to the film.
 #pragma once
 
-#include <string>
+#include <functional>
+#include <memory>
 
 #include "app/locate_tool.h"
-#include "app/session.h"
+#include "app/workspace.h"
 #include "base/result.h"
+#include "pipeline/conversion.h"
 #include "platform/document_opener.h"
-#include "script/script_runner.h"
 
 namespace captoria {
 
-// What a conversion starts outside of the program.
+// Carries out a plan: Convert of pipeline/conversion.h, on whatever thread the caller has for it.
+using RunConversion = std::function<Outcome(const ConversionPlan& plan, const std::shared_ptr<FontCollection>& fonts)>;
+
+// What a conversion needs from outside the program.
 struct Outside {
-  ScriptRunner& scripts;
+  RunConversion convert;
   DocumentOpener& documents;
   AskForTool ask_for_tool = AskForToolFile;
 };
 
-struct MakeOptions {
-  bool is_batch = false;   // an unattended caller: it waits, no outcome is shown, nothing is left behind
-  bool keep_temp = false;  // whatever the settings say
-};
+// What the plan will do, from the settings and what is open, as they are now. If nobody watches, the conversion waits
+// for the tools and leaves nothing behind, whatever the settings say. Nothing is checked or written.
+ConversionPlan MakePlan(const Workspace& workspace, bool keep_temp);
 
-struct MadeDivX {
-  std::string output;
-  bool finished = true;  // false: nobody waits for the tools, which are still at work
-};
+// Checks what is open and asks the user whatever has to be asked, so that the plan can be carried out without the user.
+// The reasons why a conversion cannot begin are shown even if nobody watches.
+Result<ConversionPlan> PrepareDivX(Workspace& workspace, const AskForTool& ask_for_tool, bool keep_temp);
 
-// Checks, draws the bitmaps, writes the script, runs it and cleans up (`MakeFinalDivX`, `CreateBat`). What keeps it
-// from beginning is shown also when `is_batch`; the outcome is not. Cancelled where the user stopped the work.
-//
-// The error of a tool that failed ends with the last lines it wrote. No film is there then, except one that was there
-// before and was to be replaced.
-Result<MadeDivX> MakeFinalDivX(Session& session, const Outside& outside, const MakeOptions& options);
+// Tells a person what came of the plan, and opens the film if the settings say so.
+void ReportOutcome(Workspace& workspace, const Outcome& outcome, DocumentOpener& documents);
 
-// Whether the first track's subtitle file is there: what makes a conversion worth while.
-bool HasSubtitles(const Session& session);
+// All of it (`MakeFinalDivX`, `CreateBat`).
+Outcome MakeFinalDivX(Workspace& workspace, const Outside& outside, bool keep_temp = false);
 
 }  // namespace captoria

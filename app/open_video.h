@@ -6,24 +6,20 @@
 
 #include <string>
 
-#include "app/session.h"
+#include "app/workspace.h"
 #include "base/result.h"
 
 namespace captoria {
 
 struct OpenVideoOptions {
   bool ignore_auto_srt = false;  // tracks stay as they are
-  bool is_batch = false;         // an unattended caller: no message box is shown
 };
 
-// Opens `path`, or the file that the user chooses when that is empty and then stands there; Cancelled when none is
-// chosen, and nothing has changed. A file that cannot be read as a video is told and becomes the open video all the
-// same, without streams: subtitles of its name are loaded and can be worked on.
+// Opens `path`. If it is empty, the user chooses a file, which is then put into `path`; Cancelled if none is chosen,
+// and nothing changes. A file that cannot be read as a video is reported and becomes the open video all the same,
+// without streams: subtitles of its name are loaded and can be worked on.
 //
-// A subtitle file that cannot be loaded is told, and the next one is tried.
-Result<void> OpenAnAviFile(Session& session, std::string& path, const OpenVideoOptions& options);
-
-// The user says what the frames of the video are, whatever its rate.
-void ChooseVideoSystem(Session& session, bool ntsc);
+// A subtitle file that cannot be loaded is reported, and the next one is tried.
+Result<void> OpenAnAviFile(Workspace& workspace, std::string& path, const OpenVideoOptions& options);
 
 }  // namespace captoria

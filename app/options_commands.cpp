@@ -3,35 +3,27 @@
 
 #include "app/options_commands.h"
 
-#include <variant>
-
-#include "settings/key_table.h"
-
 namespace captoria {
 
-OptionsEffect ApplyOptions(Session& session, const Settings& edited, const ListFonts& fonts) {
+OptionsEffect ApplyOptions(Preferences& preferences, Project& project, const Settings& edited, const ListFonts& fonts) {
   OptionsEffect effect;
-  const Settings before = session.settings;
-  Settings source = edited;
-  for (const GlobalKey* key : OptionKeys()) {
-    std::visit([&](auto field) { field(session.settings) = field(source); }, key->field);
-  }
-  for (int i = 0; i < session.tracks.Count(); ++i) {
+  const Settings before = preferences.settings;
+  effect.saved = preferences.StoreOptions(edited);
+  for (int i = 0; i < project.tracks.Count(); ++i) {
     const auto index = static_cast<std::size_t>(i);
     if (!fonts.at(index)) continue;
-    session.tracks.Open()[index].list_font = *fonts.at(index);
+    project.tracks.Open()[index].list_font = *fonts.at(index);
     effect.list_fonts_changed = true;
   }
-  effect.frame_changed = session.settings.FrameForPreview != before.FrameForPreview;
-  effect.back_color_or_width_changed =
-      session.settings.BackColor != before.BackColor || session.settings.UseBmpToXSub != before.UseBmpToXSub;
-  effect.saved = session.SaveOptions();
+  const Settings& now = preferences.settings;
+  effect.frame_changed = now.FrameForPreview != before.FrameForPreview;
+  effect.back_color_or_width_changed = now.BackColor != before.BackColor || now.UseBmpToXSub != before.UseBmpToXSub;
   return effect;
 }
 
-Font ListFontOf(const Session& session, int index) {
-  if (IsOpen(session, index)) return session.tracks.Open()[static_cast<std::size_t>(index)].list_font;
-  return session.StoredListFont(index);
+Font ListFontOf(const Preferences& preferences, const Project& project, int index) {
+  if (IsOpen(project, index)) return project.tracks.Open()[static_cast<std::size_t>(index)].list_font;
+  return preferences.TrackAt(index).list_font;
 }
 
 }  // namespace captoria

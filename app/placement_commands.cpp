@@ -26,17 +26,17 @@ void ChangeSelectedOutside(SubtitleTrack& track, const Change& change) {
 
 }  // namespace
 
-void SetAlignForSelectedSubs(Session& session, Alignment align) {
+void SetAlignForSelectedSubs(Project& project, Alignment align) {
   const auto change = [&](SubtitleCue& cue) { cue.Tag = WithOwnAlignment(cue.Tag, align); };
-  SubtitleTrack& track = session.tracks.Current();
-  session.only_outside ? ChangeSelectedOutside(track, change) : ChangeSelected(track, change);
+  SubtitleTrack& track = project.tracks.Current();
+  project.only_outside ? ChangeSelectedOutside(track, change) : ChangeSelected(track, change);
 }
 
-void RunPosAlCommand(Session& session, const PlacementCommand& command) {
+void RunPosAlCommand(Project& project, const PlacementCommand& command) {
   std::string own;
   if (command.toChangePos) own += std::to_string(command.position);
   if (command.toChangeAl) own += command.alignment;
-  ChangeSelected(session.tracks.Current(), [&](SubtitleCue& cue) { cue.Tag = WithPlacementText(cue.Tag, own); });
+  ChangeSelected(project.tracks.Current(), [&](SubtitleCue& cue) { cue.Tag = WithPlacementText(cue.Tag, own); });
 }
 
 }  // namespace captoria

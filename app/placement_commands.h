@@ -4,7 +4,7 @@
 // Giving the selected cues a placement of their own.
 #pragma once
 
-#include "app/session.h"
+#include "app/project.h"
 #include "automation/command_file.h"
 #include "settings/placement.h"
 
@@ -12,10 +12,10 @@ namespace captoria {
 
 // Every selected cue of the list on screen gets the alignment; its own position and its fitting stay
 // (`SetAlignForSelectedSubs`).
-void SetAlignForSelectedSubs(Session& session, Alignment align);
+void SetAlignForSelectedSubs(Project& project, Alignment align);
 
 // Every selected cue of the current track, whichever list is on screen, gets the command's placement in place of its
 // own; its fitting stays.
-void RunPosAlCommand(Session& session, const PlacementCommand& command);
+void RunPosAlCommand(Project& project, const PlacementCommand& command);
 
 }  // namespace captoria

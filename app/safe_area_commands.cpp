@@ -9,42 +9,31 @@
 
 namespace captoria {
 
-Result<int> CheckSafeArea(Session& session, bool is_batch) {
-  const auto bitmap = session.Bitmap();
+Result<int> CheckSafeArea(Workspace& workspace) {
+  const auto bitmap = workspace.canvas.Bitmap(FrameOf(workspace.preferences.settings));
   if (!bitmap) return tl::unexpected(bitmap.error());
-  const SafeAreaCheck check = ReCheckSrt(session.tracks.Current(), **bitmap);
-  if (check.has_font_tag && !is_batch && !session.BatchConverting) {
-    session.prompts.ShowMessage(kProgramTitle, "This subtitle has a '<font color=...>' tag. Outline will be 0");
+  const SafeAreaCheck check = ReCheckSrt(workspace.project.tracks.Current(), **bitmap);
+  if (check.has_font_tag) {
+    workspace.reporter.Advise("This subtitle has a '<font color=...>' tag. Outline will be 0");
   }
-  if (check.outside == 0) ShowEditOnly(session, false);
+  if (check.outside == 0) workspace.project.only_outside = false;
   return check.outside;
 }
 
-void TellOutsideCues(Session& session, int outside) {
-  const bool fitted = session.tracks.Current().style.FitFont;
-  const Message& message = fitted ? messages::kOutsideFitted : messages::kOutsideNotFitted;
-  session.prompts.ShowMessage(kProgramTitle, std::to_string(outside) + session.TextFor(message));
+void TellOutsideCues(Workspace& workspace, int outside) {
+  const SubtitleTrack& track = workspace.project.tracks.Current();
+  const std::string text =
+      std::to_string(outside) +
+      workspace.language.TextOf(track.style.FitFont ? messages::kOutsideFitted : messages::kOutsideNotFitted);
+  if (workspace.reporter.HasPerson()) return workspace.reporter.Advise(text);
+  if (track.style.FitFont) return;
+  workspace.reporter.Note({.kind = FindingKind::OutsideSafeArea,
+                           .file = track.path,
+                           .message = std::to_string(outside) + " cue(s) are larger than the safe viewing area"});
 }
 
-void ShowEditOnly(Session& session, bool only_outside) { session.only_outside = only_outside; }
-
-std::size_t ShownCount(const Session& session) {
-  const SubtitleTrack& track = session.tracks.Current();
-  return session.only_outside ? track.outside.size() : track.cues.size();
-}
-
-SubtitleCue& ShownCue(Session& session, std::size_t row) {
-  SubtitleTrack& track = session.tracks.Current();
-  return track.cues[session.only_outside ? track.outside[row].row : row];
-}
-
-bool& ShownSelected(Session& session, std::size_t row) {
-  SubtitleTrack& track = session.tracks.Current();
-  return session.only_outside ? track.outside[row].Selected : track.cues[row].Selected;
-}
-
-void ToggleFitFont(Session& session) {
-  TrackStyle& style = session.tracks.Current().style;
+void ToggleFitFont(Project& project) {
+  TrackStyle& style = project.tracks.Current().style;
   style.FitFont = !style.FitFont;
 }
 

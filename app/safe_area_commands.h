@@ -1,34 +1,22 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What the user does about cues beyond the safe viewing area: check, look at those alone, fit them or not.
+// What the user does about cues beyond the safe viewing area: check them, fit them or not.
 #pragma once
 
-#include <cstddef>
-
-#include "app/session.h"
+#include "app/workspace.h"
 #include "base/result.h"
-#include "subtitles/cue.h"
 
 namespace captoria {
 
-// Checks the current track (render/safe_area.h) and gives the number of cues outside. A cue with a font colour takes
-// the shadow from the track and, unless `is_batch`, the user is told. When no cue is outside any longer, all cues are
-// shown again.
-Result<int> CheckSafeArea(Session& session, bool is_batch);
+// Checks the current track (render/safe_area.h) and returns the number of cues outside. A cue with a font colour takes
+// the shadow from the track, and a person is told so. If no cue is outside, all cues are shown again.
+Result<int> CheckSafeArea(Workspace& workspace);
 
-// What a load says of `outside` cues: that they will be fitted, or that they will not.
-void TellOutsideCues(Session& session, int outside);
+// What a load says about `outside` cues: that they will be fitted, or that they will not.
+void TellOutsideCues(Workspace& workspace, int outside);
 
-// Shows the cues outside alone, or all cues.
-void ShowEditOnly(Session& session, bool only_outside);
-
-// The list on screen: its number of rows, the cue of a row, and whether the row is selected there.
-std::size_t ShownCount(const Session& session);
-SubtitleCue& ShownCue(Session& session, std::size_t row);
-bool& ShownSelected(Session& session, std::size_t row);
-
-// Fits the cues of the current track from now on, or no longer.
-void ToggleFitFont(Session& session);
+// Fits the cues of the current track from now on, or stops doing so.
+void ToggleFitFont(Project& project);
 
 }  // namespace captoria

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <tl/expected.hpp>
 #include <utility>
 
@@ -19,6 +20,9 @@ enum class ErrorKind {
   Unsupported,  // it is valid, but we cannot handle it
   Cancelled,    // the user stopped it; nothing went wrong
 };
+
+// "not-found", "unreadable" and so on: the kind as programs read it.
+std::string_view NameOf(ErrorKind kind);
 
 struct Error {
   ErrorKind kind;

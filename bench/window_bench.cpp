@@ -98,9 +98,9 @@ int Run(int argc, char** argv) {
   if (!start && !(mode == "cues" && argc == 5)) return 2;
   UnattendedPrompts prompts(false);
   WindowView view;
-  Session session({.executable = ExecutableFolder(), .data = start ? argv[3] : argv[2]}, prompts, view);
-  session.remembers = false;
-  Form1 window(session, view);
+  Workspace workspace({.executable = ExecutableFolder(), .data = start ? argv[3] : argv[2]}, prompts, view);
+  workspace.preferences.remembers = false;
+  Form1 window(workspace, view);
   window.resize(1024, 700);
   window.show();
   if (start) {
@@ -108,10 +108,9 @@ int Run(int argc, char** argv) {
     return 0;
   }
   std::string film = argv[3];
-  session.settings.Preview = true;
-  const bool opened =
-      OpenAnAviFile(session, film, {.ignore_auto_srt = true}).has_value() &&
-      LoadFileToList(session, argv[4], {.is_batch = true, .encoding{}, .find_video = false}).has_value();
+  workspace.preferences.settings.Preview = true;
+  const bool opened = OpenAnAviFile(workspace, film, {.ignore_auto_srt = true}).has_value() &&
+                      LoadFileToList(workspace, argv[4], {.encoding{}, .find_video = false}).has_value();
   if (!opened) return 1;
   Settle();
   MeasureCues(window);

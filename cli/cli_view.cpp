@@ -8,8 +8,8 @@
 
 namespace captoria {
 
-void CliView::Warn(const std::string& text) {
-  if (!quiet_) Complain("warning: " + text);
+void CliView::ShowFinding(const Finding& finding) {
+  if (!quiet_) Complain("warning: " + Describe(finding));
 }
 
 std::unique_ptr<JobProgress> CliView::BeginWork(Work work) {

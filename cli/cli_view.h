@@ -1,19 +1,20 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What a session shows on a terminal: warnings, and how far long work is.
+// What commands show on a terminal: findings as warnings, and how far long work is.
 #pragma once
 
-#include "app/session_view.h"
+#include "app/workspace_view.h"
+#include "pipeline/conversion.h"
 
 namespace captoria {
 
-class CliView final : public SessionView {
+class CliView final : public WorkspaceView, public WorkMonitor {
  public:
-  // Hides the progress, and warnings as well; errors are told by the command.
+  // Hides progress and warnings; errors are shown by the command.
   void BeQuiet() { quiet_ = true; }
 
-  void Warn(const std::string& text) override;
+  void ShowFinding(const Finding& finding) override;
   std::unique_ptr<JobProgress> BeginWork(Work work) override;
 
  private:

@@ -16,12 +16,12 @@ void AddCommandsOption(CLI::App& command, std::string& file) {
       ->type_name("FILE");
 }
 
-Result<void> UseCommands(Session& session, const std::string& file) {
+Result<void> UseCommands(Preferences& preferences, const std::string& file) {
   if (file.empty()) return {};
-  // Read here once, so that a file that is of no use stops the command before its work and not in the middle.
+  // Read it once here, so that a useless file stops the command before its work and not in the middle.
   if (auto lines = ReadCommandFile(file); !lines) return tl::unexpected(lines.error());
-  // Not as a stored setting: that would lose the blanks a name may end in.
-  session.settings.BatchToRun = AbsolutePath(file);
+  // Set directly: as the text of a setting it would lose the blanks that a name may end in.
+  preferences.settings.BatchToRun = AbsolutePath(file);
   return {};
 }
 

@@ -7,15 +7,15 @@
 #include <CLI/CLI.hpp>
 #include <string>
 
-#include "app/session.h"
+#include "app/preferences.h"
 #include "base/result.h"
 
 namespace captoria {
 
 void AddCommandsOption(CLI::App& command, std::string& file);
 
-// Has `file` run in place of the one that the settings name; an empty one changes nothing. The error of a file that
-// cannot be run names it. After the settings were overridden, or they would be taken again.
-Result<void> UseCommands(Session& session, const std::string& file);
+// Makes loading run `file` instead of the command file that the settings name; an empty name changes nothing. The error
+// of a file that cannot be run names the file.
+Result<void> UseCommands(Preferences& preferences, const std::string& file);
 
 }  // namespace captoria

@@ -5,23 +5,21 @@
 
 #include <algorithm>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "app/batch_convert.h"
-#include "cli/cli_session.h"
+#include "app/convert_list.h"
 #include "cli/cli_view.h"
+#include "cli/cli_workspace.h"
 #include "cli/commands_option.h"
+#include "cli/film_report.h"
 #include "cli/unattended_prompts.h"
 #include "platform/files.h"
 #include "platform/interrupt.h"
-#include "settings/key_table.h"
 
 namespace captoria {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 // The tools work in a folder of their own, so names cannot stay relative to ours.
 std::vector<std::string> AllAbsolute(const std::vector<std::string>& paths) {
@@ -31,32 +29,44 @@ std::vector<std::string> AllAbsolute(const std::vector<std::string>& paths) {
 }
 
 // Nobody sits before a command line's windows.
-Result<void> ApplySettings(Session& session, const ConvertArguments& arguments) {
-  session.remembers = false;
-  const std::pair<std::string_view, std::string_view> defaults[]{{keys::kShowDos, "0"},
-                                                                 {keys::kShowDosPause, "0"},
-                                                                 {keys::kWaitToEndDos, "-1"},
-                                                                 {keys::kRunDivX, "0"},
-                                                                 {keys::kReplaceDivX, "0"}};
-  for (const auto& [key, value] : defaults) {
-    if (auto applied = session.Override(key, value); !applied) return applied;
-  }
-  if (auto applied = ApplyAssignments(session, arguments.settings); !applied) return applied;
-  return UseCommands(session, arguments.commands);
+Result<void> ApplySettings(Preferences& preferences, const ConvertArguments& arguments) {
+  Settings& settings = preferences.settings;
+  settings.ShowDos = settings.ShowDosPause = settings.RunDivX = settings.ReplaceDivX = false;
+  settings.WaitToEndDos = true;
+  if (auto applied = ApplyAssignments(preferences, arguments.settings); !applied) return applied;
+  return UseCommands(preferences, arguments.commands);
 }
 
 // The report's lines as lines of a terminal.
-void TellReport(std::string report) {
+void ShowReport(std::string report) {
   std::erase(report, '\r');
   std::fputs(report.c_str(), stderr);
 }
 
-Json AsJson(const ConvertedVideo& video) {
-  const bool made = !video.output.empty();
-  return {{"video", video.video},
-          {"output", made ? Json(video.output) : Json(nullptr)},
-          {"error", made ? Json(nullptr) : Json(video.error)}};
-}
+// Shows each film as it ends, so that a reader of a long run need not wait.
+class FilmOutput {
+ public:
+  explicit FilmOutput(bool json) : json_(json) {}
+
+  void Show(const ConvertedFilm& film) {
+    const bool failed = film.status == ConversionStatus::Failed;
+    all_well_ = all_well_ && !failed;
+    if (failed) Complain(film.error->message);
+    if (json_) {
+      all_well_ = Print(FilmAsJson(film)) && all_well_;
+    } else if (film.status == ConversionStatus::Made) {
+      all_well_ = Print(film.result + "\n") && all_well_;
+    } else if (film.status == ConversionStatus::Planned) {
+      all_well_ = Print(PlanAsText(film)) && all_well_;
+    }
+  }
+
+  bool AllWell() const { return all_well_; }
+
+ private:
+  bool json_;
+  bool all_well_ = true;
+};
 
 }  // namespace
 
@@ -65,31 +75,26 @@ int RunConvert(const ConvertArguments& arguments, const std::string& data_folder
   CliView view;
   if (arguments.quiet) view.BeQuiet();
   UnattendedPrompts prompts(arguments.remove_unknown);
-  Session session(CliFolders(data_folder), prompts, view);
-  if (auto applied = ApplySettings(session, arguments); !applied) {
+  Preferences preferences = CliPreferences(data_folder, prompts);
+  if (auto applied = ApplySettings(preferences, arguments); !applied) {
     Complain(applied.error().message);
     return kExitUsage;
   }
-
-  Json converted = Json::array();
-  bool all_made = true, printed = true;
-  const auto done = [&](const ConvertedVideo& video) {
-    all_made = all_made && !video.output.empty();
-    if (arguments.json) converted.push_back(AsJson(video));
-    if (video.output.empty()) Complain(video.error);
-    if (!video.output.empty() && !arguments.json) printed = Print(video.output + "\n") && printed;
-  };
-  CaptoriaRun scripts(session.folders.executable, ProcessEnvironment());
+  Workspace workspace(CliFolders(data_folder), std::move(preferences), prompts, view, Attendance::Nobody);
+  CaptoriaRun scripts(workspace.folders.executable, ProcessEnvironment());
   DesktopOpener documents;
-  const ConvertReport report =
-      ConvertVideos(session, {.scripts = scripts, .documents = documents}, AllAbsolute(arguments.videos),
-                    {.keep_temp = arguments.keep_temp, .subtitles = AllAbsolute(arguments.subtitles), .done = done});
-  if (arguments.json) {
-    printed = Print(converted.dump(1, ' ', false, Json::error_handler_t::replace) + "\n");
-  }
-  TellReport(report.text);
+  const Outside outside{
+      .convert = [&](const ConversionPlan& plan, const auto& fonts) { return Convert(plan, fonts, scripts, view); },
+      .documents = documents};
+  FilmOutput output(arguments.json);
+  const ConvertReport report = ConvertVideos(workspace, outside, AllAbsolute(arguments.videos),
+                                             {.keep_temp = arguments.keep_temp,
+                                              .dry_run = arguments.dry_run,
+                                              .subtitles = AllAbsolute(arguments.subtitles),
+                                              .done = [&](const ConvertedFilm& film) { output.Show(film); }});
+  ShowReport(report.text);
   if (report.stopped || Interrupt::Requested()) return kExitInterrupted;
-  return all_made && printed ? kExitDone : kExitFailed;
+  return output.AllWell() ? kExitDone : kExitFailed;
 }
 
 void AddConvertOptions(CLI::App& command, ConvertArguments& arguments, CliContext& context) {
@@ -102,7 +107,8 @@ void AddConvertOptions(CLI::App& command, ConvertArguments& arguments, CliContex
                    "Leave streams of an unknown kind out; without this, a video that has any is not converted");
   command.add_flag("--keep-temp", arguments.keep_temp,
                    "Keep bitmaps, lists and the script (in tmp of the data folder)");
-  command.add_flag("--json", arguments.json, "Tell what was made as JSON");
+  command.add_flag("--dry-run", arguments.dry_run, "Show what would be made, and make nothing");
+  command.add_flag("--json", arguments.json, "Show a line of JSON for each film as it ends");
   command.add_flag("--quiet", arguments.quiet, "Show no progress and no warnings");
   command.add_option("--data", context.data_folder, "The folder of the settings, instead of the program's own")
       ->type_name("DIR");

@@ -19,6 +19,7 @@ struct ConvertArguments {
   std::string commands;                // a command file; empty: that of the settings
   bool keep_temp = false;
   bool remove_unknown = false;
+  bool dry_run = false;
   bool json = false;
   bool quiet = false;
 };
@@ -26,7 +27,7 @@ struct ConvertArguments {
 // The options that say how videos are converted, whichever they are.
 void AddConvertOptions(CLI::App& command, ConvertArguments& arguments, CliContext& context);
 
-// Converts the videos and tells what was made; gives the exit status.
+// Converts the videos and shows what was made; returns the exit status.
 int RunConvert(const ConvertArguments& arguments, const std::string& data_folder);
 
 void AddConvertCommand(CLI::App& app, CliContext& context);

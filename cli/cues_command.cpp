@@ -5,13 +5,15 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "app/load_subtitle.h"
-#include "app/session.h"
+#include "app/workspace.h"
 #include "base/text_encoding.h"
-#include "cli/cli_session.h"
+#include "cli/cli_workspace.h"
 #include "cli/commands_option.h"
 #include "cli/cue_listing.h"
+#include "cli/unattended_prompts.h"
 
 namespace captoria {
 namespace {
@@ -24,21 +26,22 @@ struct CuesOptions {
 };
 
 int RunCues(const CuesOptions& options, const std::string& data_folder) {
-  CliSession cli(data_folder);
-  Session& session = cli.session;
-  if (auto used = UseCommands(session, options.commands); !used) {
+  UnattendedPrompts prompts(false);
+  CliView view;
+  Preferences preferences = CliPreferences(data_folder, prompts);
+  if (auto used = UseCommands(preferences, options.commands); !used) {
     Complain(used.error().message);
     return kExitUsage;
   }
+  Workspace workspace(CliFolders(data_folder), std::move(preferences), prompts, view, Attendance::Nobody);
 
-  const auto loaded =
-      LoadFileToList(session, options.file,
-                     {.is_batch = true, .encoding = options.encoding, .measure = options.json, .find_video = false});
+  const auto loaded = LoadFileToList(workspace, options.file,
+                                     {.encoding = options.encoding, .measure = options.json, .find_video = false});
   if (!loaded) {
     Complain(loaded.error().message);
     return kExitFailed;
   }
-  const SubtitleTrack& track = session.tracks.Current();
+  const SubtitleTrack& track = workspace.project.tracks.Current();
   const bool listed = options.json ? ListCuesAsJson(track, Print) : ListCuesAsTable(track, Print);
   return listed && !track.source.problem ? kExitDone : kExitFailed;
 }

@@ -12,11 +12,12 @@
 #include <vector>
 
 #include "app/load_subtitle.h"
-#include "app/session.h"
+#include "app/workspace.h"
 #include "base/path_text.h"
 #include "base/utf8.h"
-#include "cli/cli_session.h"
+#include "cli/cli_workspace.h"
 #include "cli/commands_option.h"
+#include "cli/unattended_prompts.h"
 #include "platform/files.h"
 #include "platform/terminal_progress.h"
 #include "render/cue_batch.h"
@@ -68,44 +69,45 @@ bool ListAsText(const RenderOptions& options, const RenderedBatch& rendered) {
   return Print(text);
 }
 
-Result<RenderedBatch> Render(Session& session, const RenderOptions& options, CueBatch& batch) {
-  if (auto loaded = LoadFileToList(session, options.file, {.is_batch = true, .encoding{}, .find_video = false});
-      !loaded) {
+Result<RenderedBatch> Render(Workspace& workspace, const RenderOptions& options, CueBatch& batch) {
+  if (auto loaded = LoadFileToList(workspace, options.file, {.encoding{}, .find_video = false}); !loaded) {
     return tl::unexpected(loaded.error());
   }
-  const SubtitleTrack& track = session.tracks.Current();
+  const SubtitleTrack& track = workspace.project.tracks.Current();
   if (track.IsIdx()) return Failure(ErrorKind::Unsupported, options.file + ": holds pictures already");
   if (auto created = CreateFolder(options.out); !created) return tl::unexpected(created.error());
 
   const std::size_t end = std::min(options.last, track.cues.size()), begin = std::min(options.first - 1, end);
   batch.cues = std::span{track.cues}.subspan(begin, end - begin);
   batch.style = track.style;
-  batch.frame = session.Frame();
+  batch.frame = FrameOf(workspace.preferences.settings);
   batch.path_of = [&, begin](std::size_t i) {
-    return JoinPath(options.out + "/", BitmapFileName(session.tracks.CurrentIndex(), begin + i + 1));
+    return JoinPath(options.out + "/", BitmapFileName(workspace.project.tracks.CurrentIndex(), begin + i + 1));
   };
-  const auto fonts = session.Fonts();
+  const auto fonts = workspace.canvas.Fonts();
   if (!fonts) return tl::unexpected(fonts.error());
   TerminalProgress progress("Creating Bitmaps...");
   return RenderCues(*fonts, batch, options.threads, progress);
 }
 
 int RunRender(const RenderOptions& options, const std::string& data_folder) {
-  CliSession cli(data_folder);
-  Session& session = cli.session;
-  auto applied = ApplyAssignments(session, options.settings);
-  if (applied) applied = UseCommands(session, options.commands);
+  UnattendedPrompts prompts(false);
+  CliView view;
+  Preferences preferences = CliPreferences(data_folder, prompts);
+  auto applied = ApplyAssignments(preferences, options.settings);
+  if (applied) applied = UseCommands(preferences, options.commands);
   if (!applied) {
     Complain(applied.error().message);
     return kExitUsage;
   }
+  Workspace workspace(CliFolders(data_folder), std::move(preferences), prompts, view, Attendance::Nobody);
   CueBatch batch;
-  const auto rendered = Render(session, options, batch);
+  const auto rendered = Render(workspace, options, batch);
   if (!rendered) {
     Complain(rendered.error().message);
     return rendered.error().kind == ErrorKind::Cancelled ? kExitInterrupted : kExitFailed;
   }
-  const bool whole = !session.tracks.Current().source.problem;  // if not, the view has told
+  const bool whole = !workspace.project.tracks.Current().source.problem;  // if not, the view has told
   const bool listed = options.json ? ListAsJson(options, batch, *rendered) : ListAsText(options, *rendered);
   return listed && whole ? kExitDone : kExitFailed;
 }

@@ -45,6 +45,8 @@ std::optional<FolderLock> LockBriefly(const std::string& folder) {
 
 }  // namespace
 
+std::string TempFolder::FirstOf(const std::string& program_folder) { return FolderName(program_folder, 1); }
+
 Result<TempFolder> TempFolder::Open(const std::string& program_folder) {
   for (int i = 1; i <= kMost; ++i) {
     const std::string path = FolderName(program_folder, i);

@@ -30,6 +30,9 @@ class TempFolder {
   // conversion that nobody waits for has it as long as its script runs.
   static Result<TempFolder> Open(const std::string& program_folder);
 
+  // The folder that a conversion takes if no other has it.
+  static std::string FirstOf(const std::string& program_folder);
+
   // Where the script's output goes; locked by what runs it.
   static constexpr const char* kLogName = "divxmux.log";
 

@@ -4,10 +4,8 @@
 // The two tools that make a film out of bitmaps, and their working copies in the temporary folder.
 #pragma once
 
-#include <functional>
-#include <optional>
-#include <span>
 #include <string>
+#include <vector>
 
 #include "base/result.h"
 #include "pipeline/temp_folder.h"
@@ -19,12 +17,14 @@ enum class Tool { DivXMux, BmpToXSub };
 // "DivXMux.exe" or "bmptoxsub.exe", on every system.
 std::string FileNameOf(Tool tool);
 
-// Gives the path of a tool that is nowhere to be found; nothing when the user gives up.
-using LocateTool = std::function<std::optional<std::string>(Tool)>;
+// Files that may be the tool; the first that exists is taken.
+using ToolPlaces = std::vector<std::string>;
 
-// Copies `tool` into the temporary folder, unless it is there: from the first of `folders` that has it, else from the
-// place that `locate` knows. NotFound when that knows none.
-Result<void> CopyTool(Tool tool, const TempFolder& temp, std::span<const std::string> folders,
-                      const LocateTool& locate);
+// Whether a conversion in `program_folder` would find the tool: in one of its places, or as the copy that an earlier
+// conversion left in the temporary folder.
+bool IsAtHand(Tool tool, const ToolPlaces& places, const std::string& program_folder);
+
+// Copies `tool` into the temporary folder, unless it is there already. NotFound if no place has it.
+Result<void> CopyTool(Tool tool, const TempFolder& temp, const ToolPlaces& places);
 
 }  // namespace captoria

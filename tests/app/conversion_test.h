@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A session with a folder, a small film and tools that only pretend to work.
+// A workspace with a folder, a small film and tools that only pretend to work.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "app/make_divx.h"
-#include "app/session.h"
+#include "app/workspace.h"
 #include "base/path_text.h"
 #include "platform/files.h"
 #include "script/mux_script.h"
@@ -84,6 +84,14 @@ class ConversionTest : public testing::Test {
     return folder_.Put(name, avi_maker::Film(avi_maker::Content(), avi_maker::Headers(streams)));
   }
 
+  // `work` on the same project and settings, with nobody watching.
+  template <typename Work>
+  auto Unattended(const Work& work) {
+    Workspace alone(folders_, workspace_.preferences, prompts_, view_, Attendance::Nobody);
+    alone.project = workspace_.project;
+    return work(alone);
+  }
+
   // A file of the temporary folder.
   static std::string Temporary(const std::string& name) { return JoinPath("data/tmp", name); }
 
@@ -95,8 +103,11 @@ class ConversionTest : public testing::Test {
   QuietView view_;
   FakeScripts scripts_;
   FakeDocuments documents_;
-  Outside outside_{scripts_, documents_};
-  Session session_{{.executable = folder_.File("data"), .data = folder_.File("data")}, prompts_, view_};
+  Outside outside_{.convert = [this](const ConversionPlan& plan,
+                                     const auto& fonts) { return Convert(plan, fonts, scripts_, view_); },
+                   .documents = documents_};
+  const ProgramFolders folders_{.executable = folder_.File("data"), .data = folder_.File("data")};
+  Workspace workspace_{folders_, prompts_, view_};
 };
 
 }  // namespace captoria

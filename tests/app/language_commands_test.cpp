@@ -25,60 +25,60 @@ class LanguageCommands : public testing::Test {
     folder_.Put(name, "<L><Form1_Module s8='" + text + "'/></L>");
   }
 
-  std::string Finished() const { return session_.TextFor(messages::kFinished); }
+  std::string Finished() const { return workspace_.language.TextOf(messages::kFinished); }
 
   ScriptedPrompts prompts_;
   QuietView view_;
   TestFolder folder_;
-  Session session_{{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_};
+  Workspace workspace_{{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_};
 };
 
 TEST_F(LanguageCommands, ThereIsEnglishBeforeTheSettingsLanguage) {
   Put("English.Captoria.exe.xml", "old");
   Put("English.Captoria.exe.xml.New", "new");
   Put("German.Captoria.exe.xml", "fertig");
-  LoadInitialLanguage(session_);
+  LoadInitialLanguage(workspace_);
   EXPECT_EQ(Finished(), "new");
-  session_.settings.Lang = "German";
-  RestoreLanguage(session_);
+  workspace_.preferences.settings.Lang = "German";
+  RestoreLanguage(workspace_);
   EXPECT_EQ(Finished(), "fertig");
-  EXPECT_EQ(session_.LangFile, "German.Captoria.exe");
-  ASSERT_TRUE(session_.Save());
+  EXPECT_EQ(workspace_.language.LangFile, "German.Captoria.exe");
+  ASSERT_TRUE(SaveAll(workspace_.preferences, workspace_.project));
   EXPECT_THAT(folder_.Get("Captoria.ini"), HasSubstr("Lang=German"));
 }
 
 TEST_F(LanguageCommands, ALanguageWhoseFileIsGoneIsEnglishWithoutAWord) {
   for (const char* gone : {"German", "../German", ""}) {
-    session_.settings.Lang = gone;
-    RestoreLanguage(session_);
-    EXPECT_EQ(session_.LangFile, "English.Captoria.exe") << gone;
+    workspace_.preferences.settings.Lang = gone;
+    RestoreLanguage(workspace_);
+    EXPECT_EQ(workspace_.language.LangFile, "English.Captoria.exe") << gone;
     EXPECT_EQ(Finished(), kBuiltIn);
   }
   EXPECT_THAT(view_.warnings, IsEmpty());
-  ASSERT_TRUE(session_.Save());
+  ASSERT_TRUE(SaveAll(workspace_.preferences, workspace_.project));
   EXPECT_THAT(folder_.Get("Captoria.ini"), HasSubstr("Lang=English"));
 }
 
 TEST_F(LanguageCommands, AChoiceWithoutAFileChangesNothing) {
   Put("German.Captoria.exe.xml", "fertig");
-  EXPECT_TRUE(LoadNewLang(session_, "German.Captoria.exe"));
-  EXPECT_FALSE(LoadNewLang(session_, "French.Captoria.exe"));
-  EXPECT_EQ(session_.LangFile, "German.Captoria.exe");
+  EXPECT_TRUE(LoadNewLang(workspace_, "German.Captoria.exe"));
+  EXPECT_FALSE(LoadNewLang(workspace_, "French.Captoria.exe"));
+  EXPECT_EQ(workspace_.language.LangFile, "German.Captoria.exe");
   EXPECT_EQ(Finished(), "fertig");
 }
 
 TEST_F(LanguageCommands, ABrokenFileIsToldOnceAndTheTextsAreTheBuiltInOnes) {
   folder_.Put("English.Captoria.exe.xml", "<L>\n<Form1_Module");
-  LoadInitialLanguage(session_);
-  RestoreLanguage(session_);
+  LoadInitialLanguage(workspace_);
+  RestoreLanguage(workspace_);
   EXPECT_EQ(Finished(), kBuiltIn);
   EXPECT_THAT(view_.warnings, ElementsAre(HasSubstr("English.Captoria.exe.xml: is no language file: line 2: ")));
 }
 
 TEST_F(LanguageCommands, TheCreditKeepsWhatTheFileDoesNotSay) {
   const auto credit = [this](const std::string& attributes) {
-    session_.language = *LanguageDocument::Parse("<L><Private" + attributes + "/></L>");
-    return LanguageCredit(session_, "before");
+    workspace_.language.document = *LanguageDocument::Parse("<L><Private" + attributes + "/></L>");
+    return LanguageCredit(workspace_.language.document, "before");
   };
   EXPECT_EQ(credit(" Creator='Ann' ProgramVersion='3.5.0'"), "Language by Ann (3.5.0)");
   EXPECT_EQ(credit(" Creator=''"), "Language by ");

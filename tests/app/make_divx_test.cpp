@@ -23,11 +23,13 @@ class MakeDivXTest : public ConversionTest {
   void OpenFilm(const std::string& streams = avi_maker::VideoStream() + avi_maker::AudioStream()) {
     film_ = PutFilm("movie.avi", streams);
     folder_.Put("movie.srt", kTwoCues);
-    ASSERT_TRUE(OpenAnAviFile(session_, film_, {}));
+    ASSERT_TRUE(OpenAnAviFile(workspace_, film_, {}));
   }
 
-  Result<MadeDivX> Make(bool is_batch = false, bool keep_temp = false) {
-    return MakeFinalDivX(session_, outside_, {.is_batch = is_batch, .keep_temp = keep_temp});
+  Result<std::string> Make() { return MakeFinalDivX(workspace_, outside_).film; }
+
+  Result<std::string> MakeAlone(bool keep_temp = false) {
+    return Unattended([&](Workspace& alone) { return MakeFinalDivX(alone, outside_, keep_temp).film; });
   }
 
   std::string film_;
@@ -42,42 +44,43 @@ std::string UnknownStream() {
 
 TEST_F(MakeDivXTest, RunsTheScriptTellsAndLeavesTheTemporaryFolderEmpty) {
   OpenFilm();
-  ASSERT_TRUE(session_.Override("RunDivX", "-1"));
+  ASSERT_TRUE(workspace_.preferences.Override("RunDivX", "-1"));
   const auto made = Make();
   ASSERT_TRUE(made) << made.error().message;
-  EXPECT_EQ(made->output, folder_.File("movie.divx"));
+  EXPECT_EQ(*made, folder_.File("movie.divx"));
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Creation Finished!"));
-  EXPECT_THAT(documents_.opened, ElementsAre(made->output));
+  EXPECT_THAT(documents_.opened, ElementsAre(*made));
   EXPECT_THAT(scripts_.scripts.front(),
               HasSubstr("cd \"" + folder_.File("data/tmp") + "\"\r\nbmptoxsub.exe linkerfile0.txt aXsub0.xsub\r\n"));
-  EXPECT_THAT(scripts_.scripts.front(), EndsWith("-o \"" + made->output + "\"\r\npause\r\n"));
+  EXPECT_THAT(scripts_.scripts.front(), EndsWith("-o \"" + *made + "\"\r\npause\r\n"));
   EXPECT_EQ(scripts_.starts.front().show, ShowStyle::Normal);
   EXPECT_THAT(Left(), IsEmpty());
-  EXPECT_EQ(Make()->output, folder_.File("movie_.divx"));
+  EXPECT_EQ(*Make(), folder_.File("movie_.divx"));
 }
 
 TEST_F(MakeDivXTest, UnattendedItWritesNoPauseTellsNothingAndOpensNothing) {
   OpenFilm();
-  ASSERT_TRUE(session_.Override("RunDivX", "-1"));
-  ASSERT_TRUE(session_.Override("WaitToEndDos", "0"));
-  ASSERT_TRUE(session_.Override("deleteTemp", "0"));
-  EXPECT_TRUE(Make(true)->finished);
+  ASSERT_TRUE(workspace_.preferences.Override("RunDivX", "-1"));
+  ASSERT_TRUE(workspace_.preferences.Override("WaitToEndDos", "0"));
+  ASSERT_TRUE(workspace_.preferences.Override("deleteTemp", "0"));
+  EXPECT_TRUE(MakeAlone());
+  EXPECT_FALSE(scripts_.left_running);
   EXPECT_THAT(prompts_.TakeMessages(), IsEmpty());
   EXPECT_THAT(documents_.opened, IsEmpty());
   EXPECT_THAT(scripts_.scripts.front(), Not(HasSubstr("pause")));
   EXPECT_THAT(Left(), IsEmpty());
-  EXPECT_TRUE(Make(true, true));
+  EXPECT_TRUE(MakeAlone(true));
   EXPECT_THAT(Left(), ElementsAre("DivXMux.exe", "bmp00001.bmp", "bmp00002.bmp", "bmptoxsub.exe", "divxmux.bat",
                                   "divxmux.output", "linkerfile0.txt"));
 }
 
 TEST_F(MakeDivXTest, ClosesUpAsTheSettingsSay) {
   OpenFilm();
-  ASSERT_TRUE(session_.Override("deleteTemp", "0"));
-  ASSERT_TRUE(session_.Override("deleteOther", "-1"));
+  ASSERT_TRUE(workspace_.preferences.Override("deleteTemp", "0"));
+  ASSERT_TRUE(workspace_.preferences.Override("deleteOther", "-1"));
   ASSERT_TRUE(Make());
   EXPECT_THAT(Left(), ElementsAre("bmp00001.bmp", "bmp00002.bmp"));
-  ASSERT_TRUE(session_.Override("deleteBmp", "-1"));
+  ASSERT_TRUE(workspace_.preferences.Override("deleteBmp", "-1"));
   ASSERT_TRUE(Make());
   EXPECT_THAT(Left(), IsEmpty());
   prompts_.TakeMessages();
@@ -85,11 +88,9 @@ TEST_F(MakeDivXTest, ClosesUpAsTheSettingsSay) {
 
 TEST_F(MakeDivXTest, WithoutWaitingNothingIsToldOrDeleted) {
   OpenFilm();
-  ASSERT_TRUE(session_.Override("WaitToEndDos", "0"));
-  ASSERT_TRUE(session_.Override("ShowDosCombo", "4"));
-  const auto made = Make();
-  ASSERT_TRUE(made);
-  EXPECT_FALSE(made->finished);
+  ASSERT_TRUE(workspace_.preferences.Override("WaitToEndDos", "0"));
+  ASSERT_TRUE(workspace_.preferences.Override("ShowDosCombo", "4"));
+  ASSERT_TRUE(Make());
   EXPECT_TRUE(scripts_.left_running);
   EXPECT_FALSE(scripts_.starts.front().ends_with_us);
   EXPECT_EQ(scripts_.starts.front().show, ShowStyle::MinimizedNoFocus);
@@ -99,7 +100,7 @@ TEST_F(MakeDivXTest, WithoutWaitingNothingIsToldOrDeleted) {
 
 TEST_F(MakeDivXTest, AToolThatFailsIsToldWithItsLastLinesAlsoWhereAnOldFilmStands) {
   OpenFilm();
-  ASSERT_TRUE(session_.Override("ReplaceDivX", "-1"));
+  ASSERT_TRUE(workspace_.preferences.Override("ReplaceDivX", "-1"));
   folder_.Put("movie.divx", "old");
   scripts_.run = [&](const std::string&) {
     folder_.Put(Temporary("divxmux.log"), "divxmux: the disk is full\n");
@@ -110,34 +111,28 @@ TEST_F(MakeDivXTest, AToolThatFailsIsToldWithItsLastLinesAlsoWhereAnOldFilmStand
   EXPECT_EQ(folder_.Get("movie.divx"), "old");
   EXPECT_THAT(Left(), IsEmpty());
   scripts_.run = [](const std::string&) { return 0; };
-  EXPECT_THAT(Make(true).error().message, EndsWith("the tools left no film behind"));
+  EXPECT_THAT(MakeAlone().error().message, EndsWith("the tools left no film behind"));
   EXPECT_THAT(prompts_.TakeMessages(), IsEmpty());
 }
 
 TEST_F(MakeDivXTest, WhatIsMissingIsToldAlsoUnattended) {
-  EXPECT_FALSE(Make(true));
+  EXPECT_FALSE(MakeAlone());
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Load a valid avi file"));
   film_ = PutFilm("movie.avi");
-  ASSERT_TRUE(OpenAnAviFile(session_, film_, {}));
-  EXPECT_FALSE(Make(true));
+  ASSERT_TRUE(OpenAnAviFile(workspace_, film_, {}));
+  EXPECT_FALSE(MakeAlone());
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Load a subtitle file"));
   EXPECT_FALSE(FolderExists(folder_.File("data/tmp"))) << "nothing was begun";
 }
 
 TEST_F(MakeDivXTest, UnknownStreamsAreLeftOutOnlyWhenTheUserAgrees) {
   film_ = PutFilm("movie.avi", avi_maker::VideoStream() + UnknownStream());
-  ASSERT_TRUE(OpenAnAviFile(session_, film_, {}));
+  ASSERT_TRUE(OpenAnAviFile(workspace_, film_, {}));
   prompts_.Expect(kUnknownStreams, false);
-  EXPECT_FALSE(Make(true));
+  EXPECT_FALSE(MakeAlone());
   EXPECT_FALSE(FolderExists(folder_.File("data/tmp")));
-  // Without subtitles it is asked before anything is done, and once more before the script is written.
   prompts_.Expect(kUnknownStreams, true);
-  prompts_.Expect(kUnknownStreams, false);
-  EXPECT_FALSE(Make(true));
-  EXPECT_THAT(scripts_.scripts, IsEmpty());
-  prompts_.Expect(kUnknownStreams, true);
-  prompts_.Expect(kUnknownStreams, true);
-  ASSERT_TRUE(Make(true));
+  ASSERT_TRUE(MakeAlone());
   EXPECT_THAT(scripts_.scripts.front(), HasSubstr("divxmux.exe -v () \"" + film_ + "\" -o "));
 }
 
@@ -148,24 +143,25 @@ TEST_F(MakeDivXTest, AMissingToolIsAskedForUntilItIsThere) {
   prompts_.Expect(question, std::optional<std::string>{" "});
   prompts_.Expect(question, std::optional<std::string>{folder_.File("none")});
   prompts_.Expect(question, std::optional<std::string>{});
-  EXPECT_EQ(Make(true).error().kind, ErrorKind::NotFound);
+  EXPECT_EQ(Make().error().kind, ErrorKind::NotFound);
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Please set a path", "Please set a valid path"));
   EXPECT_THAT(scripts_.scripts, IsEmpty());
   prompts_.Expect(question, std::optional<std::string>{" " + folder_.Put("mine", "tool") + " "});
-  EXPECT_TRUE(Make(true));
+  EXPECT_TRUE(Make());
   EXPECT_THAT(folder_.Get("data/Captoria.ini"), HasSubstr("bmpToxSubPath=" + folder_.File("mine") + "\r\n"));
-  EXPECT_TRUE(Make(true)) << "asked once and for all";
+  EXPECT_TRUE(Make()) << "asked once and for all";
 
-  ASSERT_TRUE(session_.Override("bmpToxSubPath", ""));
-  ASSERT_TRUE(session_.Override("UseBmpToXSub", "0"));
-  EXPECT_TRUE(Make(true)) << "nobody needs it";
+  ASSERT_TRUE(workspace_.preferences.Override("bmpToxSubPath", ""));
+  ASSERT_TRUE(workspace_.preferences.Override("UseBmpToXSub", "0"));
+  EXPECT_TRUE(Make()) << "nobody needs it";
+  prompts_.TakeMessages();
 }
 
 TEST_F(MakeDivXTest, StoppingLeavesNothing) {
   OpenFilm();
   for (const Work stopped : {Work::Bitmaps, Work::Film}) {
     view_.goes_on = [stopped](Work work) { return work != stopped; };
-    EXPECT_EQ(Make(true).error().kind, ErrorKind::Cancelled);
+    EXPECT_EQ(MakeAlone().error().kind, ErrorKind::Cancelled);
     EXPECT_THAT(Left(), IsEmpty());
     EXPECT_FALSE(FileExists(folder_.File("movie.divx")));
   }
@@ -173,8 +169,8 @@ TEST_F(MakeDivXTest, StoppingLeavesNothing) {
 
 TEST_F(MakeDivXTest, TheListIsWrittenForTheMuxersFrameAndAForcedHeight) {
   OpenFilm();
-  ASSERT_TRUE(session_.Override("UseBmpToXSub", "0"));
-  ASSERT_TRUE(session_.Override("ForceVideoHeight", "400"));
+  ASSERT_TRUE(workspace_.preferences.Override("UseBmpToXSub", "0"));
+  ASSERT_TRUE(workspace_.preferences.Override("ForceVideoHeight", "400"));
   std::string list;
   scripts_.run = [&](const std::string& output) {
     list = folder_.Get(Temporary("linkerfile0.txt"));
@@ -182,12 +178,12 @@ TEST_F(MakeDivXTest, TheListIsWrittenForTheMuxersFrameAndAForcedHeight) {
     return 0;
   };
   const auto top = [&] {
-    EXPECT_TRUE(Make(true));
+    EXPECT_TRUE(MakeAlone());
     const auto at = list.find("bmp00001.bmp (");
     return std::stoi(list.substr(at + 18, 3));
   };
   const int forced = top();
-  ASSERT_TRUE(session_.Override("ForceVideoHeight", "0"));
+  ASSERT_TRUE(workspace_.preferences.Override("ForceVideoHeight", "0"));
   std::filesystem::remove(folder_.File("movie.divx"));
   EXPECT_EQ(top() - forced, 576 - 400);
 }
@@ -195,8 +191,8 @@ TEST_F(MakeDivXTest, TheListIsWrittenForTheMuxersFrameAndAForcedHeight) {
 TEST_F(MakeDivXTest, NamesThatCannotBePassedOnAreRefusedBeforeAnythingIsDone) {
   film_ = PutFilm("a \"quoted\" name.avi");
   folder_.Put("a \"quoted\" name.srt", kTwoCues);
-  ASSERT_TRUE(OpenAnAviFile(session_, film_, {}));
-  EXPECT_THAT(Make(true).error().message, HasSubstr("rename it"));
+  ASSERT_TRUE(OpenAnAviFile(workspace_, film_, {}));
+  EXPECT_THAT(MakeAlone().error().message, HasSubstr("rename it"));
   EXPECT_THAT(Left(), IsEmpty());
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "app/options_commands.h"
+#include "app/workspace.h"
 
 #include <gmock/gmock.h>
 
@@ -19,81 +20,42 @@ using testing::Not;
 
 class OptionsCommands : public testing::Test {
  protected:
-  Session Start() { return {{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_}; }
-
-  std::string File() const { return folder_.Get("Captoria.ini"); }
+  Workspace Start() { return {{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_}; }
 
   ScriptedPrompts prompts_;
   QuietView view_;
   TestFolder folder_;
 };
 
-TEST_F(OptionsCommands, TheirKeysAreWrittenInTheirOrderAndNoOthers) {
-  Session session = Start();
-  EXPECT_TRUE(ApplyOptions(session, session.settings, {}).saved);
-  std::vector<std::string> keys;
-  const auto document = IniDocument::Parse(File());
-  for (const IniEntry& entry : document->Entries(kSettingsSection)) keys.push_back(entry.key);
-  EXPECT_THAT(keys, ElementsAre("ReplaceDivX", "UseBmpToXSub", "BatchToRun", "deleteTemp", "deleteBmp", "deleteOther",
-                                "UnLoadSrt", "LoadSrtAuto", "LoadSrtAutoFolder", "LoadSrtAutoFolderText", "LoadAviAuto",
-                                "LoadAviAutoFolder", "LoadAviAutoFolderText", "BackColor", "ShowDos", "ShowDosPause",
-                                "WaitToEndDos", "ShowDosCombo", "RunDivX", "AutoShowAviInfo", "FrameForPreview",
-                                "ForceVideoHeight", "UsePalMode1", "LoadSubManyTimes"));
-}
-
 TEST_F(OptionsCommands, OnlyOptionsAreTaken) {
-  Session session = Start();
-  Settings edited = session.settings;
+  Workspace workspace = Start();
+  Settings edited = workspace.preferences.settings;
   edited.RunDivX = true;
   edited.Lang = "Greek";
   edited.MainWidth = 1;
-  const OptionsEffect effect = ApplyOptions(session, edited, {});
-  EXPECT_TRUE(session.settings.RunDivX);
-  EXPECT_EQ(session.settings.Lang, "English");
-  EXPECT_EQ(session.settings.MainWidth, 9000);
+  const OptionsEffect effect = ApplyOptions(workspace.preferences, workspace.project, edited, {});
+  EXPECT_TRUE(workspace.preferences.settings.RunDivX);
+  EXPECT_EQ(workspace.preferences.settings.Lang, "English");
+  EXPECT_EQ(workspace.preferences.settings.MainWidth, 9000);
   EXPECT_FALSE(effect.frame_changed || effect.back_color_or_width_changed || effect.list_fonts_changed);
 }
 
-TEST_F(OptionsCommands, TellsWhatOnScreenIsAnother) {
-  Session session = Start();
-  Settings edited = session.settings;
+TEST_F(OptionsCommands, SaysWhatChangesOnScreen) {
+  Workspace workspace = Start();
+  Settings edited = workspace.preferences.settings;
   edited.FrameForPreview = 51;
-  EXPECT_TRUE(ApplyOptions(session, edited, {}).frame_changed);
+  EXPECT_TRUE(ApplyOptions(workspace.preferences, workspace.project, edited, {}).frame_changed);
   edited.BackColor = 0;
-  EXPECT_TRUE(ApplyOptions(session, edited, {}).back_color_or_width_changed);
+  EXPECT_TRUE(ApplyOptions(workspace.preferences, workspace.project, edited, {}).back_color_or_width_changed);
   edited.UseBmpToXSub = false;
-  EXPECT_TRUE(ApplyOptions(session, edited, {}).back_color_or_width_changed);
+  EXPECT_TRUE(ApplyOptions(workspace.preferences, workspace.project, edited, {}).back_color_or_width_changed);
   ListFonts fonts;
   fonts[1] = Font{.name = "Nobody's"};
-  EXPECT_FALSE(ApplyOptions(session, edited, fonts).list_fonts_changed) << "there is one track";
+  EXPECT_FALSE(ApplyOptions(workspace.preferences, workspace.project, edited, fonts).list_fonts_changed)
+      << "there is one track";
   fonts[0] = Font{.name = "DejaVu Sans", .size = 11};
-  EXPECT_TRUE(ApplyOptions(session, edited, fonts).list_fonts_changed);
-  EXPECT_EQ(ListFontOf(session, 0).name, "DejaVu Sans");
-}
-
-TEST_F(OptionsCommands, ASessionThatDoesNotRememberWritesNothing) {
-  Session session = Start();
-  session.remembers = false;
-  Settings edited = session.settings;
-  edited.RunDivX = true;
-  EXPECT_TRUE(ApplyOptions(session, edited, {}).saved);
-  EXPECT_TRUE(session.StoreListFont(4, {.name = "DejaVu Sans", .size = 11}));
-  EXPECT_EQ(File(), "");
-  ASSERT_TRUE(session.Override("VertPos0", "60"));
-  EXPECT_TRUE(session.settings.RunDivX) << "it holds in this session all the same";
-}
-
-TEST_F(OptionsCommands, OptionsHoldAlsoWhenTheyCannotBeWritten) {
-  Session session = Start();
-  Settings edited = session.settings;
-  edited.RunDivX = true;
-  edited.BatchToRun = "two\nlines";
-  const OptionsEffect effect = ApplyOptions(session, edited, {});
-  ASSERT_FALSE(effect.saved);
-  EXPECT_THAT(effect.saved.error().message, HasSubstr("BatchToRun"));
-  EXPECT_TRUE(session.settings.RunDivX);
-  EXPECT_THAT(File(), HasSubstr("RunDivX=-1"));
-  EXPECT_THAT(File(), Not(HasSubstr("two")));
+  EXPECT_TRUE(ApplyOptions(workspace.preferences, workspace.project, edited, fonts).list_fonts_changed);
+  EXPECT_EQ(ListFontOf(workspace.preferences, workspace.project, 0).name, "DejaVu Sans");
 }
 
 }  // namespace

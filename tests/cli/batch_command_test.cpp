@@ -60,7 +60,7 @@ TEST_F(BatchCommand, TakesTheOptionsOfConvert) {
     arguments.insert(arguments.end(), more.begin(), more.end());
     const auto run = Batch(list, arguments);
     EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(nlohmann::json::parse(run.out).at(0)["video"], folder_.File("a.avi"));
+    EXPECT_EQ(nlohmann::json::parse(run.out)["video"], folder_.File("a.avi"));
     const auto placed = ReadConverterList(JoinPath(folder_.File("data/tmp"), "linkerfile0.txt"));
     EXPECT_TRUE(placed) << placed.error().message;
     return placed ? placed->cues.at(0).y : 0;

@@ -43,6 +43,13 @@ Words Output(const std::string& command) {
   return lines;
 }
 
+std::vector<nlohmann::json> JsonLines(const std::string& text) {
+  std::vector<nlohmann::json> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) lines.push_back(nlohmann::json::parse(line));
+  return lines;
+}
+
 class ConvertCommand : public testing::Test {
  protected:
   ConvertCommand() {
@@ -181,7 +188,7 @@ TEST_F(ConvertCommand, AFolderOfVideosGivesTheReportOfItsFailures) {
   const auto run = Convert(arguments);
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, folder_.File("good.divx") + "\n" + folder_.File("last.divx") + "\n");
-  EXPECT_THAT(run.err, HasSubstr("faulty.srt: line 2: "));
+  EXPECT_THAT(run.err, HasSubstr("faulty.srt, line 2: "));
   EXPECT_THAT(run.err, HasSubstr("broken.avi: "));
   EXPECT_THAT(run.err,
               testing::EndsWith("Can not find any subtitles for \"" + videos[1] + "\"\nConvert failed with file \"" +
@@ -189,11 +196,47 @@ TEST_F(ConvertCommand, AFolderOfVideosGivesTheReportOfItsFailures) {
                                 "\"\nCan not find any subtitles for \"" + videos[4] + "\"\n"));
   arguments.push_back("--json");
   arguments.push_back("--quiet");
-  const auto json = nlohmann::json::parse(Convert(arguments).out);
+  const auto json = JsonLines(Convert(arguments).out);
   ASSERT_EQ(json.size(), 6u);
-  EXPECT_EQ(json[0]["output"], folder_.File("good_.divx"));
-  EXPECT_TRUE(json[3]["output"].is_null());
-  EXPECT_THAT(json[3]["error"], HasSubstr("broken"));
+  EXPECT_EQ(json[0]["result"], folder_.File("good_.divx"));
+  EXPECT_EQ(json[0]["status"], "made");
+  EXPECT_EQ(json[0]["subtitles"][0]["cues"], 2);
+  EXPECT_EQ(json[2]["warnings"][0]["kind"], "reading-stopped");
+  EXPECT_EQ(json[2]["warnings"][0]["line"], 2);
+  EXPECT_EQ(json[2]["subtitles"][0]["problem"]["line"], 2);
+  EXPECT_TRUE(json[3]["result"].is_null());
+  EXPECT_THAT(std::string{json[3]["error"]["message"]}, HasSubstr("broken"));
+  EXPECT_EQ(json[4]["error"]["kind"], "not-found");
+}
+
+// A list of bitmaps gets a warning from the converter when cues are cut, and the muxer knows more.
+TEST_F(ConvertCommand, WhatTheToolsNoticeReachesTheUser) {
+  const std::string film = Film("Last Warning: Part 2",
+                                "1\n00:00:00,200 --> 00:00:01,700\nHello\n\n2\n"
+                                "00:00:01,040 --> 00:00:01,960\nBye\n");
+  const auto run = Convert({film, "--json"});
+  const auto json = JsonLines(run.out);
+  ASSERT_EQ(json.size(), 1u) << run.err;
+  ASSERT_EQ(json[0]["warnings"].size(), 1u) << run.out;
+  EXPECT_EQ(json[0]["warnings"][0]["kind"], "subtitle-changed");
+  EXPECT_THAT(run.err, HasSubstr("captoria-cli: warning: "));
+}
+
+TEST_F(ConvertCommand, ADryRunShowsThePlanAndMakesNothing) {
+  const std::string film = Film("a \xE9");
+  folder_.Put("a \xE9.idx.srt", kCues);
+  const auto text = Convert({film, "--dry-run", "--set", "VertPos0=77"});
+  EXPECT_EQ(text.status, 0) << text.err;
+  EXPECT_THAT(text.out, HasSubstr("becomes " + folder_.File("a \xE9.divx") + "\n"));
+  EXPECT_THAT(text.out, HasSubstr("a \xE9.srt: UTF-8, 2 cues, en ENGLISH, "));
+  const auto json = JsonLines(Convert({film, "--dry-run", "--json", "--set", "VertPos0=77"}).out);
+  ASSERT_EQ(json.size(), 1u);
+  EXPECT_EQ(json[0]["status"], "planned");
+  EXPECT_EQ(json[0]["result"], "file://" + folder_.File("a%20%E9.divx")) << "a path that is not UTF-8";
+  EXPECT_EQ(json[0]["subtitles"][0]["style"]["vertical"], 77);
+  EXPECT_EQ(json[0]["streams"][1]["kept"], true);
+  EXPECT_FALSE(FileExists(folder_.File("a \xE9.divx")));
+  EXPECT_FALSE(FolderExists(folder_.File("data")));
 }
 
 TEST_F(ConvertCommand, OddNamesWorkOrAreRefusedBeforeAnythingIsWritten) {

@@ -57,7 +57,7 @@ TEST_F(CuesCommand, AFaultListsTheCuesKeptNamesTheLineAndFails) {
   const std::string file = folder_.Put("a.srt", std::string{kTwoCues} + "\n3\n00:00:05 --> 00:00:06\nd\n");
   const auto run = Cues({file, "--json"});
   EXPECT_EQ(run.status, 1);
-  EXPECT_THAT(run.err, StartsWith("captoria-cli: warning: " + file + ": line 11: "));
+  EXPECT_THAT(run.err, StartsWith("captoria-cli: warning: " + file + ", line 11: "));
   const Json listed = Json::parse(run.out);
   EXPECT_EQ(listed["cues"].size(), 1u);
   EXPECT_EQ(listed["problem"]["line"], 11);
@@ -103,7 +103,8 @@ TEST_F(CuesCommand, RunsTheCommandsOfTheSettingsOrOfTheCommandLineInstead) {
 
   const auto faulty = Cues({file, "--commands", folder_.Put("faulty.cbx", "\nselect 1")});
   EXPECT_EQ(faulty.status, 0);
-  EXPECT_EQ(faulty.err, "captoria-cli: warning: " + folder_.File("faulty.cbx") + ": Error in batch at line 2\n");
+  EXPECT_EQ(faulty.err, "captoria-cli: warning: " + folder_.File("faulty.cbx") +
+                            ", line 2: the command is not understood and was skipped\n");
   for (const std::string& useless : {folder_.File("none.cbx"), folder_.Put("large.cbx", std::string(10 << 20, ','))}) {
     const auto refused = Cues({file, "--commands", useless});
     EXPECT_EQ(refused.status, 2);

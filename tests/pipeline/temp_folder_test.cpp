@@ -86,34 +86,25 @@ INSTANTIATE_TEST_SUITE_P(
                     Cleaned{"Nothing", {.everything = false}, {".hidden", "B.BMP", "bmp00001.bmp", "linkerfile0.txt"}}),
     [](const auto& row) { return std::string{row.param.name}; });
 
-TEST(CopyTool, TakesTheFirstThatIsThere) {
+TEST(CopyTool, TakesTheFirstThatExists) {
   const TestFolder program;
   const auto temp = TempFolder::Open(program.Path());
   ASSERT_TRUE(CreateFolder(program.File("bin")));
-  const std::string elsewhere = program.Put("my muxer", "mine");
-  int asked = 0;
-  const auto locate = [&](Tool) {
-    ++asked;
-    return std::optional{elsewhere};
-  };
-  const std::vector<std::string> folders{program.Path(), program.File("bin")};
+  const ToolPlaces places{program.File("DivXMux.exe"), program.File("bin/DivXMux.exe"), program.Put("mine", "mine")};
   const auto copied = [&] {
-    EXPECT_TRUE(CopyTool(Tool::DivXMux, *temp, folders, locate));
+    EXPECT_TRUE(CopyTool(Tool::DivXMux, *temp, places));
     return program.Get("tmp/DivXMux.exe");
   };
+  EXPECT_TRUE(IsAtHand(Tool::DivXMux, places, program.Path()));
   EXPECT_EQ(copied(), "mine");
-  EXPECT_EQ(asked, 1);
   program.Put("DivXMux.exe", "first");
   program.Put("bin/DivXMux.exe", "second");
   EXPECT_EQ(copied(), "mine") << "a working copy stays";
+  EXPECT_TRUE(IsAtHand(Tool::DivXMux, {}, program.Path())) << "and is enough";
   temp->Clean({});
   EXPECT_EQ(copied(), "first");
-  temp->Clean({});
-  std::filesystem::remove(program.File("DivXMux.exe"));
-  EXPECT_EQ(copied(), "second");
-  EXPECT_EQ(asked, 1);
-  const auto given_up = CopyTool(Tool::BmpToXSub, *temp, folders, [](Tool) { return std::optional<std::string>{}; });
-  EXPECT_EQ(given_up.error().kind, ErrorKind::NotFound);
+  EXPECT_FALSE(IsAtHand(Tool::BmpToXSub, {""}, program.Path()));
+  EXPECT_EQ(CopyTool(Tool::BmpToXSub, *temp, {""}).error().kind, ErrorKind::NotFound);
 }
 
 }  // namespace

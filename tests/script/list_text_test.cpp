@@ -39,7 +39,7 @@ TEST(ListText, LinesArePaddedAndTimesGetAPoint) {
 TEST(ListText, IsReadBackAsItWasWritten) {
   const ListEntry cue{"bmp00001.bmp", "00:00:01,000", "00:00:03,500", 412, 62, 5, 469};
   for (const ListForm form : {ListForm::Converter, ListForm::Mux}) {
-    const std::string text = ListHeader(form, kColors, "PAL") + ListLine(form, cue);
+    const std::string text = ListHeader(form, kColors, VideoSystem::Pal) + ListLine(form, cue);
     const auto list = form == ListForm::Mux ? ParseMuxList(text, "a") : ParseConverterList(text, "a");
     ASSERT_TRUE(list) << list.error().message;
     const ListedCue& read = list->cues.at(0);

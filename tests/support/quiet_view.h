@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A session's view that remembers what it was told, and stops work when a test wants it.
+// A view that remembers what it was shown, and stops work when a test wants it.
 #pragma once
 
 #include <functional>
@@ -10,13 +10,14 @@
 #include <utility>
 #include <vector>
 
-#include "app/session_view.h"
+#include "app/workspace_view.h"
+#include "pipeline/conversion.h"
 
 namespace captoria {
 
-class QuietView final : public SessionView {
+class QuietView final : public WorkspaceView, public WorkMonitor {
  public:
-  void Warn(const std::string& text) override { warnings.push_back(text); }
+  void ShowFinding(const Finding& finding) override { warnings.push_back(Describe(finding)); }
 
   void ShowCommandsRun(const std::string& file_name, std::size_t selected) override {
     commands_run.push_back(file_name + ": " + std::to_string(selected));

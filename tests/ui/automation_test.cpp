@@ -65,7 +65,7 @@ class Automation : public MainWindow {
   }
 
   void ConvertList(const std::vector<std::string>& films) {
-    session_->settings.ShowDos = false;
+    workspace_->preferences.settings.ShowDos = false;
     prompts_.Expect("Batch convert", films);
     InDialog<frmBatch>([](frmBatch& dialog) {
       dialog.findChild<QPushButton*>("Command1")->click();
@@ -90,7 +90,7 @@ TEST_F(Automation, TheMenuHoldsTheCommandFilesOfTheProgramsFolder) {
   EXPECT_EQ(Status("lblStatus"), "Batch commands executed in file b.cbx");
   EXPECT_EQ(Status("lblStatus3"), "2 subtitle(s) selected");
   EXPECT_EQ(list->selectionModel()->selectedRows().size(), 2);
-  EXPECT_EQ(session_->tracks.Current().cues[0].Tag, "|33r");
+  EXPECT_EQ(workspace_->project.tracks.Current().cues[0].Tag, "|33r");
   EXPECT_EQ(Part<QSlider>("sldVertPos")->value(), 33) << "the current cue is shown as it is now";
   EXPECT_TRUE(Part<QLabel>("lblOwnAlign")->isVisible());
 
@@ -100,10 +100,11 @@ TEST_F(Automation, TheMenuHoldsTheCommandFilesOfTheProgramsFolder) {
 }
 
 TEST_F(Automation, TheCommandsOfTheSettingsRunAfterEveryLoad) {
-  session_->settings.BatchToRun = folder_.Put("any.cbx", "Select , \"hello\", \"\"\r\nPosAlignment , l\r\n");
+  workspace_->preferences.settings.BatchToRun =
+      folder_.Put("any.cbx", "Select , \"hello\", \"\"\r\nPosAlignment , l\r\n");
   OpenFilm();
   prompts_.TakeMessages();
-  EXPECT_EQ(session_->tracks.Current().cues[0].Tag, "|l");
+  EXPECT_EQ(workspace_->project.tracks.Current().cues[0].Tag, "|l");
   EXPECT_EQ(Status("lblStatus3"), "1 subtitle(s) selected");
   EXPECT_EQ(Status("lblStatus"), "Batch commands executed in file any.cbx");
 }
@@ -126,7 +127,7 @@ TEST_F(Automation, APlacementIsChosenWhileTheCueIsLookedAt) {
     dialog.accept();
   });
   Choose("mnuSetPosAlign");
-  for (const SubtitleCue& cue : session_->tracks.Current().cues) EXPECT_THAT(cue.Tag, HasSubstr("|l"));
+  for (const SubtitleCue& cue : workspace_->project.tracks.Current().cues) EXPECT_THAT(cue.Tag, HasSubstr("|l"));
   EXPECT_TRUE(Part<QLabel>("lblOwnAlign")->isVisible());
 }
 
@@ -138,8 +139,8 @@ TEST_F(Automation, AListOfVideosGivesTheReportOfTheCommandLine) {
   ConvertList(films);
   const auto report = prompts_.TakeMessages();
   ASSERT_EQ(report.size(), 1U);
-  EXPECT_EQ(session_->tracks.Count(), 1);
-  EXPECT_EQ(session_->video.AviPath, films.back());
+  EXPECT_EQ(workspace_->project.tracks.Count(), 1);
+  EXPECT_EQ(workspace_->project.video.AviPath, films.back());
   std::vector<std::string> made;
   for (const std::string& film : films) {
     const std::string output = film.substr(0, film.size() - 4) + ".divx";

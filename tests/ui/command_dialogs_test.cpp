@@ -29,10 +29,10 @@ class CommandDialogs : public testing::Test {
                                          "1\n00:00:01,000 --> 00:00:02,000\n-Why!?\n-No!?\n\n"
                                          "2\n00:00:03,000 --> 00:00:04,000\nAbcdef\n\n"
                                          "3\n00:00:05,000 --> 00:00:06,000\n-One\ntwo\n");
-    EXPECT_TRUE(LoadFileToList(session_, file, {.is_batch = true, .encoding{}, .measure = false}));
+    EXPECT_TRUE(LoadFileToList(workspace_, file, {.encoding{}, .measure = false}));
   }
 
-  std::vector<SubtitleCue>& Cues() { return session_.tracks.Current().cues; }
+  std::vector<SubtitleCue>& Cues() { return workspace_.project.tracks.Current().cues; }
 
   std::vector<std::string> Tags() {
     std::vector<std::string> tags;
@@ -48,7 +48,7 @@ class CommandDialogs : public testing::Test {
   TestFolder folder_;
   ScriptedPrompts prompts_;
   QuietView view_;
-  Session session_{{.executable = CAPTORIA_BIN, .data = folder_.File("data")}, prompts_, view_};
+  Workspace workspace_{{.executable = CAPTORIA_BIN, .data = folder_.File("data")}, prompts_, view_};
 };
 
 struct Shape {
@@ -82,7 +82,7 @@ class SelectDialog : public CommandDialogs, public testing::WithParamInterface<S
 
 TEST_P(SelectDialog, SelectsAndComposesTheSame) {
   Select({true, true, true});
-  frmSelectSubs apply(session_, CommandMode::Apply, nullptr);
+  frmSelectSubs apply(workspace_, CommandMode::Apply, nullptr);
   Fill(apply);
   std::vector<bool> selected;
   for (const SubtitleCue& cue : Cues()) selected.push_back(cue.Selected);
@@ -91,7 +91,7 @@ TEST_P(SelectDialog, SelectsAndComposesTheSame) {
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre(std::to_string(count) + " subtitles selected"));
   EXPECT_EQ(apply.ComposedCommand(), std::nullopt);
 
-  frmSelectSubs compose(session_, CommandMode::ComposeOnly, nullptr);
+  frmSelectSubs compose(workspace_, CommandMode::ComposeOnly, nullptr);
   Fill(compose);
   EXPECT_EQ(compose.ComposedCommand(), GetParam().command);
   EXPECT_THAT(prompts_.TakeMessages(), IsEmpty());
@@ -109,7 +109,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return std::string{row.param.name}; });
 
 TEST_F(CommandDialogs, SelectingWantsACondition) {
-  frmSelectSubs dialog(session_, CommandMode::ComposeOnly, nullptr);
+  frmSelectSubs dialog(workspace_, CommandMode::ComposeOnly, nullptr);
   dialog.show();
   dialog.accept();
   EXPECT_TRUE(dialog.isVisible());
@@ -128,9 +128,9 @@ struct Start {
 class PositionDialog : public CommandDialogs, public testing::WithParamInterface<Start> {};
 
 TEST_P(PositionDialog, BeginsWithWhatTheCueHas) {
-  session_.tracks.Current().style.InAlign = Alignment::Left;
+  workspace_.project.tracks.Current().style.InAlign = Alignment::Left;
   Cues()[0].Tag = GetParam().tag;
-  const Form3 dialog(session_, CommandMode::Apply, {&Cues()[0], 40, 500}, nullptr);
+  const Form3 dialog(workspace_, CommandMode::Apply, {&Cues()[0], 40, 500}, nullptr);
   EXPECT_EQ(dialog.findChild<QSlider*>("Slider1")->value(), GetParam().position);
   EXPECT_EQ(dialog.findChild<QLabel*>("lblPos")->text(), QString::number(GetParam().position));
   EXPECT_TRUE(dialog.findChild<QRadioButton*>(GetParam().option)->isChecked());
@@ -150,7 +150,7 @@ TEST_F(CommandDialogs, APlacementIsSeenAtOnceAndUndoneByCancel) {
   Cues()[1].Tag = "18|40l";
   Select({true, false, true});
   int seen = 0;
-  Form3 dialog(session_, CommandMode::Apply, {&Cues()[1], 40, 500}, nullptr);
+  Form3 dialog(workspace_, CommandMode::Apply, {&Cues()[1], 40, 500}, nullptr);
   QObject::connect(&dialog, &Form3::Previewed, [&] { ++seen; });
   dialog.show();
   dialog.findChild<QSlider*>("Slider1")->setValue(77);
@@ -166,7 +166,7 @@ TEST_F(CommandDialogs, APlacementGoesToTheSelectedCues) {
   Cues()[1].Tag = "18|40l";
   Cues()[2].Tag = "12|9c";
   Select({true, false, true});
-  Form3 dialog(session_, CommandMode::Apply, {&Cues()[1], 40, 500}, nullptr);
+  Form3 dialog(workspace_, CommandMode::Apply, {&Cues()[1], 40, 500}, nullptr);
   dialog.show();
   dialog.accept();
   EXPECT_TRUE(dialog.isVisible());
@@ -175,7 +175,7 @@ TEST_F(CommandDialogs, APlacementGoesToTheSelectedCues) {
   dialog.accept();
   EXPECT_THAT(Tags(), ElementsAre("|r", "18|40l", "12|r")) << "the current cue is not selected";
 
-  Form3 compose(session_, CommandMode::ComposeOnly, {&Cues()[1], 40, 500}, nullptr);
+  Form3 compose(workspace_, CommandMode::ComposeOnly, {&Cues()[1], 40, 500}, nullptr);
   compose.findChild<QRadioButton*>("Option1")->click();
   compose.findChild<QSlider*>("Slider1")->setValue(0);
   EXPECT_EQ(Cues()[1].Tag, "18|40l");

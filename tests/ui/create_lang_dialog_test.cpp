@@ -44,7 +44,7 @@ class CreateLangDialog : public testing::Test {
   void Open() {
     folder_.Put(std::string("program/") + kEnglishFile, kOriginal);
     folder_.Put(std::string("program/") + kGermanFile, kOld);
-    dialog_.emplace(session_, "3.5.0", nullptr);
+    dialog_.emplace(workspace_, "3.5.0", nullptr);
     QObject::connect(&*dialog_, &frmCreateLang::Saved, [this](const std::string& base) { told_.push_back(base); });
     dialog_->show();
   }
@@ -108,7 +108,7 @@ class CreateLangDialog : public testing::Test {
   TestFolder folder_;
   ScriptedPrompts prompts_;
   QuietView view_;
-  Session session_{{.executable = folder_.File("program"), .data = folder_.File("data")}, prompts_, view_};
+  Workspace workspace_{{.executable = folder_.File("program"), .data = folder_.File("data")}, prompts_, view_};
   std::optional<frmCreateLang> dialog_;
 };
 
@@ -174,7 +174,7 @@ TEST_F(CreateLangDialog, RefusesNames) {
 TEST_F(CreateLangDialog, KeepsWhatIsLoadedWhenAnotherFileIsRefused) {
   Open();
   const std::string broken = folder_.Put("program/Broken.Captoria.exe.xml", "<a>\n<b>\n");
-  dialog_.emplace(session_, "3.5.0", nullptr);
+  dialog_.emplace(workspace_, "3.5.0", nullptr);
   Choose("Combo2", kGermanFile);
   Choose("Combo2", kEnglishFile);
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Can not load the same file as the original one"));
@@ -281,7 +281,7 @@ TEST_F(CreateLangDialog, SelectsTheOriginalOfATranslation) {
 }
 
 TEST_F(CreateLangDialog, SavesCreatorAndVersion) {
-  session_.LangFile = "German.Captoria.exe";
+  workspace_.language.LangFile = "German.Captoria.exe";
   Open();
   Choose("Combo2", kGermanFile);
   const auto color = [this](const char* label) { return Find<QLabel>(label).palette().color(QPalette::WindowText); };

@@ -166,9 +166,9 @@ class ToolQuestion : public Dialogs, public testing::WithParamInterface<AskedToo
 
 TEST_P(ToolQuestion, IsLeftWithAFileOrNotAtAll) {
   QuietView view;
-  Session session({.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view);
+  Workspace workspace({.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view);
   const std::string file = folder_.Put(GetParam().name, "");
-  AskForToolDialog dialog(session, GetParam().tool, opener_, nullptr);
+  AskForToolDialog dialog(workspace, GetParam().tool, opener_, nullptr);
   dialog.show();
   EXPECT_EQ(dialog.objectName().toStdString(), std::string("frmAskFor") + GetParam().key);
   EXPECT_EQ(dialog.findChild<QLabel*>("Label1")->text().toStdString(), GetParam().question);
@@ -195,9 +195,9 @@ TEST_P(ToolQuestion, IsLeftWithAFileOrNotAtAll) {
 
 TEST_P(ToolQuestion, CancelGivesNoPath) {
   QuietView view;
-  Session session({.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view);
+  Workspace workspace({.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view);
   Next<AskForToolDialog>([](auto& dialog) { dialog.template findChild<QPushButton*>("CancelButton")->click(); });
-  EXPECT_EQ(AskForToolDialog::Ask(session, GetParam().tool, nullptr), std::nullopt);
+  EXPECT_FALSE(AskForToolDialog::Ask(workspace, GetParam().tool, nullptr));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -210,8 +210,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(Dialogs, AddressesThatALanguageBringsAreShownAndOpened) {
   QuietView view;
-  Session session({.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view);
-  AskForToolDialog dialog(session, Tool::DivXMux, opener_, nullptr);
+  Workspace workspace({.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view);
+  AskForToolDialog dialog(workspace, Tool::DivXMux, opener_, nullptr);
   dialog.findChild<QLabel*>("Label5")->setText("bad:address");
   dialog.show();
   EXPECT_FALSE(dialog.findChild<QLabel*>("Label2")->isVisible());

@@ -52,9 +52,9 @@ TEST_F(LanguagesOfTheWindow, EveryTextChangesAndNothingIsLost) {
   Part<QTabBar>("TabStrip1")->setCurrentIndex(1);
   auto* list = Part<QTreeView>("ListView1");
   list->selectAll();
-  session_->tracks.Current().style.VertPos = 77;
+  workspace_->project.tracks.Current().style.VertPos = 77;
   Entry("German")->trigger();
-  EXPECT_EQ(session_->LangFile, "German.Captoria.exe");
+  EXPECT_EQ(workspace_->language.LangFile, "German.Captoria.exe");
   EXPECT_TRUE(Entry("German")->isChecked());
 
   const auto german = LanguageDocument::Load(std::string{kShipped} + "German.Captoria.exe.xml");
@@ -71,22 +71,22 @@ TEST_F(LanguagesOfTheWindow, EveryTextChangesAndNothingIsLost) {
   EXPECT_EQ(Status("lblStatus4"), "Language by Captoria contributors (" CAPTORIA_VERSION ")");
   EXPECT_EQ(Part<QTabBar>("TabStrip1")->currentIndex(), 1);
   EXPECT_EQ(list->selectionModel()->selectedRows().size(), 2);
-  EXPECT_EQ(session_->tracks.Current().style.VertPos, 77);
+  EXPECT_EQ(workspace_->project.tracks.Current().style.VertPos, 77);
   EXPECT_THAT(window_->windowTitle().toStdString(), HasSubstr("film.c.srt"));
 }
 
 TEST_F(LanguagesOfTheWindow, EachFitsASmallScreen) {
   FileRegistry registry(folder_.File("registry"));
   ContextMenuEntry entry(registry, FileActions(ProcessEnvironment()), "/nowhere");
-  for (const LanguageFile& file : ListLanguages(session_->folders)) {
-    ASSERT_TRUE(LoadNewLang(*session_, file.base));
-    const Form2 options(*session_, entry, {}, nullptr);
+  for (const LanguageFile& file : ListLanguages(workspace_->folders)) {
+    ASSERT_TRUE(LoadNewLang(*workspace_, file.base));
+    const Form2 options(*workspace_, entry, {}, nullptr);
     for (const QSize size : {window_->minimumSizeHint(), options.sizeHint()}) {
       EXPECT_LE(size.width(), 1024) << file.name;
       EXPECT_LE(size.height(), 600) << file.name;
     }
   }
-  ASSERT_TRUE(LoadNewLang(*session_, kInitialLanguage));
+  ASSERT_TRUE(LoadNewLang(*workspace_, kInitialLanguage));
 }
 
 TEST_F(LanguagesOfTheWindow, TheChosenOneIsThereAgainAtTheNextStart) {

@@ -48,11 +48,12 @@ class MainWindow : public testing::Test {
     Start();
   }
 
-  void Start() {
+  void Start(Attendance attendance = Attendance::Person) {
     window_.reset();
-    session_.emplace(ProgramFolders{.executable = CAPTORIA_BIN, .data = folder_.File("data")}, prompts_, view_);
-    session_->settings.ShowWelcome = false;
-    window_ = std::make_unique<Form1>(*session_, view_);
+    workspace_.emplace(ProgramFolders{.executable = CAPTORIA_BIN, .data = folder_.File("data")}, prompts_, view_,
+                       attendance);
+    workspace_->preferences.settings.ShowWelcome = false;
+    window_ = std::make_unique<Form1>(*workspace_, view_);
     window_->show();
   }
 
@@ -91,7 +92,7 @@ class MainWindow : public testing::Test {
   std::string film_ = folder_.File("film.avi");
   ScriptedPrompts prompts_;
   WindowView view_;
-  std::optional<Session> session_;
+  std::optional<Workspace> workspace_;
   std::unique_ptr<Form1> window_;
 };
 

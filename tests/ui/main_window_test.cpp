@@ -37,7 +37,7 @@ TEST_F(MainWindow, OpeningAVideoShowsItsSubtitlesCountsAndStreams) {
   list->selectAll();
   EXPECT_EQ(Status("lblStatus3"), "2 subtitle(s) selected");
   Choose("mnuRightAl");
-  EXPECT_EQ(session_->tracks.Current().cues.front().Tag, "|r");
+  EXPECT_EQ(workspace_->project.tracks.Current().cues.front().Tag, "|r");
   list->setCurrentIndex(list->model()->index(1, 0));
   Choose("mnuFitFont");
   EXPECT_EQ(list->currentIndex().row(), 1) << "the cue that is looked at stays";
@@ -59,16 +59,16 @@ TEST_F(MainWindow, OpeningAVideoShowsItsSubtitlesCountsAndStreams) {
 TEST_F(MainWindow, WhatIsDroppedIsOpened) {
   Drop(film_);
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre(kFitted));
-  EXPECT_EQ(session_->video.AviPath, film_);
+  EXPECT_EQ(workspace_->project.video.AviPath, film_);
   Drop(folder_.Put("other.srt", "1\n00:00:01,000 --> 00:00:02,000\nBye\n"));
   EXPECT_EQ(window_->windowTitle().toStdString(), "other.srt - Captoria ver. 3.5.0 by Halvard");
-  EXPECT_EQ(session_->tracks.Count(), 1) << "a single file goes into the current track";
+  EXPECT_EQ(workspace_->project.tracks.Count(), 1) << "a single file goes into the current track";
 }
 
 TEST_F(MainWindow, CreatesTheSameFilmAsTheCommandLine) {
   OpenFilm();
-  session_->settings.ShowDos = false;
-  session_->tracks.Current().style.VertPos = 77;
+  workspace_->preferences.settings.ShowDos = false;
+  workspace_->project.tracks.Current().style.VertPos = 77;
   prompts_.TakeMessages();
   Choose("mnuMakeDivX");
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Creation Finished!"));
@@ -85,7 +85,7 @@ TEST_F(MainWindow, CreatesTheSameFilmAsTheCommandLine) {
 TEST_F(MainWindow, CancelLeavesNothingAndTheWindowGoesOn) {
   folder_.Put("film.srt", ManyCues());
   OpenFilm();
-  session_->settings.ShowDos = false;
+  workspace_->preferences.settings.ShowDos = false;
   prompts_.TakeMessages();
   QTimer::singleShot(60, window_.get(), [this] {
     EXPECT_TRUE(Part<JobBar>("jobBar")->isVisible());
@@ -102,7 +102,7 @@ TEST_F(MainWindow, CancelLeavesNothingAndTheWindowGoesOn) {
 TEST_F(MainWindow, ClosingDuringAJobAsksStopsItAndCloses) {
   folder_.Put("film.srt", ManyCues());
   OpenFilm();
-  session_->settings.ShowDos = false;
+  workspace_->preferences.settings.ShowDos = false;
   prompts_.TakeMessages();
   QTimer::singleShot(30, window_.get(), [this] {
     prompts_.Expect("Stop it?", false);
@@ -121,7 +121,7 @@ TEST_F(MainWindow, ShowsWhatACueHasOfItsOwn) {
   OpenFilm();
   prompts_.TakeMessages();
   auto* list = Part<QTreeView>("ListView1");
-  session_->tracks.Current().cues[1].Tag = "|55";
+  workspace_->project.tracks.Current().cues[1].Tag = "|55";
   for (const auto& [row, alignment, position] : {std::tuple{0, false, false}, {1, false, true}}) {
     list->setCurrentIndex(list->model()->index(row, 0));
     EXPECT_EQ(Part<QLabel>("lblOwnAlign")->isVisible(), alignment) << row;
@@ -151,8 +151,8 @@ TEST_F(MainWindow, HasATextInALanguageFileForEveryCaption) {
       folder_.Put("l.xml",
                   R"(<L><Form1_Design TabStrip1_1="Untertitel 1" TabStrip1_2="&lt;Neu&gt;" lblText="Text!"
                                           lblSubOut=" draußen" lblStream="Spur"/></L>)");
-  session_->language = std::move(*LanguageDocument::Load(path));
-  session_->SelectLastTab();
+  workspace_->language.document = std::move(*LanguageDocument::Load(path));
+  workspace_->project.SelectLastTab(workspace_->preferences);
   view_.ShowLanguage();
   EXPECT_EQ(Tabs(), QStringList({"Untertitel 1", "Untertitel 2", "<Neu>"}));
   Part<QTabBar>("TabStrip1")->setCurrentIndex(0);
@@ -162,7 +162,8 @@ TEST_F(MainWindow, HasATextInALanguageFileForEveryCaption) {
 }
 
 TEST_F(MainWindow, TheUnattendedRunIsShownWhenItIsOver) {
-  EXPECT_TRUE(window_->Commands().RunUnattended(QString::fromStdString(film_)).has_value());
+  Start(Attendance::Nobody);
+  EXPECT_TRUE(window_->Commands().RunUnattended(QString::fromStdString(film_)).film);
   EXPECT_FALSE(folder_.Get("film.divx").empty());
   EXPECT_THAT(prompts_.TakeMessages(), IsEmpty());
   EXPECT_EQ(Part<Info>("Info1")->LineCount(), 2);
@@ -172,17 +173,17 @@ TEST_F(MainWindow, TheUnattendedRunIsShownWhenItIsOver) {
 TEST_F(MainWindow, StartsAgainAsItWasClosed) {
   OpenFilm();
   prompts_.TakeMessages();
-  session_->tracks.Current().style.VertPos = 66;
+  workspace_->project.tracks.Current().style.VertPos = 66;
   window_->setGeometry(20, 30, 780, 620);
   window_->close();
   EXPECT_THAT(folder_.Get("data/Captoria.ini"), HasSubstr("MainWidth=11700\r\n"));
   Start();
   EXPECT_EQ(window_->geometry().size(), QSize(780, 620));
-  EXPECT_EQ(session_->tracks.Current().style.VertPos, 66);
+  EXPECT_EQ(workspace_->project.tracks.Current().style.VertPos, 66);
   const auto recent = Part<QMenu>("mnuRecent")->actions();
   ASSERT_EQ(recent.size(), 1);
   recent.front()->trigger();
-  EXPECT_EQ(session_->video.AviPath, film_);
+  EXPECT_EQ(workspace_->project.video.AviPath, film_);
   prompts_.TakeMessages();
 }
 

@@ -30,7 +30,7 @@ class BatchPage : public testing::Test {
   static void SetUpTestSuite() { TestApplication(); }
 
   void Show(const std::string& batch_to_run) {
-    Settings settings = session_.settings;
+    Settings settings = workspace_.preferences.settings;
     settings.BatchToRun = batch_to_run;
     page_.Load(settings);
     page_.show();
@@ -86,8 +86,8 @@ class BatchPage : public testing::Test {
   TestFolder folder_;
   ScriptedPrompts prompts_;
   QuietView view_;
-  Session session_{{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_};
-  OptionsBatchPage page_{session_, {.cue = nullptr, .position = 0, .maximum = 300}, nullptr};
+  Workspace workspace_{{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_};
+  OptionsBatchPage page_{workspace_, {.cue = nullptr, .position = 0, .maximum = 300}, nullptr};
 };
 
 TEST_F(BatchPage, AFileIsLoadedEditedAndSaved) {

@@ -33,15 +33,15 @@ class OptionsDialog : public testing::Test {
  protected:
   static void SetUpTestSuite() { TestApplication(); }
 
-  Session Start() { return {{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_}; }
+  Workspace Start() { return {{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_}; }
 
   std::string File() const { return folder_.Get("Captoria.ini"); }
 
   // What a session that starts now has under an option's key.
   std::string Kept(const char* key) {
-    const Session session = Start();
+    const Workspace workspace = Start();
     IniDocument document;
-    EXPECT_TRUE(SaveOptions(document, session.settings));
+    EXPECT_TRUE(SaveOptions(document, workspace.preferences.settings));
     return std::string{document.Find(kSettingsSection, key).value_or("nothing")};
   }
 
@@ -105,19 +105,19 @@ TEST_P(OptionsOfDialog, AreKeptByOkAndNotByCancel) {
   const std::string before = std::string{"[General]\r\n"} + GetParam().file;
   folder_.Put("Captoria.ini", before);
   const std::string kept_before = Kept(GetParam().key);
-  Session session = Start();
+  Workspace workspace = Start();
   {
-    Form2 dialog(session, entry_, {}, nullptr);
+    Form2 dialog(workspace, entry_, {}, nullptr);
     Do(dialog, GetParam().acts);
     dialog.reject();
   }
   EXPECT_EQ(File(), before);
   {
-    Form2 dialog(session, entry_, {}, nullptr);
+    Form2 dialog(workspace, entry_, {}, nullptr);
     dialog.accept();
     EXPECT_EQ(Kept(GetParam().key), kept_before) << "what was cancelled, or never touched, is as it was";
   }
-  Form2 dialog(session, entry_, {}, nullptr);
+  Form2 dialog(workspace, entry_, {}, nullptr);
   Do(dialog, GetParam().acts);
   dialog.accept();
   EXPECT_EQ(Kept(GetParam().key), GetParam().kept);
@@ -185,8 +185,8 @@ struct Enabling {
 class OptionsEnabling : public OptionsDialog, public testing::WithParamInterface<Enabling> {};
 
 TEST_P(OptionsEnabling, FollowsWhatIsChecked) {
-  Session session = Start();
-  const Form2 dialog(session, entry_, {}, nullptr);
+  Workspace workspace = Start();
+  const Form2 dialog(workspace, entry_, {}, nullptr);
   Do(dialog, GetParam().acts);
   for (const char* name : GetParam().enabled) EXPECT_TRUE(Part(dialog, name).isEnabled()) << name;
   for (const char* name : GetParam().disabled) EXPECT_FALSE(Part(dialog, name).isEnabled()) << name;
@@ -221,8 +221,8 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return std::string{row.param.name}; });
 
 TEST_F(OptionsDialog, EveryPageIsWorkedByTheKeyboardAlone) {
-  Session session = Start();
-  const Form2 dialog(session, entry_, {}, nullptr);
+  Workspace workspace = Start();
+  const Form2 dialog(workspace, entry_, {}, nullptr);
   const auto& tabs = Part<QTabBar>(dialog, "TabStrip1");
   QStringList titles;
   for (int i = 0; i < tabs.count(); ++i) titles += tabs.tabText(i);
@@ -245,8 +245,8 @@ TEST_F(OptionsDialog, EveryPageIsWorkedByTheKeyboardAlone) {
 }
 
 TEST_F(OptionsDialog, QuestionsBehindItsButtons) {
-  Session session = Start();
-  Form2 dialog(session, entry_, {}, nullptr);
+  Workspace workspace = Start();
+  Form2 dialog(workspace, entry_, {}, nullptr);
   prompts_.Expect("Background color", std::optional<std::uint32_t>{});
   Part<QPushButton>(dialog, "cmdBackColor").click();
   EXPECT_EQ(Part<QPushButton>(dialog, "cmdBackColor").text(), "RGB = (0, 0, 255)");
@@ -274,11 +274,11 @@ TEST_F(OptionsDialog, QuestionsBehindItsButtons) {
 }
 
 TEST_F(OptionsDialog, AFontOfATrackThatIsNotOpenIsWrittenAtOnce) {
-  Session session = Start();
+  Workspace workspace = Start();
   const std::string file = folder_.Put("a.srt", kOneCue);
-  const LoadOptions quiet{.is_batch = true, .encoding{}, .measure = false};
-  ASSERT_TRUE(LoadFileToList(session, file, quiet));
-  session.SelectLastTab();
+  const LoadOptions quiet{.encoding{}, .measure = false};
+  ASSERT_TRUE(LoadFileToList(workspace, file, quiet));
+  workspace.project.SelectLastTab(workspace.preferences);
   const Font chosen{.name = "DejaVu Sans", .size = 11, .bold = true, .italic = false, .charset = 177};
   const auto choose = [&](const Form2& dialog, int index) {
     prompts_.Expect("Subtitle " + std::to_string(index + 1), std::optional{chosen});
@@ -286,38 +286,39 @@ TEST_F(OptionsDialog, AFontOfATrackThatIsNotOpenIsWrittenAtOnce) {
     EXPECT_EQ(Member<QLabel>(dialog, "lblFont", index).text(), "DejaVu Sans (11), B");
   };
   {
-    Form2 dialog(session, entry_, {}, nullptr);
+    Form2 dialog(workspace, entry_, {}, nullptr);
     choose(dialog, 4);
     EXPECT_THAT(File(), HasSubstr("FontNameL4=DejaVu Sans\r\nFontSizeL4=11\r\nFontBoldL4=-1\r\nFontItalicL4=0\r\n"
                                   "FontCharsetL4=177\r\n"));
     choose(dialog, 1);
     dialog.reject();
-    EXPECT_NE(session.tracks.Open()[1].list_font.name, "DejaVu Sans");
+    EXPECT_NE(workspace.project.tracks.Open()[1].list_font.name, "DejaVu Sans");
     EXPECT_FALSE(dialog.Effect().list_fonts_changed);
   }
-  Form2 dialog(session, entry_, {}, nullptr);
+  Form2 dialog(workspace, entry_, {}, nullptr);
   choose(dialog, 1);
   EXPECT_EQ(File().find("FontNameL1"), std::string::npos) << "saved with the track's style";
   dialog.accept();
   EXPECT_TRUE(dialog.Effect().list_fonts_changed);
-  EXPECT_EQ(session.tracks.Open()[1].list_font.name, "DejaVu Sans");
+  EXPECT_EQ(workspace.project.tracks.Open()[1].list_font.name, "DejaVu Sans");
   for (int i = 1; i < 4; ++i) {
-    ASSERT_TRUE(LoadFileToList(session, file, quiet));
-    session.SelectLastTab();
+    ASSERT_TRUE(LoadFileToList(workspace, file, quiet));
+    workspace.project.SelectLastTab(workspace.preferences);
   }
-  EXPECT_EQ(session.tracks.Current().list_font.charset, 177) << "the fifth track begins with what was chosen for it";
+  EXPECT_EQ(workspace.project.tracks.Current().list_font.charset, 177)
+      << "the fifth track begins with what was chosen for it";
 }
 
 TEST_F(OptionsDialog, TheEntryAtRightClickIsMadeAndRemoved) {
-  Session session = Start();
+  Workspace workspace = Start();
   for (const bool wanted : {true, false}) {
     {
-      Form2 dialog(session, entry_, {}, nullptr);
+      Form2 dialog(workspace, entry_, {}, nullptr);
       Do(dialog, {{"chkAtRightClick", wanted}});
       dialog.reject();
     }
     EXPECT_EQ(entry_.IsRegistered(), !wanted);
-    Form2 dialog(session, entry_, {}, nullptr);
+    Form2 dialog(workspace, entry_, {}, nullptr);
     EXPECT_EQ(Part<QCheckBox>(dialog, "chkAtRightClick").isChecked(), !wanted);
     Do(dialog, {{"chkAtRightClick", wanted}});
     dialog.accept();
@@ -327,10 +328,10 @@ TEST_F(OptionsDialog, TheEntryAtRightClickIsMadeAndRemoved) {
 }
 
 TEST_F(OptionsDialog, ARefusedEntryIsTold) {
-  Session session = Start();
+  Workspace workspace = Start();
   FileRegistry refusing(folder_.Put("file", "") + "/keys");
   ContextMenuEntry entry = EntryIn(refusing);
-  Form2 dialog(session, entry, {}, nullptr);
+  Form2 dialog(workspace, entry, {}, nullptr);
   Do(dialog, {{"chkAtRightClick", true}, {"chkRunDivX", true}});
   dialog.accept();
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre(HasSubstr(folder_.File("file"))));

@@ -40,14 +40,14 @@ class PreviewPaneTest : public testing::Test {
   static void TearDownTestSuite() { films_.reset(); }
 
   PreviewPaneTest() {
-    session_.settings.FrameForPreview = 50;
+    workspace_.preferences.settings.FrameForPreview = 50;
     pane_.resize(900, 800);
     pane_.show();
     QObject::connect(&pane_, &PreviewPane::Told, [this](const QString& text) { told_.push_back(text.toStdString()); });
   }
 
   void OpenFilm(const std::string& path) {
-    session_.video.AviPath = path;
+    workspace_.project.video.AviPath = path;
     pane_.SetVideo();
     pane_.SetPreviewOn(true);
   }
@@ -74,13 +74,13 @@ class PreviewPaneTest : public testing::Test {
   TestFolder folder_;
   ScriptedPrompts prompts_;
   QuietView view_;
-  Session session_{{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_};
-  PreviewPane pane_{session_, nullptr};
+  Workspace workspace_{{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_};
+  PreviewPane pane_{workspace_, nullptr};
   std::vector<std::string> told_;
 };
 
 TEST_F(PreviewPaneTest, TheCueOverTheFilmIsTheBitmapThatIsWritten) {
-  TrackStyle& style = session_.tracks.Current().style;
+  TrackStyle& style = workspace_.project.tracks.Current().style;
   style.HorPos = 30;
   style.FitFont = true;
   const SubtitleCue cue = Cue("1", "00:00:01,000", "Above\r\n<i>and</i> below", "14|40l");
@@ -89,7 +89,7 @@ TEST_F(PreviewPaneTest, TheCueOverTheFilmIsTheBitmapThatIsWritten) {
   pane_.ShowCue(&cue);
   ASSERT_TRUE(ShowsFrame(50));
 
-  SubtitleBitmap own(*session_.Fonts(), session_.Frame());
+  SubtitleBitmap own(*workspace_.canvas.Fonts(), FrameOf(workspace_.preferences.settings));
   own.RenderCueBitmap(cue.Text, StyleOfCue(style, cue.Tag));
   const cDIB& dib = own.Dib();
   EXPECT_EQ(Subtitle()->Image(), ToImage(ImageOf(dib)));
@@ -102,7 +102,8 @@ TEST_F(PreviewPaneTest, TheCueOverTheFilmIsTheBitmapThatIsWritten) {
       const int u = x - left, v = y - top;
       if (u >= 0 && u < dib.Width() && v >= 0 && v < dib.Height()) {
         const Color color = dib.Palette()[dib.Row(v)[static_cast<std::size_t>(u)]];
-        if (ColorNumber(color) != session_.settings.BackColor) expected = qRgb(color.red, color.green, color.blue);
+        if (ColorNumber(color) != workspace_.preferences.settings.BackColor)
+          expected = qRgb(color.red, color.green, color.blue);
       }
       different += Video()->Image().pixel(x, y) != expected ? 1 : 0;
     }
@@ -129,7 +130,7 @@ TEST_F(PreviewPaneTest, StyleAndPositionAreFollowed) {
   EXPECT_NE(Video()->Image(), low);
   pane_.SetVertical(0, 400);
   EXPECT_EQ(Video()->Image(), low);
-  session_.tracks.Current().style.font.size *= 2;
+  workspace_.project.tracks.Current().style.font.size *= 2;
   pane_.Repaint();
   EXPECT_NE(Video()->Image(), low);
   ASSERT_EQ(heights.size(), 2u);
@@ -172,20 +173,20 @@ TEST_F(PreviewPaneTest, CuesAreShownAtTheirTimeWhenThatIsWanted) {
 }
 
 TEST_F(PreviewPaneTest, TheFirstFrameIsMinusOneAndSwitchingFetchesAnew) {
-  session_.settings.FrameForPreview = -1;
+  workspace_.preferences.settings.FrameForPreview = -1;
   OpenFilm(films_->File("a.avi"));
   EXPECT_TRUE(ShowsFrame(0));
   pane_.SetPreviewOn(false);
   EXPECT_TRUE(Video()->Image().isNull());
   EXPECT_FALSE(Video()->isVisible());
-  session_.settings.FrameForPreview = 3;
+  workspace_.preferences.settings.FrameForPreview = 3;
   pane_.SetPreviewOn(true);
   EXPECT_TRUE(ShowsFrame(3));
 }
 
 TEST_F(PreviewPaneTest, WithoutAFilmItInvitesInTheLanguageOfNow) {
   pane_.SetPreviewOn(true);
-  session_.language = *LanguageDocument::Parse("<L><Form1_Design lblOpenVideo='a film, please'/></L>");
+  workspace_.language.document = *LanguageDocument::Parse("<L><Form1_Design lblOpenVideo='a film, please'/></L>");
   pane_.ShowCue(nullptr);
   EXPECT_EQ(Video()->Text(), "a film, please");
 }
@@ -201,7 +202,7 @@ TEST_F(PreviewPaneTest, AFilmThatCannotBeShownIsToldAndCuesGoOn) {
   EXPECT_FALSE(Subtitle()->Image().isNull());
   EXPECT_EQ(Video()->Text().toStdString(), told_[0]);
 
-  session_.settings.FrameForPreview = 1000;
+  workspace_.preferences.settings.FrameForPreview = 1000;
   OpenFilm(films_->File("a.avi"));
   EXPECT_TRUE(Comes([&] { return told_.size() == 2; }));
   EXPECT_EQ(Video()->Text(), "Frame not found");

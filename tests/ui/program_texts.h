@@ -31,21 +31,21 @@ inline void AddTexts(QWidget& window, std::vector<LanguageText>& texts) {
 inline std::vector<LanguageText> ProgramTexts(const std::string& folder, Prompts& prompts) {
   std::vector<LanguageText> texts;
   WindowView view;
-  Session session({.executable = folder, .data = folder}, prompts, view);
-  session.remembers = false;
-  Form1 main_window(session, view);
+  Workspace workspace({.executable = folder, .data = folder}, prompts, view);
+  workspace.preferences.remembers = false;
+  Form1 main_window(workspace, view);
   AddTexts(main_window, texts);
   FileRegistry registry(folder + "/registry");
   ContextMenuEntry entry(registry, FileActions(ProcessEnvironment()), folder);
-  Form2 options(session, entry, {}, nullptr);
+  Form2 options(workspace, entry, {}, nullptr);
   AddTexts(options, texts);
-  Form3 position(session, CommandMode::ComposeOnly, {}, nullptr);
+  Form3 position(workspace, CommandMode::ComposeOnly, {}, nullptr);
   AddTexts(position, texts);
-  frmSelectSubs select(session, CommandMode::ComposeOnly, nullptr);
+  frmSelectSubs select(workspace, CommandMode::ComposeOnly, nullptr);
   AddTexts(select, texts);
   DesktopOpener opener;
   for (const Tool tool : {Tool::DivXMux, Tool::BmpToXSub}) {
-    AskForToolDialog ask(session, tool, opener, nullptr);
+    AskForToolDialog ask(workspace, tool, opener, nullptr);
     AddTexts(ask, texts);
   }
   frmWelcome welcome({}, nullptr);

@@ -93,9 +93,9 @@ class Shots {
   void Window(const QString& name, bool with_film, Act act) {
     UnattendedPrompts prompts(false);
     WindowView view;
-    Session session(Folders(), prompts, view);
-    session.remembers = false;
-    Form1 window(session, view);
+    Workspace workspace(Folders(), prompts, view);
+    workspace.preferences.remembers = false;
+    Form1 window(workspace, view);
     window.resize(1024, 600);  // the smallest screen we care for
     window.show();
     if (with_film) window.Commands().OpenVideo(film_);
@@ -107,11 +107,11 @@ class Shots {
   void Options(const char* language, const QString& ending) {
     UnattendedPrompts prompts(false);
     WindowView view;
-    Session session(Folders(), prompts, view);
-    (void)LoadNewLang(session, LanguageBase(language));
+    Workspace workspace(Folders(), prompts, view);
+    (void)LoadNewLang(workspace, LanguageBase(language));
     FileRegistry registry(folder_.filePath("data/registry").toStdString());
     ContextMenuEntry entry(registry, FileActions(ProcessEnvironment()), VerbProgram(ExecutableFolder()));
-    Form2 options(session, entry, {}, nullptr);
+    Form2 options(workspace, entry, {}, nullptr);
     auto* pages = options.findChild<QTabWidget*>();
     for (int i = 0; i < pages->count(); ++i) {
       pages->setCurrentIndex(i);
@@ -123,19 +123,19 @@ class Shots {
     UnattendedPrompts prompts(false);
     DesktopOpener opener;
     WindowView view;
-    Session session(Folders(), prompts, view);
-    AskForToolDialog mux(session, Tool::DivXMux, opener, nullptr);
+    Workspace workspace(Folders(), prompts, view);
+    AskForToolDialog mux(workspace, Tool::DivXMux, opener, nullptr);
     Save(mux, "ask-for-divxmux");
-    AskForToolDialog converter(session, Tool::BmpToXSub, opener, nullptr);
+    AskForToolDialog converter(workspace, Tool::BmpToXSub, opener, nullptr);
     Save(converter, "ask-for-bmptoxsub");
-    frmSelectSubs select(session, CommandMode::ComposeOnly, nullptr);
+    frmSelectSubs select(workspace, CommandMode::ComposeOnly, nullptr);
     select.findChild<QComboBox*>("cmbStart")->setCurrentIndex(2);
     select.findChild<QLineEdit*>("txtStart")->setText("-");
     Save(select, "select-subtitles");
-    Form3 position(session, CommandMode::ComposeOnly, {nullptr, 0, 500}, nullptr);
+    Form3 position(workspace, CommandMode::ComposeOnly, {nullptr, 0, 500}, nullptr);
     position.findChild<QSlider*>("Slider1")->setValue(120);
     Save(position, "position");
-    frmCreateLang editor(session, "3.5.0", nullptr);
+    frmCreateLang editor(workspace, "3.5.0", nullptr);
     editor.findChild<QComboBox*>("Combo2")->setCurrentText("German.Captoria.exe.xml");
     Save(editor, "language-editor");
     frmWelcome welcome({}, nullptr);

@@ -35,13 +35,13 @@ class StylePanelTest : public testing::Test {
   }
 
   QAction& Action(const char* key) { return Find<QAction>(key); }
-  TrackStyle& Style() { return session_.tracks.Current().style; }
+  TrackStyle& Style() { return workspace_.project.tracks.Current().style; }
 
   ScriptedPrompts prompts_;
   QuietView view_;
   TestFolder folder_;
-  Session session_{{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_};
-  StylePanel panel_{session_, nullptr};
+  Workspace workspace_{{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_};
+  StylePanel panel_{workspace_, nullptr};
   int style_changes_ = 0;
   int font_changes_ = 0;
 };

@@ -11,7 +11,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "app/session.h"
+#include "app/workspace.h"
 #include "ui/dialogs/link_label.h"
 #include "ui/texts/qt_text.h"
 

@@ -10,14 +10,13 @@
 
 #include "ui/dialogs/dialog_buttons.h"
 #include "ui/dialogs/link_label.h"
-#include "ui/jobs/on_gui_thread.h"
 #include "ui/texts/captions.h"
 #include "ui/texts/qt_text.h"
 
 namespace captoria {
 
-AskForToolDialog::AskForToolDialog(Session& session, Tool tool, DocumentOpener& opener, QWidget* parent)
-    : QDialog(parent), session_(session), tool_(tool), path_(new QLineEdit(this)) {
+AskForToolDialog::AskForToolDialog(Workspace& workspace, Tool tool, DocumentOpener& opener, QWidget* parent)
+    : QDialog(parent), workspace_(workspace), tool_(tool), path_(new QLineEdit(this)) {
   setObjectName(tool == Tool::DivXMux ? "frmAskForDivXMux" : "frmAskForbmptoxsub");
   setWindowTitle("File not found");
   auto* layout = new QVBoxLayout(this);
@@ -25,7 +24,7 @@ AskForToolDialog::AskForToolDialog(Session& session, Tool tool, DocumentOpener& 
   layout->addStretch();
   layout->addLayout(DialogButtons(*this, {"OKButton", "OK"}, {"CancelButton", "Cancel"}));
   path_->setFocus();
-  ApplyCaptions(*this, session_.language);
+  ApplyCaptions(*this, workspace_.language.document);
 }
 
 QLabel* AskForToolDialog::AddLabel(QVBoxLayout* layout, const char* name, const QString& text) {
@@ -40,7 +39,7 @@ void AskForToolDialog::AddLink(QVBoxLayout* layout, const char* name, DocumentOp
   auto* link = new LinkLabel(opener, LinkLabel::AddressIn::Caption, this);
   link->setObjectName(name);
   connect(link, &LinkLabel::NotOpened, this,
-          [this](const QString& reason) { session_.prompts.ShowMessage(kProgramTitle, FromQt(reason)); });
+          [this](const QString& reason) { workspace_.prompts.ShowMessage(kProgramTitle, FromQt(reason)); });
   layout->addWidget(link, 0, Qt::AlignLeading);
 }
 
@@ -89,27 +88,22 @@ void AskForToolDialog::setVisible(bool visible) {
 
 void AskForToolDialog::Browse() {
   const std::string name = FileNameOf(tool_);
-  const auto chosen = session_.prompts.AskFileToOpen(FromQt(windowTitle()), {{name, name}}, PathFromQt(path_->text()));
+  const auto chosen =
+      workspace_.prompts.AskFileToOpen(FromQt(windowTitle()), {{name, name}}, PathFromQt(path_->text()));
   if (chosen) path_->setText(PathToQt(*chosen));
 }
 
 void AskForToolDialog::accept() {
-  const auto refused = AcceptToolPath(session_, tool_, PathFromQt(path_->text()));
+  const auto refused = AcceptToolPath(workspace_, tool_, PathFromQt(path_->text()));
   if (!refused) return QDialog::accept();
-  session_.prompts.ShowMessage(kProgramTitle, *refused);
+  workspace_.prompts.ShowMessage(kProgramTitle, *refused);
   path_->setFocus();
   path_->selectAll();
 }
 
-std::optional<std::string> AskForToolDialog::Ask(Session& session, Tool tool, QWidget* parent) {
-  std::optional<std::string> path;
-  OnGuiThread(qApp, [&] {
-    DesktopOpener opener;
-    AskForToolDialog dialog(session, tool, opener, parent);
-    if (dialog.exec() != QDialog::Accepted) return;
-    path = tool == Tool::DivXMux ? session.settings.DivXMuxPath : session.settings.bmpToxSubPath;
-  });
-  return path;
+bool AskForToolDialog::Ask(Workspace& workspace, Tool tool, QWidget* parent) {
+  DesktopOpener opener;
+  return AskForToolDialog(workspace, tool, opener, parent).exec() == QDialog::Accepted;
 }
 
 }  // namespace captoria

@@ -21,12 +21,12 @@ namespace captoria {
 // The object's name is "frmAskForDivXMux" or "frmAskForbmptoxsub".
 class AskForToolDialog final : public QDialog {
  public:
-  // `session` and `opener` outlive the dialog. Link labels begin empty; one that is empty when the dialog is shown is
+  // `workspace` and `opener` outlive the dialog. Link labels begin empty; one that is empty when the dialog is shown is
   // hidden, and so are the words that lead to it.
-  AskForToolDialog(Session& session, Tool tool, DocumentOpener& opener, QWidget* parent);
+  AskForToolDialog(Workspace& workspace, Tool tool, DocumentOpener& opener, QWidget* parent);
 
-  // The path, which is then in the settings as well; nothing when the user gave up. On any thread.
-  static std::optional<std::string> Ask(Session& session, Tool tool, QWidget* parent);
+  // Asks until there is a path, which is then in the settings. False: the user gave up.
+  static bool Ask(Workspace& workspace, Tool tool, QWidget* parent);
 
   void accept() override;
   void setVisible(bool visible) override;
@@ -38,7 +38,7 @@ class AskForToolDialog final : public QDialog {
   void AddPath(QVBoxLayout* layout);
   void Browse();
 
-  Session& session_;
+  Workspace& workspace_;
   Tool tool_;
   QLineEdit* path_;
 };

@@ -14,7 +14,7 @@
 #include <functional>
 #include <utility>
 
-#include "app/session.h"
+#include "app/workspace.h"
 #include "base/path_text.h"
 #include "ui/texts/qt_text.h"
 

@@ -13,7 +13,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "app/session.h"
+#include "app/workspace.h"
 
 namespace captoria {
 

@@ -27,9 +27,9 @@ PlacementCommand CommandOf(const Placement& placement) {
 
 }  // namespace
 
-Form3::Form3(Session& session, CommandMode mode, const PositionDialogStart& start, QWidget* parent)
+Form3::Form3(Workspace& workspace, CommandMode mode, const PositionDialogStart& start, QWidget* parent)
     : QDialog(parent),
-      session_(session),
+      workspace_(workspace),
       mode_(mode),
       cue_(start.cue),
       tag_(start.cue == nullptr ? std::string{} : start.cue->Tag) {
@@ -37,7 +37,7 @@ Form3::Form3(Session& session, CommandMode mode, const PositionDialogStart& star
   setWindowTitle("Pos and alignment for selected subtitles");
   Build(start.maximum);
   if (cue_ != nullptr) ShowStart(start.position);
-  ApplyCaptions(*this, session_.language);
+  ApplyCaptions(*this, workspace_.language.document);
 }
 
 void Form3::Build(int maximum) {
@@ -107,7 +107,7 @@ void Form3::ShowStart(int position) {
   const QSignalBlocker quiet(position_);
   position_->setValue(own.position.value_or(position));
   number_->setNum(position_->value());
-  const Alignment alignment = own.alignment.value_or(session_.tracks.Current().style.InAlign);
+  const Alignment alignment = own.alignment.value_or(workspace_.project.tracks.Current().style.InAlign);
   alignment_->button(static_cast<int>(alignment))->setChecked(true);
 }
 
@@ -132,13 +132,13 @@ void Form3::Restore() {
 void Form3::accept() {
   const Placement chosen = Chosen();
   if (!chosen.position && !chosen.alignment) {
-    return session_.prompts.ShowMessage(kProgramTitle, session_.TextFor(messages::kSelectToUpdate));
+    return workspace_.prompts.ShowMessage(kProgramTitle, workspace_.language.TextOf(messages::kSelectToUpdate));
   }
   Restore();  // the current cue need not be one of the selected
   if (mode_ == CommandMode::ComposeOnly) {
     composed_ = ComposeCommand(CommandOf(chosen));
   } else {
-    RunPosAlCommand(session_, CommandOf(chosen));
+    RunPosAlCommand(workspace_.project, CommandOf(chosen));
   }
   QDialog::accept();
 }

@@ -13,7 +13,7 @@
 #include <optional>
 #include <string>
 
-#include "app/session.h"
+#include "app/workspace.h"
 #include "settings/placement.h"
 #include "ui/dialogs/select_subs_dialog.h"
 
@@ -30,8 +30,8 @@ class Form3 final : public QDialog {
   Q_OBJECT
 
  public:
-  // The session, and the cue in it, outlive the dialog.
-  Form3(Session& session, CommandMode mode, const PositionDialogStart& start, QWidget* parent);
+  // The workspace, and the cue in it, outlive the dialog.
+  Form3(Workspace& workspace, CommandMode mode, const PositionDialogStart& start, QWidget* parent);
 
   // The line for a command file; nothing unless the dialog was to compose one and was confirmed.
   const std::optional<std::string>& ComposedCommand() const { return composed_; }
@@ -52,7 +52,7 @@ class Form3 final : public QDialog {
   void Restore();
   Placement Chosen() const;
 
-  Session& session_;
+  Workspace& workspace_;
   CommandMode mode_;
   SubtitleCue* cue_;
   std::string tag_;  // of the cue when the dialog was opened

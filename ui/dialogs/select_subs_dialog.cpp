@@ -7,7 +7,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "app/batch_commands.h"
+#include "app/run_commands.h"
 #include "automation/command_file.h"
 #include "base/text_case.h"
 #include "ui/dialogs/dialog_buttons.h"
@@ -16,8 +16,8 @@
 
 namespace captoria {
 
-frmSelectSubs::frmSelectSubs(Session& session, CommandMode mode, QWidget* parent)
-    : QDialog(parent), session_(session), mode_(mode), lines_(new QComboBox(this)) {
+frmSelectSubs::frmSelectSubs(Workspace& workspace, CommandMode mode, QWidget* parent)
+    : QDialog(parent), workspace_(workspace), mode_(mode), lines_(new QComboBox(this)) {
   setObjectName("frmSelectSubs");
   setWindowTitle("Select subtitles that have");
   lines_->setObjectName("cmbNumOfLines");
@@ -33,7 +33,7 @@ frmSelectSubs::frmSelectSubs(Session& session, CommandMode mode, QWidget* parent
   layout->addLayout(form);
   layout->addStretch();
   layout->addLayout(DialogButtons(*this, {"OKButton", "OK"}, {"CancelButton", "Cancel"}));
-  ApplyCaptions(*this, session_.language);
+  ApplyCaptions(*this, workspace_.language.document);
 }
 
 frmSelectSubs::Condition frmSelectSubs::AddCondition(QFormLayout* form, const char* label_name, const QString& label,
@@ -74,14 +74,14 @@ SelectRule frmSelectSubs::Rule() const {
 
 void frmSelectSubs::accept() {
   if (lines_->currentIndex() == 0 && !start_.IsSet() && !end_.IsSet()) {
-    return session_.prompts.ShowMessage(kProgramTitle, session_.TextFor(messages::kSetSomething));
+    return workspace_.prompts.ShowMessage(kProgramTitle, workspace_.language.TextOf(messages::kSetSomething));
   }
   if (mode_ == CommandMode::ComposeOnly) {
     composed_ = ComposeCommand(Rule());
   } else {
-    const std::size_t selected = RunSelectCommand(session_, Rule());
-    session_.prompts.ShowMessage(kProgramTitle,
-                                 std::to_string(selected) + session_.TextFor(messages::kSubtitlesSelected));
+    const std::size_t selected = RunSelectCommand(workspace_.project, Rule());
+    workspace_.prompts.ShowMessage(kProgramTitle,
+                                   std::to_string(selected) + workspace_.language.TextOf(messages::kSubtitlesSelected));
   }
   QDialog::accept();
 }

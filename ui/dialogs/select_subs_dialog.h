@@ -12,7 +12,7 @@
 #include <optional>
 #include <string>
 
-#include "app/session.h"
+#include "app/workspace.h"
 #include "automation/cue_selection.h"
 
 namespace captoria {
@@ -21,8 +21,8 @@ enum class CommandMode { Apply, ComposeOnly };
 
 class frmSelectSubs final : public QDialog {
  public:
-  // The session outlives the dialog.
-  frmSelectSubs(Session& session, CommandMode mode, QWidget* parent);
+  // The workspace outlives the dialog.
+  frmSelectSubs(Workspace& workspace, CommandMode mode, QWidget* parent);
 
   // The line for a command file; nothing unless the dialog was to compose one and was confirmed.
   const std::optional<std::string>& ComposedCommand() const { return composed_; }
@@ -43,7 +43,7 @@ class frmSelectSubs final : public QDialog {
   std::string CharactersOf(const Condition& condition) const;
   SelectRule Rule() const;
 
-  Session& session_;
+  Workspace& workspace_;
   CommandMode mode_;
   QComboBox* lines_;
   Condition start_;

@@ -15,12 +15,12 @@
 #include <functional>
 #include <memory>
 
-#include "app/session_view.h"
 #include "localisation/language_document.h"
+#include "pipeline/conversion.h"
 
 namespace captoria {
 
-class JobBar final : public QWidget {
+class JobBar final : public QWidget, public WorkMonitor {
   Q_OBJECT
 
  public:
@@ -38,7 +38,7 @@ class JobBar final : public QWidget {
 
   // Both are for the work, on its thread: which film of a list begins, counted from 0; and where to report to.
   void BeginItem(int index, int count, const QString& name);
-  std::unique_ptr<JobProgress> BeginWork(Work work);
+  std::unique_ptr<JobProgress> BeginWork(Work work) override;
 
  signals:
   void Began();

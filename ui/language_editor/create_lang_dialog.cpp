@@ -71,9 +71,9 @@ const char* RefusalText(NewLanguageRefusal refusal) {
 
 }  // namespace
 
-frmCreateLang::frmCreateLang(Session& session, const std::string& version, QWidget* parent)
+frmCreateLang::frmCreateLang(Workspace& workspace, const std::string& version, QWidget* parent)
     : QDialog(parent),
-      session_(session),
+      workspace_(workspace),
       originals_([this](const auto& node, const auto& text) { return MarkInOriginal(node, text); }, this),
       filter_(originals_, this),
       translations_([this](const auto& node, const auto&) { return MarkInEdited(node); }, this),
@@ -120,7 +120,7 @@ void frmCreateLang::Connect() {
 }
 
 void frmCreateLang::FillFiles() {
-  files_ = ListEditableLanguages(session_.folders);
+  files_ = ListEditableLanguages(workspace_.folders);
   for (QComboBox* box : {form_->original_box, form_->edited_box}) {
     const QSignalBlocker quiet(box);
     box->clear();
@@ -163,11 +163,11 @@ void frmCreateLang::ChooseEdited(int index) {
 }
 
 std::optional<LanguageFile> frmCreateLang::CreateFile() {
-  const auto answer = session_.prompts.AskText(
+  const auto answer = workspace_.prompts.AskText(
       kProgramTitle, "Type the new language name\r\n(New file will be created at program's folder)", "");
   const int original = form_->original_box->currentIndex();
   const std::string path = original < 0 ? std::string{} : files_[static_cast<std::size_t>(original)].path;
-  const auto named = NameNewLanguage(session_.folders, answer.value_or(""), path);
+  const auto named = NameNewLanguage(workspace_.folders, answer.value_or(""), path);
   if (!named) {
     if (const char* text = RefusalText(named.error())) Tell(text);
     return std::nullopt;
@@ -207,7 +207,7 @@ bool frmCreateLang::Save() {
   if (!Update()) return false;
   if (!original_name_.isEmpty()) form_->ShowEditedVersion(form_->original_version->text());
   const std::string name = PathFromQt(edited_name_);
-  const auto saved = edited_->Save(JoinPath(session_.folders.data, name), FromQt(form_->creator->text()),
+  const auto saved = edited_->Save(JoinPath(workspace_.folders.data, name), FromQt(form_->creator->text()),
                                    FromQt(form_->edited_version->text()));
   translations_.Follow(edited_->Sections());
   if (saved) {
@@ -220,7 +220,7 @@ bool frmCreateLang::Save() {
     Tell(saved.error().message);
     return false;
   }
-  if (name == session_.LangFile + ".xml") emit Saved(session_.LangFile);
+  if (name == workspace_.language.LangFile + ".xml") emit Saved(workspace_.language.LangFile);
   return true;
 }
 
@@ -232,7 +232,7 @@ bool frmCreateLang::HasChanges() const {
 bool frmCreateLang::AskToSave() {
   if (!HasChanges()) return true;
   const std::string question = "Language file " + FromQt(edited_name_) + " is not saved. Save it now?";
-  return !session_.prompts.AskYesNo(kProgramTitle, question) || Save();
+  return !workspace_.prompts.AskYesNo(kProgramTitle, question) || Save();
 }
 
 void frmCreateLang::reject() {
@@ -272,7 +272,8 @@ bool frmCreateLang::ProvideInEdited(const LanguageNode& node) {
   if (!edited_) return false;
   if (edited_->Has(node)) return true;
   const auto may_create = [this](const std::string& what) {
-    return form_->auto_create->isChecked() || session_.prompts.AskYesNo(kProgramTitle, what + " not found. Create it?");
+    return form_->auto_create->isChecked() ||
+           workspace_.prompts.AskYesNo(kProgramTitle, what + " not found. Create it?");
   };
   if (!edited_->Has({node.section, {}})) {
     if (!may_create("Section/Node " + node.section) || !edited_->AddSection(node.section)) return false;

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "app/session.h"
+#include "app/workspace.h"
 #include "localisation/language_edit.h"
 #include "localisation/language_files.h"
 #include "ui/language_editor/create_lang_form.h"
@@ -22,8 +22,8 @@ class frmCreateLang final : public QDialog {
   Q_OBJECT
 
  public:
-  // `version` is the running program's, as in "3.5.0". The session outlives the dialog.
-  frmCreateLang(Session& session, const std::string& version, QWidget* parent);
+  // `version` is the running program's, as in "3.5.0". The workspace outlives the dialog.
+  frmCreateLang(Workspace& workspace, const std::string& version, QWidget* parent);
 
   // Asks to save what is not saved. The dialog stays when that fails.
   void reject() override;
@@ -60,9 +60,9 @@ class frmCreateLang final : public QDialog {
   void ShowPrivate();
   void ShowChanges();
   void ShowWhetherSaved();
-  void Tell(const std::string& text) const { session_.prompts.ShowMessage(kProgramTitle, text); }
+  void Tell(const std::string& text) const { workspace_.prompts.ShowMessage(kProgramTitle, text); }
 
-  Session& session_;
+  Workspace& workspace_;
   std::vector<LanguageFile> files_;  // the entries of both boxes
   QString original_name_;            // file name of what is loaded; empty: nothing
   QString edited_name_;

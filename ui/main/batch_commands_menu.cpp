@@ -3,15 +3,15 @@
 
 #include "ui/main/batch_commands_menu.h"
 
-#include "app/batch_commands.h"
+#include "app/run_commands.h"
 #include "platform/files.h"
 #include "ui/texts/captions.h"
 #include "ui/texts/qt_text.h"
 
 namespace captoria {
 
-BatchCommandsMenu::BatchCommandsMenu(Session& session, QMenu* menu, QAction* none)
-    : QObject(menu), session_(session), menu_(menu), none_(none) {
+BatchCommandsMenu::BatchCommandsMenu(Workspace& workspace, QMenu* menu, QAction* none)
+    : QObject(menu), workspace_(workspace), menu_(menu), none_(none) {
   ReloadBatch();
 }
 
@@ -20,7 +20,7 @@ void BatchCommandsMenu::ReloadBatch() {
     if (entry != none_) delete entry;
   }
   int index = 0;
-  for (const std::string& name : ListCommandFiles(session_.folders)) {
+  for (const std::string& name : ListCommandFiles(workspace_.folders)) {
     const QString file = PathToQt(name);
     QAction* entry = menu_->addAction(QString(file).replace('&', "&&"));
     entry->setObjectName(none_->objectName());
@@ -33,11 +33,11 @@ void BatchCommandsMenu::ReloadBatch() {
 }
 
 void BatchCommandsMenu::RunFile(const QString& name) {
-  const std::string path = CommandFilePath(session_.folders, PathFromQt(name));
+  const std::string path = CommandFilePath(workspace_.folders, PathFromQt(name));
   if (!FileExists(path)) {
-    return session_.prompts.ShowMessage(kProgramTitle, session_.TextFor(messages::kFileNotFound));
+    return workspace_.prompts.ShowMessage(kProgramTitle, workspace_.language.TextOf(messages::kFileNotFound));
   }
-  (void)RunBatch(session_, path);  // what is at fault is told by it
+  (void)RunCommandFile(workspace_, path);  // what is at fault is told by it
 }
 
 }  // namespace captoria

@@ -7,14 +7,14 @@
 #include <QMenu>
 #include <QObject>
 
-#include "app/session.h"
+#include "app/workspace.h"
 
 namespace captoria {
 
 class BatchCommandsMenu final : public QObject {
  public:
-  // `none` is the entry of `menu` for a folder without command files. The session outlives the object.
-  BatchCommandsMenu(Session& session, QMenu* menu, QAction* none);
+  // `none` is the entry of `menu` for a folder without command files. The workspace outlives the object.
+  BatchCommandsMenu(Workspace& workspace, QMenu* menu, QAction* none);
 
   // Looks into the folder again.
   void ReloadBatch();
@@ -22,7 +22,7 @@ class BatchCommandsMenu final : public QObject {
  private:
   void RunFile(const QString& name);
 
-  Session& session_;
+  Workspace& workspace_;
   QMenu* menu_;
   QAction* none_;
 };

@@ -10,8 +10,8 @@
 
 namespace captoria {
 
-LanguagesMenu::LanguagesMenu(Session& session, QMenu* menu, QAction* none)
-    : QObject(menu), session_(session), menu_(menu), none_(none), group_(new QActionGroup(this)) {
+LanguagesMenu::LanguagesMenu(Workspace& workspace, QMenu* menu, QAction* none)
+    : QObject(menu), workspace_(workspace), menu_(menu), none_(none), group_(new QActionGroup(this)) {
   none_->setVisible(false);
   Reload();
 }
@@ -19,7 +19,7 @@ LanguagesMenu::LanguagesMenu(Session& session, QMenu* menu, QAction* none)
 void LanguagesMenu::Reload() {
   for (QAction* entry : group_->actions()) delete entry;
   int index = 0;
-  for (const LanguageFile& file : ListLanguages(session_.folders)) {
+  for (const LanguageFile& file : ListLanguages(workspace_.folders)) {
     QAction* entry = menu_->addAction(ToQt(file.name).replace('&', "&&"));
     entry->setObjectName(none_->objectName());
     entry->setProperty("Index", ++index);
@@ -28,7 +28,7 @@ void LanguagesMenu::Reload() {
     entry->setCheckable(true);
     group_->addAction(entry);
     connect(entry, &QAction::triggered, this, [this, base = file.base] {
-      (void)LoadNewLang(session_, base);
+      (void)LoadNewLang(workspace_, base);
       ShowCurrent();  // not the entry of a file that is gone
     });
   }
@@ -36,7 +36,7 @@ void LanguagesMenu::Reload() {
 }
 
 void LanguagesMenu::ShowCurrent() {
-  const QString name = ToQt(LanguageName(session_.LangFile));
+  const QString name = ToQt(LanguageName(workspace_.language.LangFile));
   for (QAction* entry : group_->actions()) entry->setChecked(entry->data() == name);
 }
 

@@ -8,14 +8,14 @@
 #include <QMenu>
 #include <QObject>
 
-#include "app/session.h"
+#include "app/workspace.h"
 
 namespace captoria {
 
 class LanguagesMenu final : public QObject {
  public:
-  // `none` is a hidden entry of `menu` that language files know. The session outlives the object.
-  LanguagesMenu(Session& session, QMenu* menu, QAction* none);
+  // `none` is a hidden entry of `menu` that language files know. The workspace outlives the object.
+  LanguagesMenu(Workspace& workspace, QMenu* menu, QAction* none);
 
   // Looks for language files again.
   void Reload();
@@ -24,7 +24,7 @@ class LanguagesMenu final : public QObject {
   void ShowCurrent();
 
  private:
-  Session& session_;
+  Workspace& workspace_;
   QMenu* menu_;
   QAction* none_;
   QActionGroup* group_;

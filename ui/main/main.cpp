@@ -8,7 +8,7 @@
 #include <cstdio>
 #include <string>
 
-#include "app/batch_convert.h"
+#include "app/unattended.h"
 #include "platform/program_folder.h"
 #include "ui/main/main_window.h"
 #include "ui/main/window_prompts.h"
@@ -70,27 +70,30 @@ Options Parse(const std::vector<std::string>& words) {
   return options;
 }
 
+void Complain(const std::string& message) { std::fprintf(stderr, "Captoria: %s\n", message.c_str()); }
+
 int Run(QApplication& application, const Options& options) {
   QApplication::setApplicationName("Captoria");
   QApplication::setApplicationVersion(CAPTORIA_VERSION);
   QApplication::setDesktopFileName("org.captoria.Captoria");
   const CommandLine line = ParseCommandLine(options.arguments);
-  WindowPrompts prompts(nullptr);  // a damaged settings file is told before there is a window
-  prompts.SetUnattended(line.unattended);
+  WindowPrompts prompts(nullptr);  // settings that cannot be used are reported before there is a window
   WindowView view;
-  Session session(FindProgramFolders(options.data, ExecutableFolder(), ProcessEnvironment()), prompts, view);
-  Form1 window(session, view);
+  if (line.unattended) {
+    QObject::connect(&view, &WindowView::Warned, [](const QString& text) { Complain(FromQt(text)); });
+  }
+  Workspace workspace(FindProgramFolders(options.data, ExecutableFolder(), ProcessEnvironment()), prompts, view,
+                      line.unattended ? Attendance::Nobody : Attendance::Person);
+  Form1 window(workspace, view);
   prompts.SetParent(&window);
   window.show();
 
   int status = 0;
   QTimer::singleShot(0, &window, [&] {
     if (line.unattended) {
-      prompts.SetUnattended(false);  // whoever chose the entry of a file manager sees why there is no film
-      const auto made = window.Commands().RunUnattended(Absolute(PathToQt(line.path)));
-      if (!made) std::fprintf(stderr, "Captoria: %s\n", made.error().message.c_str());
-      prompts.SetUnattended(true);
-      status = made ? 0 : 1;
+      const Outcome outcome = window.Commands().RunUnattended(Absolute(PathToQt(line.path)));
+      if (!outcome.film) Complain(outcome.film.error().message);
+      status = outcome.film ? 0 : 1;
       window.close();
       return;
     }

@@ -30,8 +30,8 @@ namespace captoria {
 namespace {
 
 // "Film.srt - Captoria ver. 3.5.0 by Halvard"
-QString TitleOf(const Session& session) {
-  const SubtitleTrack& track = session.tracks.Current();
+QString TitleOf(const Workspace& workspace) {
+  const SubtitleTrack& track = workspace.project.tracks.Current();
   const QString file = track.HasFile() ? ToQt(GetFileNameOnly(track.path)) + " - " : QString{};
   return file + kProgramTitle + " ver. " CAPTORIA_VERSION " by Halvard";
 }
@@ -46,25 +46,24 @@ QStringList FilesOf(const QMimeData* data) {
 
 }  // namespace
 
-Form1::Form1(Session& session, WindowView& view) : session_(session), view_(view) {
+Form1::Form1(Workspace& workspace, WindowView& view) : workspace_(workspace), view_(view) {
   setObjectName("Form1");
   setProperty(kShowsData, true);
   setAcceptDrops(true);
-  state_ = new WindowState(session_, this);
+  state_ = new WindowState(workspace_, this);
   Build();
   setWindowIcon(QIcon(":/icons/captoria.svg"));
   ConnectMenu();
   ConnectParts();
-  view_.SetJobBar(jobs_);
-  menu_->preview->setChecked(session_.settings.Preview);
-  preview_->SetPreviewOn(session_.settings.Preview);
-  RestoreLanguage(session_);
+  menu_->preview->setChecked(workspace_.preferences.settings.Preview);
+  preview_->SetPreviewOn(workspace_.preferences.settings.Preview);
+  RestoreLanguage(workspace_);
   ShowVideo();
   state_->Restore();
 }
 
 void Form1::Build() {
-  style_ = new StylePanel(session_, this);
+  style_ = new StylePanel(workspace_, this);
   auto* toolbar = addToolBar("Commands");
   toolbar->setObjectName("Toolbar2");
   menu_ = new MainMenu(menuBar(), toolbar, style_->StyleActions(), this);
@@ -79,7 +78,7 @@ void Form1::Build() {
   pages_ = new QStackedWidget(this);
   pages_->addWidget(new StartPage(menu_->open_avi, menu_->open_srt, pages_));
   pages_->addWidget(BuildWorkPage());
-  jobs_ = new JobBar(session_.language, this);
+  jobs_ = new JobBar(workspace_.language.document, this);
   auto* central = new QWidget(this);
   auto* layout = new QVBoxLayout(central);
   layout->setContentsMargins({});
@@ -87,16 +86,16 @@ void Form1::Build() {
   layout->addWidget(jobs_);
   setCentralWidget(central);
   BuildStreams();
-  status_ = new StatusLabels(statusBar(), session_.language);
-  commands_ = new WindowCommands(session_, *jobs_, this);
+  status_ = new StatusLabels(statusBar(), workspace_.language.document);
+  commands_ = new WindowCommands(workspace_, *jobs_, this);
   state_->KeepRecent(menu_->recent);
-  languages_ = new LanguagesMenu(session_, menu_->languages, menu_->no_language);
-  batch_menu_ = new BatchCommandsMenu(session_, menu_->batch_commands, menu_->no_batch_file);
+  languages_ = new LanguagesMenu(workspace_, menu_->languages, menu_->no_language);
+  batch_menu_ = new BatchCommandsMenu(workspace_, menu_->batch_commands, menu_->no_batch_file);
 }
 
 QWidget* Form1::BuildWorkPage() {
-  tracks_ = new TrackTabs(session_, pages_);
-  preview_ = new PreviewPane(session_, pages_);
+  tracks_ = new TrackTabs(workspace_, pages_);
+  preview_ = new PreviewPane(workspace_, pages_);
   auto* lists = new QSplitter(Qt::Vertical, pages_);
   lists->setObjectName("lists");
   lists->addWidget(tracks_);
@@ -117,7 +116,7 @@ QWidget* Form1::BuildWorkPage() {
 }
 
 void Form1::BuildStreams() {
-  streams_ = new Info(session_.prompts, this);
+  streams_ = new Info(workspace_.prompts, this);
   streams_->setObjectName("Info1");
   streams_dock_ = new QDockWidget("Avi info (streams)", this);
   streams_dock_->setObjectName("AviInfoPanel");
@@ -140,7 +139,7 @@ void Form1::ConnectMenu() {
   on(menu_->fit_font, [this](bool fit) { SetFitFont(fit); });
   on(menu_->only_outside, [this](bool only) { ShowOnlyOutside(only); });
   on(menu_->create_lang, [this] { CreateLanguage(); });
-  on(menu_->welcome, [this] { frmWelcome(session_.language, this).exec(); });
+  on(menu_->welcome, [this] { frmWelcome(workspace_.language.document, this).exec(); });
   on(menu_->about, [this] { commands_->ShowAbout(); });
   on(menu_->left, [this] { SetAlignment(Alignment::Left); });
   on(menu_->center, [this] { SetAlignment(Alignment::Center); });
@@ -149,7 +148,7 @@ void Form1::ConnectMenu() {
   on(menu_->select_subs, [this] { SelectSubs(); });
   tracks_->List()->addActions(menu_->selected_subs->actions());  // for their shortcuts
   on(menu_->preview, [this](bool shown) {
-    session_.settings.Preview = shown;
+    workspace_.preferences.settings.Preview = shown;
     preview_->SetPreviewOn(shown);
   });
   connect(menu_->stream_info, &QAction::toggled, streams_dock_, &QDockWidget::setVisible);
@@ -173,13 +172,13 @@ void Form1::ConnectParts() {
   });
   connect(tracks_, &TrackTabs::SelectionChanged, this, &Form1::ShowCounts);
   connect(tracks_, &TrackTabs::MenuWanted, this, [this](const QPoint& at) {
-    if (!session_.tracks.Current().IsIdx()) menu_->selected_subs->popup(at);
+    if (!workspace_.project.tracks.Current().IsIdx()) menu_->selected_subs->popup(at);
   });
   connect(style_, &StylePanel::StyleChanged, this, &Form1::ShowCue);
   connect(style_, &StylePanel::FontChanged, this, &Form1::CheckSafeAreaAgain);
   connect(preview_, &PreviewPane::Told, status_, &StatusLabels::Tell);
   connect(system_, &QComboBox::activated, this, [this](int index) {
-    ChooseVideoSystem(session_, index == 0);
+    ChooseVideoSystem(workspace_.project, index == 0);
     ShowSystem();
   });
   connect(jobs_, &JobBar::Began, this, [this] { SetBusy(true); });
@@ -187,30 +186,23 @@ void Form1::ConnectParts() {
 }
 
 void Form1::ShowTracks() {
-  if (jobs_->IsBusy()) {
-    tracks_changed_ = true;
-    return;
-  }
-  const SubtitleTrack& track = session_.tracks.Current();
-  pages_->setCurrentIndex(session_.video.AviPath.empty() && !track.HasFile() && session_.tracks.Count() == 1 ? 0 : 1);
+  const SubtitleTrack& track = workspace_.project.tracks.Current();
+  pages_->setCurrentIndex(
+      workspace_.project.video.AviPath.empty() && !track.HasFile() && workspace_.project.tracks.Count() == 1 ? 0 : 1);
   tracks_->ShowTracks();
   style_->LoadCorrectValues();
   style_->EnableButtons(!track.IsIdx());
   for (QAction* action : {menu_->fit_font, menu_->only_outside}) action->setEnabled(!track.IsIdx());
   menu_->fit_font->setChecked(track.style.FitFont);
-  menu_->only_outside->setChecked(session_.only_outside);
-  setWindowTitle(TitleOf(session_));
+  menu_->only_outside->setChecked(workspace_.project.only_outside);
+  setWindowTitle(TitleOf(workspace_));
   ShowCounts();
   ShowCue();
 }
 
 void Form1::ShowVideo() {
-  if (jobs_->IsBusy()) {
-    video_changed_ = true;
-    return;
-  }
   streams_->Clear();
-  for (const StreamRow& row : session_.video.streams) {
+  for (const StreamRow& row : workspace_.project.video.streams) {
     streams_->AddLine({ToQt(TextOf(row.type)), ToQt(row.text)});
   }
   preview_->SetVideo();
@@ -218,18 +210,18 @@ void Form1::ShowVideo() {
 }
 
 void Form1::ShowSystem() {
-  system_->setCurrentIndex(session_.video.VideoSystem == VideoSystem::Pal ? 1 : 0);
+  system_->setCurrentIndex(workspace_.project.video.VideoSystem == VideoSystem::Pal ? 1 : 0);
   // Before there is a video or a subtitle, nothing is worth the time that finding all fonts takes.
-  if (!session_.video.AviPath.empty()) {
-    const auto bitmap = session_.Bitmap();
+  if (!workspace_.project.video.AviPath.empty()) {
+    const auto bitmap = workspace_.canvas.Bitmap(FrameOf(workspace_.preferences.settings));
     const int subtitle = bitmap ? (*bitmap)->Dib().Height() : 0;
-    style_->SetVerticalMaximum(session_.video.VideoHeight() - subtitle);
+    style_->SetVerticalMaximum(workspace_.project.video.VideoHeight() - subtitle);
   }
   ShowTracks();
 }
 
 void Form1::ShowCue() {
-  const SubtitleTrack& track = session_.tracks.Current();
+  const SubtitleTrack& track = workspace_.project.tracks.Current();
   const SubtitleCue* cue = track.IsIdx() ? nullptr : tracks_->CurrentCue();
   style_->ShowOwn(cue == nullptr ? Placement{} : ReadPlacement(cue->Tag));
   if (cue != nullptr) style_->ShowVerticalPosition(ReadPlacement(cue->Tag).position.value_or(track.style.VertPos));
@@ -238,32 +230,34 @@ void Form1::ShowCue() {
 }
 
 void Form1::ShowCounts() {
-  const SubtitleTrack& track = session_.tracks.Current();
+  const SubtitleTrack& track = workspace_.project.tracks.Current();
   const auto outside = track.IsIdx() ? std::nullopt : std::optional{static_cast<int>(track.outside.size())};
   status_->ShowOutside(outside, track.style.FitFont);
   status_->ShowSelected(tracks_->SelectedCount());
 }
 
 void Form1::ShowOnlyOutside(bool only) {
-  ShowEditOnly(session_, only);
+  workspace_.project.only_outside = only;
   ShowTracks();
 }
 
 void Form1::SetFitFont(bool fit) {
-  if (session_.tracks.Current().style.FitFont != fit) ToggleFitFont(session_);
+  if (workspace_.project.tracks.Current().style.FitFont != fit) ToggleFitFont(workspace_.project);
   CheckSafeAreaAgain();
 }
 
 void Form1::CheckSafeAreaAgain() {
-  if (session_.tracks.Current().IsRendered()) {
-    const auto checked = CheckSafeArea(session_, false);
-    if (!checked) view_.Warn(checked.error().message);
+  if (workspace_.project.tracks.Current().IsRendered()) {
+    const auto checked = CheckSafeArea(workspace_);
+    if (!checked) {
+      workspace_.reporter.Note({.kind = FindingKind::OutsideSafeArea, .message = checked.error().message});
+    }
   }
   ShowTracks();
 }
 
 void Form1::SetAlignment(Alignment align) {
-  SetAlignForSelectedSubs(session_, align);
+  SetAlignForSelectedSubs(workspace_.project, align);
   tracks_->Refresh();
   ShowCue();
 }
@@ -273,8 +267,8 @@ PositionDialogStart Form1::PlacementStart() const {
 }
 
 void Form1::SetPosAlign() {
-  if (!session_.tracks.Current().IsRendered()) return;
-  Form3 dialog(session_, CommandMode::Apply, PlacementStart(), this);
+  if (!workspace_.project.tracks.Current().IsRendered()) return;
+  Form3 dialog(workspace_, CommandMode::Apply, PlacementStart(), this);
   const auto show = [this] {
     tracks_->Refresh();
     ShowCue();
@@ -285,16 +279,16 @@ void Form1::SetPosAlign() {
 }
 
 void Form1::SelectSubs() {
-  if (!session_.tracks.Current().IsRendered()) return;
-  frmSelectSubs(session_, CommandMode::Apply, this).exec();
+  if (!workspace_.project.tracks.Current().IsRendered()) return;
+  frmSelectSubs(workspace_, CommandMode::Apply, this).exec();
   tracks_->ShowSelection();
   ShowCounts();
 }
 
 void Form1::ShowOptions() {
-  FileRegistry registry(JoinPath(session_.folders.data, "Captoria.registry"));
-  ContextMenuEntry entry(registry, FileActions(ProcessEnvironment()), VerbProgram(session_.folders.executable));
-  Form2 dialog(session_, entry, PlacementStart(), this);
+  FileRegistry registry(JoinPath(workspace_.folders.data, "Captoria.registry"));
+  ContextMenuEntry entry(registry, FileActions(ProcessEnvironment()), VerbProgram(workspace_.folders.executable));
+  Form2 dialog(workspace_, entry, PlacementStart(), this);
   dialog.exec();
   if (dialog.BatchFilesChanged()) batch_menu_->ReloadBatch();
   const OptionsEffect& effect = dialog.Effect();
@@ -306,14 +300,14 @@ void Form1::ShowOptions() {
 }
 
 void Form1::CreateLanguage() {
-  frmCreateLang dialog(session_, CAPTORIA_VERSION, this);
-  connect(&dialog, &frmCreateLang::Saved, this, [this](const std::string& base) { (void)LoadNewLang(session_, base); });
+  frmCreateLang dialog(workspace_, CAPTORIA_VERSION, this);
+  connect(&dialog, &frmCreateLang::Saved, this,
+          [this](const std::string& base) { (void)LoadNewLang(workspace_, base); });
   dialog.exec();
   languages_->Reload();
 }
 
 void Form1::ShowCommandsRun(const QString& file_name, int selected) {
-  if (jobs_->IsBusy()) return;  // all is shown when the job is over
   tracks_->Refresh();
   tracks_->ShowSelection();
   ShowCue();
@@ -327,43 +321,37 @@ void Form1::SetBusy(bool busy) {
   streams_dock_->setEnabled(!busy);
   for (QToolBar* bar : findChildren<QToolBar*>()) bar->setEnabled(!busy);
   if (busy) return;
-  const bool video = std::exchange(video_changed_, false), tracks = std::exchange(tracks_changed_, false);
-  if (video) {
-    ShowVideo();
-  } else if (tracks) {
-    ShowTracks();
-  }
   if (closing_) QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
 }
 
 void Form1::ShowLanguage() {
-  look_.Apply(session_.language);
-  captions_.Apply(session_.language);
+  look_.Apply(workspace_.language.document);
+  captions_.Apply(workspace_.language.document);
   languages_->ShowCurrent();
-  status_->ShowLanguage(ToQt(LanguageCredit(session_, FromQt(status_->Language()))));
-  streams_->SetTitle1(ToQt(TextOf(session_.language, window_texts::kStream)));
-  streams_->SetTitle2(ToQt(TextOf(session_.language, window_texts::kInformation)));
+  status_->ShowLanguage(ToQt(LanguageCredit(workspace_.language.document, FromQt(status_->Language()))));
+  streams_->SetTitle1(ToQt(TextOf(workspace_.language.document, window_texts::kStream)));
+  streams_->SetTitle2(ToQt(TextOf(workspace_.language.document, window_texts::kInformation)));
   ShowTracks();
 }
 
 void Form1::Welcome() {
-  if (!session_.settings.ShowWelcome) return;
-  frmWelcome(session_.language, this).exec();
-  session_.settings.ShowWelcome = false;
-  const auto stored = session_.Store(keys::kShowWelcome, "0");
-  if (!stored) view_.Warn(stored.error().message);
+  if (!workspace_.preferences.settings.ShowWelcome) return;
+  frmWelcome(workspace_.language.document, this).exec();
+  const auto stored = workspace_.preferences.Store(keys::kShowWelcome, "0");
+  if (!stored) workspace_.reporter.Note({.kind = FindingKind::NotSaved, .message = stored.error().message});
 }
 
 void Form1::closeEvent(QCloseEvent* event) {
   if (jobs_->IsBusy()) {
-    const bool stop = session_.prompts.AskYesNo(kProgramTitle, TextOf(session_.language, window_texts::kStopJob));
+    const bool stop =
+        workspace_.prompts.AskYesNo(kProgramTitle, TextOf(workspace_.language.document, window_texts::kStopJob));
     closing_ = stop && jobs_->IsBusy();  // it may have ended while the question stood
     if (closing_) jobs_->Stop();
     if (closing_ || !stop) return event->ignore();
   }
   state_->Save();
-  const auto saved = session_.Save();
-  if (!saved) session_.prompts.ShowMessage(kProgramTitle, saved.error().message);
+  const auto saved = SaveAll(workspace_.preferences, workspace_.project);
+  if (!saved) workspace_.reporter.Tell({.kind = FindingKind::NotSaved, .message = saved.error().message});
   event->accept();
 }
 

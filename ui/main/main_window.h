@@ -10,7 +10,7 @@
 #include <QMainWindow>
 #include <QStackedWidget>
 
-#include "app/session.h"
+#include "app/workspace.h"
 #include "ui/dialogs/info.h"
 #include "ui/dialogs/position_dialog.h"
 #include "ui/jobs/job.h"
@@ -31,8 +31,8 @@ namespace captoria {
 
 class Form1 final : public QMainWindow {
  public:
-  // `view` is that of the session. Both outlive the window.
-  Form1(Session& session, WindowView& view);
+  // `view` is that of the workspace. Both outlive the window.
+  Form1(Workspace& workspace, WindowView& view);
 
   WindowCommands& Commands() { return *commands_; }
 
@@ -69,7 +69,7 @@ class Form1 final : public QMainWindow {
   void ShowCommandsRun(const QString& file_name, int selected);
   void SetBusy(bool busy);
 
-  Session& session_;
+  Workspace& workspace_;
   WindowView& view_;
   StylePanel* style_;
   MainMenu* menu_;
@@ -88,10 +88,6 @@ class Form1 final : public QMainWindow {
   WindowCaptions captions_{*this};
   LanguageLook look_;
   bool closing_ = false;  // as soon as the job has stopped
-
-  // What a job has changed: shown when it is over, for until then its thread may change it again.
-  bool video_changed_ = false;
-  bool tracks_changed_ = false;
 };
 
 }  // namespace captoria

@@ -3,10 +3,9 @@
 
 #include "ui/main/window_commands.h"
 
-#include "app/batch_convert.h"
+#include "app/language_commands.h"
 #include "app/load_subtitle.h"
 #include "app/open_video.h"
-#include "automation/batch_conversion.h"
 #include "base/path_text.h"
 #include "localisation/window_texts.h"
 #include "media/video/frame_decoder.h"
@@ -18,35 +17,52 @@
 #include "ui/texts/qt_text.h"
 
 namespace captoria {
+namespace {
 
-WindowCommands::WindowCommands(Session& session, JobBar& jobs, QWidget* window)
+// A list is converted out of sight; what was noticed is shown at its end.
+class UnseenView final : public WorkspaceView {
+ public:
+  void ShowFinding(const Finding&) override {}
+};
+
+}  // namespace
+
+WindowCommands::WindowCommands(Workspace& workspace, JobBar& jobs, QWidget* window)
     : QObject(window),
-      session_(session),
+      workspace_(workspace),
       jobs_(jobs),
       window_(window),
-      scripts_(session.folders.executable, ProcessEnvironment()),
-      outside_{.scripts = scripts_, .documents = documents_, .ask_for_tool = [window](Session& asking, Tool tool) {
-                 return AskForToolDialog::Ask(asking, tool, window);
-               }} {}
+      scripts_(workspace.folders.executable, ProcessEnvironment()),
+      outside_{
+          .convert = [this](const ConversionPlan& plan, const auto& fonts) { return ConvertBesideWindow(plan, fonts); },
+          .documents = documents_,
+          .ask_for_tool = [window](Workspace& asking,
+                                   Tool tool) { return AskForToolDialog::Ask(asking, tool, window); }} {}
+
+Outcome WindowCommands::ConvertBesideWindow(const ConversionPlan& plan, const std::shared_ptr<FontCollection>& fonts) {
+  Outcome outcome;
+  jobs_.Run([&] { outcome = Convert(plan, fonts, scripts_, jobs_); });
+  return outcome;
+}
 
 void WindowCommands::OpenVideo(const QString& path) {
   std::string opened = PathFromQt(path);
-  const auto result = OpenAnAviFile(session_, opened, {});
+  const auto result = OpenAnAviFile(workspace_, opened, {});
   if (result) emit VideoOpened(PathToQt(opened));
 }
 
 void WindowCommands::OpenSubtitle(const QString& path) {
   std::string file = PathFromQt(path);
   if (file.empty()) {
-    const auto chosen =
-        session_.prompts.AskFileToOpen(kProgramTitle, {{"*.srt;*.idx", "*.srt;*.idx"}}, session_.current_file);
+    const auto chosen = workspace_.prompts.AskFileToOpen(kProgramTitle, {{"*.srt;*.idx", "*.srt;*.idx"}},
+                                                         workspace_.project.current_file);
     if (!chosen) return;
     file = *chosen;
   }
-  const auto loaded = OpenSubtitleFile(session_, file, {});
+  const auto loaded = OpenSubtitleFile(workspace_, file, {});
   if (loaded) return;
-  session_.prompts.ShowMessage(kProgramTitle, loaded.error().message);
-  session_.view.ShowTracks();  // a new track may have been made for it
+  workspace_.prompts.ShowMessage(kProgramTitle, loaded.error().message);
+  workspace_.view.ShowTracks();  // a new track may have been made for it
 }
 
 void WindowCommands::OpenFiles(const QStringList& paths) {
@@ -56,58 +72,81 @@ void WindowCommands::OpenFiles(const QStringList& paths) {
   }
   for (const QString& path : paths) {
     if (IsVideoName(PathFromQt(path)) || !FileExists(PathFromQt(path))) continue;
-    if (session_.tracks.Current().HasFile() && paths.size() > 1) session_.SelectLastTab();
+    if (workspace_.project.tracks.Current().HasFile() && paths.size() > 1)
+      workspace_.project.SelectLastTab(workspace_.preferences);
     OpenSubtitle(path);
   }
 }
 
 void WindowCommands::CloseSubtitles() {
-  session_.tracks.UnloadAllSrts();
-  session_.view.ShowTracks();
+  workspace_.project.tracks.UnloadAllSrts();
+  workspace_.view.ShowTracks();
 }
 
 void WindowCommands::MakeDivX() {
   if (jobs_.IsBusy()) return;
-  Result<MadeDivX> made;
-  jobs_.Run([&] { made = MakeFinalDivX(session_, outside_, {}); });
-  if (!made && made.error().kind != ErrorKind::Cancelled) session_.view.Warn(made.error().message);
+  const Outcome outcome = MakeFinalDivX(workspace_, outside_);
+  if (outcome.film || outcome.film.error().kind == ErrorKind::Cancelled) return;
+  workspace_.reporter.Note({.kind = FindingKind::ToolMessage, .message = outcome.film.error().message});
 }
 
 void WindowCommands::BatchConvert() {
   if (jobs_.IsBusy()) return;
-  frmBatch dialog(session_.prompts, session_.video.AviPath, window_);
+  frmBatch dialog(workspace_.prompts, workspace_.project.video.AviPath, window_);
   dialog.exec();
   if (!dialog.Confirmed()) return;
-  const std::vector<std::string> files = dialog.Files();
-  CloseSubtitles();  // here, so that the list shows nothing of what the job's thread loads and closes
-  ConvertList(files);
+  const std::vector<std::string> films = dialog.Files();
+  CloseSubtitles();
+  ConvertList(films);
 }
 
-void WindowCommands::ConvertList(const std::vector<std::string>& files) {
-  const auto count = static_cast<int>(files.size());
+void WindowCommands::ConvertList(const std::vector<std::string>& films) {
+  if (const auto saved = SaveAll(workspace_.preferences, workspace_.project); !saved) {
+    workspace_.reporter.Tell({.kind = FindingKind::NotSaved, .message = saved.error().message});
+  }
+  (void)LocateTools(workspace_, outside_.ask_for_tool);  // now, for nobody is asked while the worker is busy
+  UnseenView unseen;
+  Workspace worker(workspace_.folders, workspace_.preferences, workspace_.prompts, unseen, Attendance::Nobody);
+  worker.preferences.remembers = false;
+  worker.project = workspace_.project;
+  (void)LoadNewLang(worker, workspace_.language.LangFile);
+  const Outside outside{.convert = [this](const ConversionPlan& plan,
+                                          const auto& fonts) { return Convert(plan, fonts, scripts_, jobs_); },
+                        .documents = documents_,
+                        .ask_for_tool = [](Workspace&, Tool) { return false; }};
+
+  const auto count = static_cast<int>(films.size());
   int begun = 0, made = 0;
+  Findings findings;
   const ConvertOptions options{
       .subtitles{},
       .begin = [&](const std::string& video) { jobs_.BeginItem(begun++, count, ToQt(GetFileNameOnly(video))); },
-      .done = [&](const ConvertedVideo& video) { made += video.output.empty() ? 0 : 1; }};
+      .done =
+          [&](const ConvertedFilm& film) {
+            made += film.status == ConversionStatus::Made ? 1 : 0;
+            findings.insert(findings.end(), film.findings.begin(), film.findings.end());
+          }};
   ConvertReport report;
-  jobs_.Run([&] { report = ConvertVideos(session_, outside_, files, options); });
+  jobs_.Run([&] { report = ConvertVideos(worker, outside, films, options); });
+
+  workspace_.project.video = worker.project.video;
+  workspace_.view.ShowVideo();
+  if (workspace_.preferences.settings.AutoShowAviInfo) workspace_.view.BringUpStreams();
+  for (const Finding& finding : findings) workspace_.reporter.Note(finding);
   if (report.stopped) {
-    const QString stopped = ToQt(TextOf(session_.language, window_texts::kBatchStopped)).arg(made).arg(count);
-    report.text.insert(0, FromQt(stopped) + "\r\n");
+    const QString stopped = ToQt(TextOf(workspace_.language.document, window_texts::kBatchStopped));
+    report.text.insert(0, FromQt(stopped.arg(made).arg(count)) + "\r\n");
   }
-  session_.prompts.ShowMessage(std::string{"Batch results - "} + kProgramTitle, BatchResult(report.text));
+  workspace_.prompts.ShowMessage(std::string{"Batch results - "} + kProgramTitle, ReportOrAllWell(report.text));
 }
 
 void WindowCommands::ShowAbout() {
-  frmAbout({.version = CAPTORIA_VERSION, .libraries = {DecoderLibrary()}}, session_.prompts, documents_, window_)
+  frmAbout({.version = CAPTORIA_VERSION, .libraries = {DecoderLibrary()}}, workspace_.prompts, documents_, window_)
       .exec();
 }
 
-Result<MadeDivX> WindowCommands::RunUnattended(const QString& path) {
-  Result<MadeDivX> made;
-  jobs_.Run([&] { made = captoria::RunUnattended(session_, outside_, PathFromQt(path)); });
-  return made;
+Outcome WindowCommands::RunUnattended(const QString& path) {
+  return captoria::RunUnattended(workspace_, outside_, PathFromQt(path));
 }
 
 }  // namespace captoria

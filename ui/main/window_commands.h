@@ -1,14 +1,15 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What the window's menu entries do to the session, long work beside the window.
+// What the window's menu entries do. Long work runs beside the window, on plans and copies.
 #pragma once
 
 #include <QObject>
 #include <QStringList>
 
-#include "app/make_divx.h"
-#include "app/session.h"
+#include "app/convert_list.h"
+#include "app/unattended.h"
+#include "app/workspace.h"
 #include "ui/jobs/job.h"
 
 namespace captoria {
@@ -18,7 +19,7 @@ class WindowCommands final : public QObject {
 
  public:
   // All outlive the object.
-  WindowCommands(Session& session, JobBar& jobs, QWidget* window);
+  WindowCommands(Workspace& workspace, JobBar& jobs, QWidget* window);
 
   // An empty path asks for one.
   void OpenVideo(const QString& path);
@@ -33,16 +34,17 @@ class WindowCommands final : public QObject {
   void ShowAbout();
 
   // The run that a file manager starts.
-  Result<MadeDivX> RunUnattended(const QString& path);
+  Outcome RunUnattended(const QString& path);
 
  signals:
   // A video was opened by its user, and so may be wanted again.
   void VideoOpened(const QString& path);
 
  private:
-  void ConvertList(const std::vector<std::string>& files);
+  Outcome ConvertBesideWindow(const ConversionPlan& plan, const std::shared_ptr<FontCollection>& fonts);
+  void ConvertList(const std::vector<std::string>& films);
 
-  Session& session_;
+  Workspace& workspace_;
   JobBar& jobs_;
   QWidget* window_;
   CaptoriaRun scripts_;

@@ -105,10 +105,6 @@ QWidget* WindowPrompts::Parent() const {
 }
 
 void WindowPrompts::ShowMessage(const std::string& title, const std::string& text) {
-  if (unattended_) {
-    std::fprintf(stderr, "%s: %s\n", title.c_str(), text.c_str());
-    return;
-  }
   OnGuiThread(qApp, [&] {
     QMessageBox box(QMessageBox::Information, ToQt(title), QString(), QMessageBox::Ok, Parent());
     Show(box, text);

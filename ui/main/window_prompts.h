@@ -8,7 +8,6 @@
 
 #include <QPointer>
 #include <QWidget>
-#include <atomic>
 
 #include "platform/prompts.h"
 
@@ -19,9 +18,6 @@ class WindowPrompts final : public Prompts {
   // Without a parent, or when that is gone, dialogs stand alone. They stand over another dialog that is open.
   explicit WindowPrompts(QWidget* parent) : parent_(parent) {}
   void SetParent(QWidget* parent) { parent_ = parent; }
-
-  // While nobody sits before the window, messages go to standard error and nothing waits for them.
-  void SetUnattended(bool unattended) { unattended_ = unattended; }
 
   void ShowMessage(const std::string& title, const std::string& text) override;
   bool AskYesNo(const std::string& title, const std::string& question) override;
@@ -43,7 +39,6 @@ class WindowPrompts final : public Prompts {
   QWidget* Parent() const;
 
   QPointer<QWidget> parent_;
-  std::atomic<bool> unattended_ = false;
 };
 
 }  // namespace captoria

@@ -20,11 +20,11 @@ int Pixels(float twips) { return static_cast<int>(twips) / kTwips; }
 
 }  // namespace
 
-WindowState::WindowState(Session& session, QMainWindow* window)
+WindowState::WindowState(Workspace& workspace, QMainWindow* window)
     : QObject(window),
-      session_(session),
+      workspace_(workspace),
       window_(window),
-      file_(ToQt(JoinPath(session.folders.data, "Captoria.window.ini")), QSettings::IniFormat) {}
+      file_(ToQt(JoinPath(workspace.folders.data, "Captoria.window.ini")), QSettings::IniFormat) {}
 
 void WindowState::Keep(QSplitter* splitter) {
   splitters_.append(splitter);
@@ -37,7 +37,7 @@ void WindowState::Keep(QHeaderView* header, const QString& name) {
 }
 
 void WindowState::Restore() {
-  const Settings& settings = session_.settings;
+  const Settings& settings = workspace_.preferences.settings;
   QRect place(Pixels(settings.MainX), Pixels(settings.MainY), Pixels(settings.MainWidth), Pixels(settings.MainHeight));
   // A window remembered from a screen that is gone has to be found again.
   const QRect screen = window_->screen()->availableGeometry();
@@ -50,7 +50,7 @@ void WindowState::Save() {
   // Of the restored window, also when it is closed maximised or minimised.
   const QRect place =
       window_->isMaximized() || window_->isMinimized() ? window_->normalGeometry() : window_->geometry();
-  Settings& settings = session_.settings;
+  Settings& settings = workspace_.preferences.settings;
   settings.MainX = static_cast<float>(place.x() * kTwips);
   settings.MainY = static_cast<float>(place.y() * kTwips);
   settings.MainWidth = static_cast<float>(place.width() * kTwips);

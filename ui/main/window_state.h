@@ -11,7 +11,7 @@
 #include <QSettings>
 #include <QSplitter>
 
-#include "app/session.h"
+#include "app/workspace.h"
 
 namespace captoria {
 
@@ -19,7 +19,7 @@ class WindowState final : public QObject {
   Q_OBJECT
 
  public:
-  WindowState(Session& session, QMainWindow* window);
+  WindowState(Workspace& workspace, QMainWindow* window);
 
   // These are restored now and remembered at Save. Their object names tell them apart.
   void Keep(QSplitter* splitter);
@@ -38,7 +38,7 @@ class WindowState final : public QObject {
  private:
   void ShowRecent();
 
-  Session& session_;
+  Workspace& workspace_;
   QMainWindow* window_;
   QSettings file_;
   QList<QSplitter*> splitters_;

@@ -1,32 +1,27 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What a session shows, as signals that arrive on the window's thread, whatever thread a command runs on.
+// What commands show, as signals to the parts of the window. On the window's thread only.
 #pragma once
 
 #include <QObject>
 
-#include "app/session_view.h"
-#include "ui/jobs/job.h"
+#include "app/workspace_view.h"
 
 namespace captoria {
 
-class WindowView final : public QObject, public SessionView {
+class WindowView final : public QObject, public WorkspaceView {
   Q_OBJECT
 
  public:
   WindowView() = default;
 
-  // Where long work shows how far it is; outlives what is begun. Before it is set, work shows nothing.
-  void SetJobBar(JobBar* bar) { bar_ = bar; }
-
-  void ShowVideo() override;
-  void BringUpStreams() override;
-  void ShowTracks() override;
-  void ShowLanguage() override;
+  void ShowVideo() override { emit VideoChanged(); }
+  void BringUpStreams() override { emit StreamsWanted(); }
+  void ShowTracks() override { emit TracksChanged(); }
+  void ShowLanguage() override { emit LanguageChanged(); }
   void ShowCommandsRun(const std::string& file_name, std::size_t selected) override;
-  void Warn(const std::string& text) override;
-  std::unique_ptr<JobProgress> BeginWork(Work work) override;
+  void ShowFinding(const Finding& finding) override;
 
  signals:
   void VideoChanged();
@@ -35,9 +30,6 @@ class WindowView final : public QObject, public SessionView {
   void TracksChanged();
   void CommandsRun(const QString& file_name, int selected);
   void Warned(const QString& text);
-
- private:
-  JobBar* bar_ = nullptr;
 };
 
 }  // namespace captoria

@@ -21,8 +21,8 @@ std::string PlainText(const QAbstractButton& button) { return FromQt(button.text
 
 }  // namespace
 
-OptionsBatchPage::OptionsBatchPage(Session& session, const PositionDialogStart& placement, QWidget* parent)
-    : OptionsPage(parent), session_(session), placement_(placement) {
+OptionsBatchPage::OptionsBatchPage(Workspace& workspace, const PositionDialogStart& placement, QWidget* parent)
+    : OptionsPage(parent), workspace_(workspace), placement_(placement) {
   auto* layout = new QHBoxLayout(this);
   layout->addWidget(BuildFileToRun(), 1);
   layout->addWidget(BuildNewFile(), 1);
@@ -73,13 +73,13 @@ void OptionsBatchPage::BuildMenu() {
   menu_ = Named(new QMenu(this), "mnuHidden");
   Named(menu_->addAction("&Select command", this,
                          [this] {
-                           frmSelectSubs dialog(session_, CommandMode::ComposeOnly, this);
+                           frmSelectSubs dialog(workspace_, CommandMode::ComposeOnly, this);
                            AddComposed(dialog);
                          }),
         "mnuSelect");
   Named(menu_->addAction("&Pos and alignment command", this,
                          [this] {
-                           Form3 dialog(session_, CommandMode::ComposeOnly, placement_, this);
+                           Form3 dialog(workspace_, CommandMode::ComposeOnly, placement_, this);
                            AddComposed(dialog);
                          }),
         "mnuPosAl");
@@ -106,7 +106,7 @@ void OptionsBatchPage::Load(const Settings& settings) {
 void OptionsBatchPage::Store(Settings& settings) const { settings.BatchToRun = path_->Path(); }
 
 void OptionsBatchPage::Browse() {
-  const auto chosen = session_.prompts.AskFileToOpen(FromQt(browse_->toolTip()), {kCommandFiles}, path_->Path());
+  const auto chosen = workspace_.prompts.AskFileToOpen(FromQt(browse_->toolTip()), {kCommandFiles}, path_->Path());
   if (!chosen) return;
   path_->SetPath(*chosen);
   LoadFile(*chosen);
@@ -119,12 +119,12 @@ void OptionsBatchPage::TakeTypedPath() {
 }
 
 void OptionsBatchPage::LoadFile(const std::string& path) {
-  const auto file = ReadCommandFileText(path, session_.tracks.Current().style.font.charset);
+  const auto file = ReadCommandFileText(path, workspace_.project.tracks.Current().style.font.charset);
   loaded_ = path;
   to_run_->SetFile(file.value_or(CommandFileText{}));
   to_run_->SetUsable(file.has_value());
   save_->setEnabled(false);
-  if (!file) session_.prompts.ShowMessage(kProgramTitle, file.error().message);
+  if (!file) workspace_.prompts.ShowMessage(kProgramTitle, file.error().message);
 }
 
 void OptionsBatchPage::Clear() {
@@ -138,7 +138,7 @@ void OptionsBatchPage::Clear() {
 void OptionsBatchPage::Save() {
   const CommandFileText file = to_run_->File();
   if (file.lines.empty()) {
-    return session_.prompts.ShowMessage(kProgramTitle, session_.TextFor(messages::kNothingToSave));
+    return workspace_.prompts.ShowMessage(kProgramTitle, workspace_.language.TextOf(messages::kNothingToSave));
   }
   const std::string path{Trim(path_->Path())};
   if (path.empty() || !Write(path, file)) return;
@@ -150,15 +150,16 @@ void OptionsBatchPage::Save() {
 void OptionsBatchPage::Create() {
   const CommandFileText file = new_file_->File();
   if (file.lines.empty()) {
-    return session_.prompts.ShowMessage(kProgramTitle, session_.TextFor(messages::kNothingToSave));
+    return workspace_.prompts.ShowMessage(kProgramTitle, workspace_.language.TextOf(messages::kNothingToSave));
   }
-  auto path = session_.prompts.AskFileToSave(PlainText(*create_), {kCommandFiles}, path_->Path());
+  auto path = workspace_.prompts.AskFileToSave(PlainText(*create_), {kCommandFiles}, path_->Path());
   if (!path) return;
   if (!path->ends_with("cbx")) {
     *path += ".cbx";
     // The dialog has asked about the name as it was chosen.
-    const QString question = ToQt(TextOf(session_.language, window_texts::kReplaceBatch)).arg(PathToQt(*path));
-    if (FileExists(*path) && !session_.prompts.AskYesNo(PlainText(*create_), FromQt(question))) return;
+    const QString question =
+        ToQt(TextOf(workspace_.language.document, window_texts::kReplaceBatch)).arg(PathToQt(*path));
+    if (FileExists(*path) && !workspace_.prompts.AskYesNo(PlainText(*create_), FromQt(question))) return;
   }
   if (!Write(*path, file)) return;
   has_made_files_ = true;
@@ -172,7 +173,7 @@ void OptionsBatchPage::Create() {
 bool OptionsBatchPage::Write(const std::string& path, const CommandFileText& file) {
   const bool is_new = !FileExists(path);
   const auto written = WriteCommandFile(path, file.comment, file.lines);
-  if (!written) session_.prompts.ShowMessage(kProgramTitle, written.error().message);
+  if (!written) workspace_.prompts.ShowMessage(kProgramTitle, written.error().message);
   if (written && is_new) has_made_files_ = true;
   return written.has_value();
 }

@@ -9,7 +9,7 @@
 #include <QMenu>
 #include <string>
 
-#include "app/session.h"
+#include "app/workspace.h"
 #include "ui/dialogs/position_dialog.h"
 #include "ui/options/batch_editor.h"
 #include "ui/options/options_page.h"
@@ -18,8 +18,8 @@ namespace captoria {
 
 class OptionsBatchPage final : public OptionsPage {
  public:
-  // The session, and the cue that a placement begins with, outlive the page.
-  OptionsBatchPage(Session& session, const PositionDialogStart& placement, QWidget* parent);
+  // The workspace, and the cue that a placement begins with, outlive the page.
+  OptionsBatchPage(Workspace& workspace, const PositionDialogStart& placement, QWidget* parent);
 
   void Load(const Settings& settings) override;
   void Store(Settings& settings) const override;
@@ -44,7 +44,7 @@ class OptionsBatchPage final : public OptionsPage {
   template <typename Dialog>
   void AddComposed(Dialog& dialog);
 
-  Session& session_;
+  Workspace& workspace_;
   PositionDialogStart placement_;
   PathEdit* path_;
   QAbstractButton* browse_;

@@ -16,17 +16,17 @@
 
 namespace captoria {
 
-Form2::Form2(Session& session, ContextMenuEntry& entry, const PositionDialogStart& placement, QWidget* parent)
-    : QDialog(parent), session_(session), entry_(entry), tabs_(new QTabWidget(this)) {
+Form2::Form2(Workspace& workspace, ContextMenuEntry& entry, const PositionDialogStart& placement, QWidget* parent)
+    : QDialog(parent), workspace_(workspace), entry_(entry), tabs_(new QTabWidget(this)) {
   setObjectName("Form2");
   setWindowTitle("Options");
   tabs_->tabBar()->setObjectName("TabStrip1");
   tabs_->tabBar()->setAccessibleName("Pages of options");
-  auto* general = new OptionsGeneralPage(session.prompts, this);
-  auto* divx = new OptionsDivXPage(session.language, session.prompts, this);
-  fonts_ = new OptionsFontsPage(session, this);
-  batch_ = new OptionsBatchPage(session, placement, this);
-  extra_ = new OptionsExtraPage(session.prompts, this);
+  auto* general = new OptionsGeneralPage(workspace.prompts, this);
+  auto* divx = new OptionsDivXPage(workspace.language.document, workspace.prompts, this);
+  fonts_ = new OptionsFontsPage(workspace, this);
+  batch_ = new OptionsBatchPage(workspace, placement, this);
+  extra_ = new OptionsExtraPage(workspace.prompts, this);
   tabs_->addTab(general, "General");
   tabs_->addTab(divx, "Creating DivX");
   tabs_->addTab(fonts_, "Fonts");
@@ -36,24 +36,24 @@ Form2::Form2(Session& session, ContextMenuEntry& entry, const PositionDialogStar
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(tabs_, 1);
   layout->addLayout(DialogButtons(*this, {"cmdOk", "OK"}, {"cmdCancel", "Cancel"}));
-  for (OptionsPage* page : pages_) page->Load(session.settings);
+  for (OptionsPage* page : pages_) page->Load(workspace.preferences.settings);
   extra_->LoadEntry(entry);
-  ApplyCaptions(*this, session.language);
+  ApplyCaptions(*this, workspace.language.document);
 }
 
 bool Form2::BatchFilesChanged() const { return batch_->HasMadeFiles(); }
 
 void Form2::accept() {
-  Settings edited = session_.settings;
+  Settings edited = workspace_.preferences.settings;
   for (const OptionsPage* page : pages_) page->Store(edited);
-  effect_ = ApplyOptions(session_, edited, fonts_->Chosen());
+  effect_ = ApplyOptions(workspace_.preferences, workspace_.project, edited, fonts_->Chosen());
   Tell(effect_.saved);
   Tell(extra_->StoreEntry(entry_));
   QDialog::accept();
 }
 
 void Form2::Tell(const Result<void>& outcome) {
-  if (!outcome) session_.prompts.ShowMessage(kProgramTitle, outcome.error().message);
+  if (!outcome) workspace_.prompts.ShowMessage(kProgramTitle, outcome.error().message);
 }
 
 }  // namespace captoria

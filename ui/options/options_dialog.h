@@ -24,8 +24,8 @@ class OptionsFontsPage;
 
 class Form2 final : public QDialog {
  public:
-  // The session, the entry in the file manager's menu and the cue that a placement begins with outlive the dialog.
-  Form2(Session& session, ContextMenuEntry& entry, const PositionDialogStart& placement, QWidget* parent);
+  // The workspace, the entry in the file manager's menu and the cue that a placement begins with outlive the dialog.
+  Form2(Workspace& workspace, ContextMenuEntry& entry, const PositionDialogStart& placement, QWidget* parent);
 
   // What "OK" has changed; nothing before, or after "Cancel".
   const OptionsEffect& Effect() const { return effect_; }
@@ -38,7 +38,7 @@ class Form2 final : public QDialog {
  private:
   void Tell(const Result<void>& outcome);
 
-  Session& session_;
+  Workspace& workspace_;
   ContextMenuEntry& entry_;
   QTabWidget* tabs_;
   std::vector<OptionsPage*> pages_;

@@ -13,7 +13,7 @@
 
 namespace captoria {
 
-OptionsFontsPage::OptionsFontsPage(Session& session, QWidget* parent) : QWidget(parent), session_(session) {
+OptionsFontsPage::OptionsFontsPage(Workspace& workspace, QWidget* parent) : QWidget(parent), workspace_(workspace) {
   auto* fonts = new QGridLayout;
   fonts->setColumnStretch(1, 1);
   for (int i = 0; i < kMostTracks; ++i) {
@@ -41,19 +41,20 @@ OptionsFontsPage::OptionsFontsPage(Session& session, QWidget* parent) : QWidget(
 
 void OptionsFontsPage::Choose(int index, const QString& title) {
   auto& waiting = chosen_.at(static_cast<std::size_t>(index));
-  const auto font = session_.prompts.AskFont(FromQt(title), waiting ? *waiting : ListFontOf(session_, index));
+  const auto font = workspace_.prompts.AskFont(
+      FromQt(title), waiting ? *waiting : ListFontOf(workspace_.preferences, workspace_.project, index));
   if (!font) return;
-  if (IsOpen(session_, index)) {
+  if (IsOpen(workspace_.project, index)) {
     waiting = *font;
-  } else if (const auto stored = session_.StoreListFont(index, *font); !stored) {
-    session_.prompts.ShowMessage(kProgramTitle, stored.error().message);
+  } else if (const auto stored = workspace_.preferences.StoreListFont(index, *font); !stored) {
+    workspace_.prompts.ShowMessage(kProgramTitle, stored.error().message);
   }
   ShowFont(index);
 }
 
 void OptionsFontsPage::ShowFont(int index) {
   const auto at = static_cast<std::size_t>(index);
-  const Font font = chosen_.at(at) ? *chosen_.at(at) : ListFontOf(session_, index);
+  const Font font = chosen_.at(at) ? *chosen_.at(at) : ListFontOf(workspace_.preferences, workspace_.project, index);
   shown_.at(at)->setText(FontText(font));
 }
 

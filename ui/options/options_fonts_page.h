@@ -7,14 +7,15 @@
 #include <array>
 
 #include "app/options_commands.h"
+#include "app/workspace.h"
 #include "ui/options/options_page.h"
 
 namespace captoria {
 
 class OptionsFontsPage final : public QWidget {
  public:
-  // The session outlives the page.
-  OptionsFontsPage(Session& session, QWidget* parent);
+  // The workspace outlives the page.
+  OptionsFontsPage(Workspace& workspace, QWidget* parent);
 
   // Of open tracks, to be given to them. That of a track that is not open is written as soon as it is chosen.
   const ListFonts& Chosen() const { return chosen_; }
@@ -23,7 +24,7 @@ class OptionsFontsPage final : public QWidget {
   void Choose(int index, const QString& title);
   void ShowFont(int index);
 
-  Session& session_;
+  Workspace& workspace_;
   ListFonts chosen_;
   std::array<QLabel*, kMostTracks> shown_{};
 };

@@ -34,13 +34,13 @@ VideoFrame FrameOf(const QImage& image) {
 
 }  // namespace
 
-PreviewPane::PreviewPane(Session& session, QWidget* parent) : QWidget(parent), session_(session) {
+PreviewPane::PreviewPane(Workspace& workspace, QWidget* parent) : QWidget(parent), workspace_(workspace) {
   Build();
   Connect();
   Repaint();
 }
 
-QString PreviewPane::Words(const WindowText& text) const { return ToQt(TextOf(session_.language, text)); }
+QString PreviewPane::Words(const WindowText& text) const { return ToQt(TextOf(workspace_.language.document, text)); }
 
 void PreviewPane::Build() {
   video_ = new PictureView("Picture of the video with the subtitle", this);
@@ -108,12 +108,13 @@ void PreviewPane::ShowCue(const SubtitleCue* cue) {
 void PreviewPane::Repaint() {
   const int height = bitmap_.Height();
   bitmap_.Destroy();
-  if (session_.video.AviPath.empty()) video_->SetText(Words(window_texts::kOpenVideo));  // in the language of now
-  subtitle_->SetSurroundings(ColorOf(SplitColour(session_.settings.BackColor)));
+  if (workspace_.project.video.AviPath.empty())
+    video_->SetText(Words(window_texts::kOpenVideo));  // in the language of now
+  subtitle_->SetSurroundings(ColorOf(SplitColour(workspace_.preferences.settings.BackColor)));
   if (cue_) {
-    const auto shared = session_.Bitmap();
+    const auto shared = workspace_.canvas.Bitmap(FrameOf(workspace_.preferences.settings));
     if (!shared) return subtitle_->SetText(ToQt(shared.error().message));
-    const TrackStyle& style = session_.tracks.Current().style;
+    const TrackStyle& style = workspace_.project.tracks.Current().style;
     (*shared)->RenderCueBitmap(cue_->Text, StyleOfCue(style, cue_->Tag));
     bitmap_ = (*shared)->Dib();
     hor_pos_ = style.HorPos;
@@ -133,7 +134,8 @@ void PreviewPane::ReserveHeight(bool anew) {
   subtitle_->setMaximumHeight(is_on_ ? subtitle_->minimumHeight() : QWIDGETSIZE_MAX);
 }
 
-// Lays the cue over the film's picture. Asks nothing of the session, which may be at work elsewhere when a frame comes.
+// Lays the cue over the film's picture. Asks nothing of the workspace, which may be at work elsewhere when a frame
+// comes.
 void PreviewPane::Compose() {
   if (clean_.pixels.empty()) return;
   VideoFrame shown = clean_;
@@ -160,7 +162,7 @@ void PreviewPane::SetPreviewOn(bool on) {
 }
 
 void PreviewPane::SetVideo() {
-  const std::string& path = session_.video.AviPath;
+  const std::string& path = workspace_.project.video.AviPath;
   const bool is_open = is_on_ && !path.empty();
   ClearFilm(is_open ? QString{} : Words(window_texts::kOpenVideo));
   frames_ = duration_ms_ = 0;
@@ -168,7 +170,7 @@ void PreviewPane::SetVideo() {
   position_->clear();
   if (!is_open) return loader_.Close();
   loader_.Open(path);
-  const int frame = session_.settings.FrameForPreview;
+  const int frame = workspace_.preferences.settings.FrameForPreview;
   Want(frame == -1 ? 0 : frame);
 }
 

@@ -13,7 +13,7 @@
 #include <QWidget>
 #include <optional>
 
-#include "app/session.h"
+#include "app/workspace.h"
 #include "localisation/window_texts.h"
 #include "render/preview.h"
 #include "subtitles/cue.h"
@@ -26,8 +26,8 @@ class PreviewPane final : public QWidget {
   Q_OBJECT
 
  public:
-  // `session` outlives the pane. The preview over the film is off at first.
-  PreviewPane(Session& session, QWidget* parent);
+  // `workspace` outlives the pane. The preview over the film is off at first.
+  PreviewPane(Workspace& workspace, QWidget* parent);
 
   // Draws `cue` in the style of the current track; a copy of it is kept. Null: no cue is shown.
   void ShowCue(const SubtitleCue* cue);
@@ -70,7 +70,7 @@ class PreviewPane final : public QWidget {
   void TakeSlider(int frame);
   void AskForNext();
 
-  Session& session_;
+  Workspace& workspace_;
   FrameLoader loader_;
   PictureView* video_;
   PictureView* subtitle_;

@@ -55,7 +55,7 @@ QLabel* NoteOf(const char* name, const QString& text, QWidget* parent) {
 
 }  // namespace
 
-StylePanel::StylePanel(Session& session, QWidget* parent) : QWidget(parent), session_(session) {
+StylePanel::StylePanel(Workspace& workspace, QWidget* parent) : QWidget(parent), workspace_(workspace) {
   setObjectName("StylePanel");
   Build();
   horizontal_->SetRange(kHorPosMin, kHorPosMax);
@@ -225,7 +225,8 @@ void StylePanel::ShowOwn(const Placement& placement) {
 void StylePanel::SetVerticalMaximum(int maximum) { vertical_->SetRange(0, std::max(maximum, 0)); }
 
 void StylePanel::ChooseFont() {
-  const auto chosen = session_.prompts.AskFont(TextOf(session_.language, window_texts::kFont), Style().font);
+  const auto chosen =
+      workspace_.prompts.AskFont(TextOf(workspace_.language.document, window_texts::kFont), Style().font);
   if (!chosen) return;
   Style().font = *chosen;
   LoadCorrectValues();
@@ -235,8 +236,8 @@ void StylePanel::ChooseFont() {
 void StylePanel::ChooseColor(int palette_entry) {
   const StyleColor& asked = kStyleColors.at(static_cast<std::size_t>(palette_entry - 1));
   Color& color = Style().*asked.color;
-  const auto chosen =
-      session_.prompts.AskColor(TextOf(session_.language, asked.title), static_cast<std::uint32_t>(ColorNumber(color)));
+  const auto chosen = workspace_.prompts.AskColor(TextOf(workspace_.language.document, asked.title),
+                                                  static_cast<std::uint32_t>(ColorNumber(color)));
   if (!chosen) return;
   color = SplitColour(static_cast<std::int32_t>(*chosen));
   LoadCorrectValues();

@@ -15,7 +15,7 @@
 #include <QSpinBox>
 #include <QWidget>
 
-#include "app/session.h"
+#include "app/workspace.h"
 #include "ui/style/position_slider.h"
 #include "ui/style/style_toolbar.h"
 
@@ -27,8 +27,8 @@ class StylePanel final : public QWidget {
   Q_OBJECT
 
  public:
-  // Shows the current track of the session, which outlives the panel.
-  StylePanel(Session& session, QWidget* parent);
+  // Shows the current track of the workspace, which outlives the panel.
+  StylePanel(Workspace& workspace, QWidget* parent);
 
   // Brings all controls in line with the current track and tells nothing. A track whose language is none of the list
   // becomes English. The vertical maximum is raised where the track stands higher.
@@ -68,7 +68,7 @@ class StylePanel final : public QWidget {
   void changeEvent(QEvent* event) override;
 
  private:
-  TrackStyle& Style() { return session_.tracks.Current().style; }
+  TrackStyle& Style() { return workspace_.project.tracks.Current().style; }
   void Build();
   QWidget* BuildOutline();
   QWidget* BuildAlignment();
@@ -76,7 +76,7 @@ class StylePanel final : public QWidget {
   void BuildStream(QFormLayout* form);
   void Connect();
 
-  Session& session_;
+  Workspace& workspace_;
   StyleToolBar* toolbar_;
   QLabel* font_;
   QComboBox* outline_width_;

@@ -23,7 +23,9 @@ QString ListLine(const std::string& text) {
 
 }  // namespace
 
-CueModel::CueModel(Session& session, QObject* parent) : QAbstractTableModel(parent), session_(session) { Reset(); }
+CueModel::CueModel(Workspace& workspace, QObject* parent) : QAbstractTableModel(parent), workspace_(workspace) {
+  Reset();
+}
 
 void CueModel::Reset() {
   beginResetModel();
@@ -35,29 +37,31 @@ void CueModel::Refresh() {
 }
 
 SubtitleCue* CueModel::CueAt(int row) {
-  return row >= 0 && row < rowCount() ? &ShownCue(session_, static_cast<std::size_t>(row)) : nullptr;
+  return row >= 0 && row < rowCount() ? &workspace_.project.ShownCue(static_cast<std::size_t>(row)) : nullptr;
 }
 
-bool& CueModel::SelectedAt(int row) { return ShownSelected(session_, static_cast<std::size_t>(row)); }
+bool& CueModel::SelectedAt(int row) { return workspace_.project.ShownSelected(static_cast<std::size_t>(row)); }
 
 bool CueModel::IsMarked(int row) const {
-  const SubtitleTrack& track = session_.tracks.Current();
-  return !session_.only_outside && !track.IsIdx() &&
+  const SubtitleTrack& track = workspace_.project.tracks.Current();
+  return !workspace_.project.only_outside && !track.IsIdx() &&
          std::ranges::binary_search(track.outside, static_cast<std::size_t>(row), {}, &OutsideRow::row);
 }
 
 QString CueModel::TagText(const SubtitleCue& cue) const {
-  return ToQt(TextOf(session_.language, session_.only_outside ? window_texts::kFitTag : window_texts::kTag) + cue.Tag);
+  return ToQt(TextOf(workspace_.language.document,
+                     workspace_.project.only_outside ? window_texts::kFitTag : window_texts::kTag) +
+              cue.Tag);
 }
 
 int CueModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(ShownCount(session_));
+  return parent.isValid() ? 0 : static_cast<int>(workspace_.project.ShownCount());
 }
 
 int CueModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : kColumns; }
 
 QVariant CueModel::data(const QModelIndex& index, int role) const {
-  const SubtitleCue& cue = ShownCue(session_, static_cast<std::size_t>(index.row()));
+  const SubtitleCue& cue = workspace_.project.ShownCue(static_cast<std::size_t>(index.row()));
   if (role == Qt::DisplayRole) {
     switch (index.column()) {
       case Number:
@@ -77,7 +81,7 @@ QVariant CueModel::data(const QModelIndex& index, int role) const {
     return QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
   }
   if (role == Qt::AccessibleTextRole && index.column() == Number && IsMarked(index.row())) {
-    return ToQt(cue.Number + TextOf(session_.language, window_texts::kOutside));
+    return ToQt(cue.Number + TextOf(workspace_.language.document, window_texts::kOutside));
   }
   return {};
 }
@@ -85,7 +89,7 @@ QVariant CueModel::data(const QModelIndex& index, int role) const {
 QVariant CueModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
   constexpr std::array kTitles{window_texts::kNumber, window_texts::kShow, window_texts::kHide, window_texts::kText};
-  return ToQt(TextOf(session_.language, kTitles.at(static_cast<std::size_t>(section))));
+  return ToQt(TextOf(workspace_.language.document, kTitles.at(static_cast<std::size_t>(section))));
 }
 
 }  // namespace captoria

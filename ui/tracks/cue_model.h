@@ -6,7 +6,7 @@
 
 #include <QAbstractTableModel>
 
-#include "app/session.h"
+#include "app/workspace.h"
 
 namespace captoria {
 
@@ -14,8 +14,8 @@ class CueModel final : public QAbstractTableModel {
  public:
   enum Column { Number, Show, Hide, Text, kColumns };
 
-  // The session outlives the model.
-  CueModel(Session& session, QObject* parent);
+  // The workspace outlives the model.
+  CueModel(Workspace& workspace, QObject* parent);
 
   // The track, its cues or the choice between all and those outside is another one.
   void Reset();
@@ -41,7 +41,7 @@ class CueModel final : public QAbstractTableModel {
   // Whether the row of the list of all cues is marked as outside the safe viewing area.
   bool IsMarked(int row) const;
 
-  Session& session_;
+  Workspace& workspace_;
 };
 
 }  // namespace captoria

@@ -14,12 +14,12 @@
 
 namespace captoria {
 
-TrackTabs::TrackTabs(Session& session, QWidget* parent)
+TrackTabs::TrackTabs(Workspace& workspace, QWidget* parent)
     : QWidget(parent),
-      session_(session),
+      workspace_(workspace),
       tabs_(new QTabBar(this)),
       list_(new QTreeView(this)),
-      model_(new CueModel(session, this)) {
+      model_(new CueModel(workspace, this)) {
   tabs_->setObjectName("TabStrip1");
   tabs_->setAccessibleName("Subtitle tracks");
   tabs_->setDocumentMode(true);
@@ -59,17 +59,17 @@ TrackTabs::TrackTabs(Session& session, QWidget* parent)
 void TrackTabs::ShowTracks() {
   RebuildTabs();
   model_->Reset();
-  list_->setFont(ListFont(session_.tracks.Current().list_font, font()));
+  list_->setFont(ListFont(workspace_.project.tracks.Current().list_font, font()));
   RestoreSelection();
   RestoreCurrent();
-  list_->setProperty("Index", session_.tracks.CurrentIndex());
+  list_->setProperty("Index", workspace_.project.tracks.CurrentIndex());
 }
 
 // The cue that was looked at stays in sight when its track is shown anew. Of another track it is the first, so that
 // something is to be seen at once, without being selected.
 void TrackTabs::RestoreCurrent() {
   int row = 0;
-  const std::pair track{session_.tracks.CurrentIndex(), session_.tracks.Current().path};
+  const std::pair track{workspace_.project.tracks.CurrentIndex(), workspace_.project.tracks.Current().path};
   if (std::exchange(shown_, track) == track) {
     for (int i = 0; i < model_->rowCount(); ++i) {
       if (model_->CueAt(i)->Number == current_number_) row = i;
@@ -86,24 +86,24 @@ int TrackTabs::SelectedCount() const { return static_cast<int>(list_->selectionM
 
 void TrackTabs::RebuildTabs() {
   const QSignalBlocker quiet(tabs_);
-  const int wanted = session_.tracks.Count() + (session_.tracks.HasNewTab() ? 1 : 0);
+  const int wanted = workspace_.project.tracks.Count() + (workspace_.project.tracks.HasNewTab() ? 1 : 0);
   while (tabs_->count() > wanted) tabs_->removeTab(tabs_->count() - 1);
   while (tabs_->count() < wanted) tabs_->addTab({});
-  QString track = ToQt(TextOf(session_.language, window_texts::kFirstTab));
+  QString track = ToQt(TextOf(workspace_.language.document, window_texts::kFirstTab));
   while (!track.isEmpty() && track.back().isDigit()) track.chop(1);
-  for (int i = 0; i < session_.tracks.Count(); ++i) tabs_->setTabText(i, track + QString::number(i + 1));
-  if (session_.tracks.HasNewTab()) {
-    tabs_->setTabText(wanted - 1, ToQt(TextOf(session_.language, window_texts::kNewTab)));
+  for (int i = 0; i < workspace_.project.tracks.Count(); ++i) tabs_->setTabText(i, track + QString::number(i + 1));
+  if (workspace_.project.tracks.HasNewTab()) {
+    tabs_->setTabText(wanted - 1, ToQt(TextOf(workspace_.language.document, window_texts::kNewTab)));
   }
-  tabs_->setCurrentIndex(session_.tracks.CurrentIndex());
+  tabs_->setCurrentIndex(workspace_.project.tracks.CurrentIndex());
 }
 
 void TrackTabs::ChooseTab(int index) {
   if (index < 0) return;
-  if (index < session_.tracks.Count()) {
-    session_.tracks.Select(index);
+  if (index < workspace_.project.tracks.Count()) {
+    workspace_.project.tracks.Select(index);
   } else {
-    session_.SelectLastTab();
+    workspace_.project.SelectLastTab(workspace_.preferences);
   }
   emit TrackChosen();
 }

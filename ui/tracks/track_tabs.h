@@ -8,7 +8,7 @@
 #include <QTreeView>
 #include <QWidget>
 
-#include "app/session.h"
+#include "app/workspace.h"
 #include "ui/tracks/cue_model.h"
 
 namespace captoria {
@@ -17,8 +17,8 @@ class TrackTabs final : public QWidget {
   Q_OBJECT
 
  public:
-  // The session outlives the widget.
-  TrackTabs(Session& session, QWidget* parent);
+  // The workspace outlives the widget.
+  TrackTabs(Workspace& workspace, QWidget* parent);
 
   // Tracks, the current one or its cues are others.
   void ShowTracks();
@@ -26,7 +26,7 @@ class TrackTabs final : public QWidget {
   // What is told of the tag of `cue`.
   QString TagText(const SubtitleCue& cue) const { return model_->TagText(cue); }
 
-  // Other cues are selected in the session.
+  // Other cues are selected in the workspace.
   void ShowSelection();
 
   // Tags have changed.
@@ -51,7 +51,7 @@ class TrackTabs final : public QWidget {
   void RestoreCurrent();
   void RebuildTabs();
 
-  Session& session_;
+  Workspace& workspace_;
   QTabBar* tabs_;
   QTreeView* list_;
   CueModel* model_;

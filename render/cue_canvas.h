@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: Captoria contributors
+// SPDX-License-Identifier: MIT
+
+// The fonts of this machine and the bitmap that cues are measured against. Both are made when first asked for: a
+// command that only reads needs neither, and finding all fonts takes longer than reading a hundred thousand cues.
+//
+// For one thread; its fonts may be shared with others.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "base/result.h"
+#include "render/subtitle_bitmap.h"
+
+namespace captoria {
+
+class CueCanvas {
+ public:
+  CueCanvas() = default;
+
+  // Begins with fonts that were found before.
+  explicit CueCanvas(std::shared_ptr<FontCollection> fonts) : fonts_(std::move(fonts)) {}
+
+  // The errors of FontCollection::Open.
+  Result<std::shared_ptr<FontCollection>> Fonts();
+
+  // The bitmap in this frame; valid until the next call. The errors of Fonts.
+  Result<SubtitleBitmap*> Bitmap(const BitmapFrame& frame);
+
+ private:
+  std::shared_ptr<FontCollection> fonts_;
+  std::optional<SubtitleBitmap> bitmap_;
+};
+
+}  // namespace captoria
