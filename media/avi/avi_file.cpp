@@ -27,7 +27,6 @@ Result<AviFile> AviFile::Open(const std::string& path) {
   avi.main_ = headers->main;
   avi.streams_ = std::move(headers->streams);
   avi.extras_ = std::move(headers->extras);
-  avi.total_frames_ = headers->total_frames;
   avi.places_ = std::make_shared<AviPlaces>(std::move(headers->places));
   return avi;
 }

@@ -115,9 +115,6 @@ class AviFile {
   // a walk has reached the end.
   const Findings& Damage() const { return *damage_; }
 
-  // Frames in the whole file by its main headers (`dmlh`, or `avih`). FFmpeg counts packets of all streams in `dmlh`.
-  std::uint32_t TotalFrames() const { return total_frames_; }
-
   // Holds a bounded amount of memory, whatever the file's size. The file outlives the walk.
   std::unique_ptr<AviChunkWalk> Chunks() const;
 
@@ -129,7 +126,6 @@ class AviFile {
   std::vector<AviStream> streams_;
   std::vector<RiffPiece> extras_;
   std::shared_ptr<const AviPlaces> places_;
-  std::uint32_t total_frames_ = 0;
   std::shared_ptr<Findings> damage_;
 };
 

@@ -75,7 +75,6 @@ class HeaderParser {
     auto done = ReadRiff().and_then([this] { return ReadUntilMovi(); }).and_then([this] { return ReadBehindMovi(); });
     if (!done) return tl::unexpected(done.error());
     if (headers_.streams.empty()) return Failure(ErrorKind::Damaged, file_.Path() + ": has no stream");
-    if (headers_.total_frames == 0) headers_.total_frames = headers_.main.total_frames;
     return std::move(headers_);
   }
 
@@ -240,8 +239,7 @@ class HeaderParser {
         headers_.main = ParseMainHeader(data);
         return;
       case MakeFourCc("dmlh"):
-        headers_.total_frames = ByteReader(data).U32();
-        return;
+        return;  // counted anew for every result
       case MakeFourCc("strh"):
         AddStream(std::move(data));
         return;

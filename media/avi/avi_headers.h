@@ -32,7 +32,6 @@ struct AviHeaders {
   AviMainHeader main;
   std::vector<AviStream> streams;
   std::vector<RiffPiece> extras;
-  std::uint32_t total_frames = 0;
   AviPlaces places;
 };
 

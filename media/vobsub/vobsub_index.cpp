@@ -100,8 +100,6 @@ class IndexParser {
     } else if (key == "delay") {
       // Each delay counts from its line on, beside those before it.
       if (const auto delay = value.TakeTime()) delay_ += *delay;
-    } else if (key == "alt") {
-      if (language_) index_.languages[*language_].name = value.Rest();
     } else {
       Setting(key, value);
     }
@@ -165,25 +163,22 @@ class IndexParser {
 
   void Id(LineReader& value) {
     const auto comma = value.Rest().find(',');
-    const std::string_view code = Trim(value.Rest().substr(0, comma));
     int substream = static_cast<int>(index_.languages.size());
     if (comma != value.Rest().npos) {
       LineReader rest(value.Rest().substr(comma + 1));
       if (rest.TakeWord("index") && rest.Take(":")) substream = rest.Take<int>().value_or(substream);
     }
-    Begin(std::string{code}, substream);
+    Begin(substream);
   }
 
   // A language that comes a second time goes on where it was left.
-  void Begin(std::string code, int substream) {
+  void Begin(int substream) {
     delay_ = 0;
     language_.reset();
     if (substream < 0 || substream >= static_cast<int>(VobSubIndex::kMostLanguages)) return;
     const auto same = std::ranges::find(index_.languages, substream, &VobSubLanguage::substream);
     language_ = static_cast<std::size_t>(same - index_.languages.begin());
-    if (same == index_.languages.end()) {
-      index_.languages.push_back({.code = std::move(code), .name = {}, .substream = substream, .cues = {}});
-    }
+    if (same == index_.languages.end()) index_.languages.push_back({.substream = substream, .cues = {}});
   }
 
   Result<void> Timestamp(LineReader& value) {
@@ -191,7 +186,7 @@ class IndexParser {
     if (!time || !value.Take(",") || !value.TakeWord("filepos") || !value.Take(":")) return {};
     const auto position = value.Take<std::uint64_t>(16);
     if (!position) return {};
-    if (!language_ && index_.languages.empty()) Begin("--", 0);
+    if (!language_ && index_.languages.empty()) Begin(0);
     if (!language_) return {};
     auto& cues = index_.languages[*language_].cues;
     if (cues.size() == VobSubIndex::kMostCues) {

@@ -33,8 +33,6 @@ struct VobSubCue {
 };
 
 struct VobSubLanguage {
-  std::string code;   // "en", "--" when unknown
-  std::string name;   // from `alt`; usually empty
   int substream = 0;  // 0 to 31
   std::vector<VobSubCue> cues;
 };

@@ -17,9 +17,6 @@ constexpr std::size_t kTimes = 27;
 constexpr std::size_t kTimeText = 12;
 constexpr std::size_t kLongestField = 0xFFFF;
 
-// What a picture may take in memory, whatever its sides say.
-constexpr std::size_t kMostPixels = std::size_t{1} << 24;
-
 std::string TimesText(const XsubTimes& times) {
   const auto parts = [](std::int64_t time) {
     return std::array{static_cast<int>(time / 3'600'000), static_cast<int>(time / 60'000 % 60),
@@ -40,13 +37,6 @@ Result<void> CheckTimes(const XsubTimes& times) {
 }
 
 std::uint16_t Word(int value) { return static_cast<std::uint16_t>(value); }
-
-// Entries of no opacity let the film through as number 0 does.
-void HideEntries(SubtitlePicture& picture, ByteView opacity) {
-  for (std::uint8_t& pixel : picture.pixels) {
-    if (opacity[pixel] == 0) pixel = 0;
-  }
-}
 
 }  // namespace
 
@@ -97,34 +87,6 @@ Result<Bytes> EncodeXsub(const XsubCue& cue, const Size& frame) {
   for (const Color& color : picture.colors) out.U8(color.red).U8(color.green).U8(color.blue);
   out.Append(code);
   return out.Take();
-}
-
-Result<XsubCue> DecodeXsub(ByteView packet, XsubForm form) {
-  const auto times = ReadXsubTimes(packet);
-  if (!times) return Failure(ErrorKind::Damaged, "does not begin with the times of a subtitle");
-
-  ByteReader in(packet.subspan(kTimes));
-  const int width = in.U16(), height = in.U16(), left = in.U16(), top = in.U16();
-  in.Skip(6);
-  const ByteView table = in.Take(12);
-  const ByteView opacity = in.Take(form == XsubForm::Dxsa ? 4 : 0);
-  // A row takes a byte at least, so a short packet cannot ask for much memory.
-  if (in.Failed() || width == 0 || height == 0 || in.Left() < static_cast<std::size_t>(height)) {
-    return Failure(ErrorKind::Damaged, "breaks off before the picture of a subtitle");
-  }
-  if (static_cast<std::size_t>(width) * static_cast<std::size_t>(height) > kMostPixels) {
-    return Failure(ErrorKind::TooLarge, "holds a picture beyond any frame");
-  }
-
-  std::array<Color, 4> colors;
-  for (std::size_t i = 0; i < colors.size(); ++i) colors[i] = {table[3 * i], table[3 * i + 1], table[3 * i + 2]};
-  XsubCue cue{*times, {SubtitlePicture(width, height), left, top}};
-  SubtitlePicture& picture = cue.picture.picture;
-  picture.colors = colors;
-  const ByteView code = in.Take(in.Left());
-  DecodeField(code.subspan(DecodeField(code, Field::Even, picture)), Field::Odd, picture);
-  if (form == XsubForm::Dxsa) HideEntries(picture, opacity);
-  return cue;
 }
 
 }  // namespace captoria

@@ -7,7 +7,6 @@
 //  27  width, height, left, top, right, bottom (the last column and row), length of the first field's code: 16 bits
 //      each, little-endian
 //  41  four colours, red, green and blue
-//  53  in the DXSA form only: four bytes of opacity
 //  53  the code of the even rows, then that of the odd rows
 #pragma once
 
@@ -44,9 +43,6 @@ inline constexpr std::size_t kXsubHeader = 53;
 // The longest packet we make or take: two fields as long as the length of the first can be told.
 inline constexpr std::size_t kLargestXsubPacket = kXsubHeader + std::size_t{2} * 0xFFFF;
 
-// The largest side of a picture.
-inline constexpr int kLongestXsubSide = 0xFFFF;
-
 // A time of exactly the form "00:01:02.500", minutes and seconds below 60; nothing for any other text.
 std::optional<std::int64_t> ReadXsubTime(std::string_view text);
 
@@ -57,11 +53,5 @@ std::optional<XsubTimes> ReadXsubTimes(ByteView packet);
 // not end after it starts or ends beyond kLatestXsubTime; TooLarge for a picture so noisy that the length of a field's
 // code does not fit its 16 bits. Both messages complete the name of the cue.
 Result<Bytes> EncodeXsub(const XsubCue& cue, const Size& frame);
-
-enum class XsubForm { Dxsb, Dxsa };
-
-// What a player makes of a packet. The second field is taken where the first one's rows end: the length in the header
-// is wrong in some films, and no player minds. Opacity other than none of a DXSA packet counts as full.
-Result<XsubCue> DecodeXsub(ByteView packet, XsubForm form = XsubForm::Dxsb);
 
 }  // namespace captoria

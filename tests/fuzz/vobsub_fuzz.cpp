@@ -43,13 +43,13 @@ class PairFolder {
 
 // Gives when the packet's picture goes.
 std::int64_t CheckPacket(const Bytes& packet, std::int64_t show, const Size& frame) {
-  const auto cue = DecodeXsub(packet);
-  Require(cue.has_value());
-  Require(cue->times.show == show && cue->times.hide > show);
-  const auto& [picture, left, top] = cue->picture;
-  Require(left % 2 == 0 && top % 2 == 0 && picture.width % 2 == 0 && picture.height % 2 == 0);
-  Require(left + picture.width <= frame.width && top + picture.height <= frame.height);
-  return cue->times.hide;
+  const auto times = ReadXsubTimes(packet);
+  Require(times && times->show == show && times->hide > show && packet.size() > kXsubHeader);
+  ByteReader in(ByteView{packet}.subspan(27));
+  const int width = in.U16(), height = in.U16(), left = in.U16(), top = in.U16();
+  Require(left % 2 == 0 && top % 2 == 0 && width % 2 == 0 && height % 2 == 0);
+  Require(left + width <= frame.width && top + height <= frame.height);
+  return times->hide;
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/support/seen_subtitle.h"
 #include "tests/support/test_folder.h"
 
 namespace captoria {

@@ -6,6 +6,7 @@
 #include "media/xsub/xsub_file.h"
 #include "media/xsub/xsub_packet.h"
 #include "tests/support/run_program.h"
+#include "tests/support/seen_subtitle.h"
 
 namespace captoria {
 namespace {

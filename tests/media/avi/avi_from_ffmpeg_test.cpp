@@ -19,19 +19,18 @@ struct Film {
   const char* name;
   const char* codecs;
   int streams;
-  std::vector<int> sound_tags = {};
 };
 
 const Film kFilms[] = {
-    {"Mpeg4WithMp3OfOneRate", "-map 0 -map 1 -c:v mpeg4 -bf 2 -g 9 -c:a libmp3lame -b:a 128k", 2, {0x55}},
-    {"Mpeg4WithMp3OfManyRates", "-map 0 -map 1 -c:v mpeg4 -g 9 -c:a libmp3lame -q:a 4", 2, {0x55}},
+    {"Mpeg4WithMp3OfOneRate", "-map 0 -map 1 -c:v mpeg4 -bf 2 -g 9 -c:a libmp3lame -b:a 128k", 2},
+    {"Mpeg4WithMp3OfManyRates", "-map 0 -map 1 -c:v mpeg4 -g 9 -c:a libmp3lame -q:a 4", 2},
     {"PackedPictures", "-map 0 -c:v mpeg4 -bf 2 -g 9 -vtag XVID", 1},
-    {"Pcm", "-map 0 -map 1 -c:v mpeg4 -c:a pcm_s16le", 2, {1}},
-    {"Ac3AndMp3", "-map 0 -map 1 -map 1 -c:v mpeg4 -c:a:0 ac3 -c:a:1 libmp3lame", 3, {0x2000, 0x55}},
+    {"Pcm", "-map 0 -map 1 -c:v mpeg4 -c:a pcm_s16le", 2},
+    {"Ac3AndMp3", "-map 0 -map 1 -map 1 -c:v mpeg4 -c:a:0 ac3 -c:a:1 libmp3lame", 3},
     {"MsMpeg4", "-map 0 -c:v msmpeg4 -g 9", 1},
-    {"Mjpeg", "-map 0 -map 1 -c:v mjpeg -c:a pcm_u8", 2, {1}},
+    {"Mjpeg", "-map 0 -map 1 -c:v mjpeg -c:a pcm_u8", 2},
     {"Uncompressed", "-map 0 -c:v rawvideo -pix_fmt bgr24", 1},
-    {"H264", "-map 0 -map 1 -c:v libx264 -g 9 -c:a libmp3lame", 2, {0x55}},
+    {"H264", "-map 0 -map 1 -c:v libx264 -g 9 -c:a libmp3lame", 2},
     {"UnknownToUs", "-map 0 -c:v ffv1 -g 9", 1},
 };
 
@@ -90,16 +89,8 @@ TEST_P(FilmByFfmpeg, HasTheSameChunksForBothWithAndWithoutItsIndex) {
   EXPECT_THAT(file->Damage(), testing::IsEmpty());
 
   const AviFileInfo info = InfoOf(*file);
-  EXPECT_EQ(info.streams, static_cast<std::uint32_t>(film.streams));
-  EXPECT_EQ(info.width, 96u);
-  EXPECT_EQ(info.height, 64u);
   EXPECT_EQ(info.rate, 30000u);
   EXPECT_EQ(info.scale, 1001u);
-  std::vector<int> tags;
-  for (const AviStream& stream : file->Streams()) {
-    if (const auto sound = SoundFormatOf(stream)) tags.push_back(sound->tag);
-  }
-  EXPECT_EQ(tags, film.sound_tags);
 
   std::string content = folder.Get("film.avi");
   content.replace(content.rfind("idx1"), 4, "JUNK");

@@ -272,7 +272,7 @@ struct Line {
 std::string Summary(const VobSubIndex& index) {
   std::string text = std::to_string(index.frame.width) + "x" + std::to_string(index.frame.height);
   for (const VobSubLanguage& language : index.languages) {
-    text += " " + language.code + std::to_string(language.substream);
+    text += " #" + std::to_string(language.substream);
     for (const VobSubCue& cue : language.cues)
       text += " " + std::to_string(cue.time) + "@" + std::to_string(cue.position);
   }
@@ -291,22 +291,22 @@ INSTANTIATE_TEST_SUITE_P(
     Lines, IndexText,
     testing::Values(
         Line{"AnyCaseAndSpacing", "SIZE : 640 x 480\nID: el,index:3\ntimestamp:01:02:03:004,filepos:00000A800",
-             "640x480 el3 3723004@43008"},
+             "640x480 #3 3723004@43008"},
         Line{"UnusableLinesCountForNothing",
              "size: 0x9\nsize: 99999999999x1\nid: en, index: 0\ntimestamp: x\ntimestamp: 00:00:01:000\n"
              "timestamp: 00:00:01:000, filepos: zz\ntimestamp: 00:00:02:000, filepos: 10\n# timestamp: 00:00:09:000, "
              "filepos: 1\nid: xx, index: 77\ntimestamp: 00:00:03:000, filepos: 20\n",
-             "720x576 en0 2000@16"},
+             "720x576 #0 2000@16"},
         Line{"DelaysAddUpAndEndWithTheLanguage",
              "id: en, index: 0\ndelay: 00:00:01:000\ntimestamp: 00:00:01:000, filepos: 0\ndelay: -00:00:03:500\n"
              "timestamp: 00:00:01:000, filepos: 0\nid: fr, index: 1\ntimestamp: 00:00:01:000, filepos: 0\n",
-             "720x576 en0 2000@0 -1500@0 fr1 1000@0"},
+             "720x576 #0 2000@0 -1500@0 #1 1000@0"},
         Line{"ALanguageMayComeTwice",
              "id: en, index: 0\ntimestamp: 00:00:01:000, filepos: 0\nid: fr, index: 1\nid: en, index: 0\n"
              "timestamp: 00:00:02:000, filepos: 1\n",
-             "720x576 en0 1000@0 2000@1 fr1"},
-        Line{"CuesWithoutALanguage", "timestamp: 00:00:01:000, filepos: 5\n", "720x576 --0 1000@5"},
-        Line{"MarkBeforeTheFirstLine", "\xEF\xBB\xBFsize: 352x288\nid: en", "352x288 en0"}),
+             "720x576 #0 1000@0 2000@1 #1"},
+        Line{"CuesWithoutALanguage", "timestamp: 00:00:01:000, filepos: 5\n", "720x576 #0 1000@5"},
+        Line{"MarkBeforeTheFirstLine", "\xEF\xBB\xBFsize: 352x288\nid: en", "352x288 #0"}),
     [](const auto& row) { return std::string{row.param.name}; });
 
 TEST(VobSubIndex, TakesTheFirstLanguageWithCuesWhenTheChosenOneHasNone) {
@@ -314,7 +314,7 @@ TEST(VobSubIndex, TakesTheFirstLanguageWithCuesWhenTheChosenOneHasNone) {
       "langidx: 2\nid: en, index: 0\nid: fr, index: 1\ntimestamp: 00:00:01:000, filepos: 0\nid: de, index: 2\n", "");
   ASSERT_TRUE(index);
   ASSERT_NE(index->Language(), nullptr);
-  EXPECT_EQ(index->Language()->code, "fr");
+  EXPECT_EQ(index->Language()->substream, 1);
 }
 
 }  // namespace
