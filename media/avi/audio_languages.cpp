@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kMostLanguages = 9;
 
-// The number of the audio stream whose language stands in a piece of that name; 0 for other pieces.
+// The number of the audio stream that the piece `id` names the language of; 0 for other pieces.
 int AudioNumber(const std::string& id) {
   return id.starts_with("IAS") && id[3] >= '1' && id[3] <= '9' ? id[3] - '0' : 0;
 }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The languages of a film's audio streams, which stand in its INFO list and not with the streams: IAS1 is that of the
-// first audio stream, and so on to IAS9.
+// The languages of a film's audio streams. AVI files keep them in the INFO list, not with the streams: IAS1 is the
+// language of the first audio stream, and so on up to IAS9.
 #pragma once
 
 #include <span>
@@ -11,8 +11,8 @@
 
 namespace captoria {
 
-// `list` for a film whose audio streams are those that had the given numbers (from 1) before, in this order. Anything
-// but a sound INFO list comes back as it is.
+// Adapts `list` to a film with other audio streams. `former_numbers` are the numbers (from 1) that its audio streams
+// had in the source, in the order of the film. Any list but a valid INFO list is returned unchanged.
 RiffPiece WithAudioLanguages(const RiffPiece& list, std::span<const int> former_numbers);
 
 }  // namespace captoria

@@ -11,13 +11,13 @@
 namespace captoria {
 namespace {
 
-// Each reads the index for itself; films have one picture stream.
+// Each of these streams reads the whole index. Films rarely have more than one video stream.
 constexpr int kMaxIndexed = 8;
 
 PictureCoding CodingOf(const AviStream& stream) {
   if (stream.header.type != "vids" || stream.IsXsub()) return PictureCoding::Alone;
   const auto picture = PictureFormatOf(stream);
-  return picture ? PictureCodingOf(picture->compression) : PictureCoding::NotLooked;
+  return picture ? PictureCodingOf(picture->compression) : PictureCoding::Unknown;
 }
 
 }  // namespace
@@ -39,7 +39,7 @@ Result<void> AviChunkKeys::Open(const AviPlaces& places, Findings& findings) {
 }
 
 Result<bool> AviChunkKeys::IsKey(const AviChunk& chunk, FileWindow& window) {
-  if (chunk.type == "pc") return false;  // a change of palette is no picture
+  if (chunk.type == "pc") return false;  // a palette change is not a picture
   OfStream& stream = of_streams_[static_cast<std::size_t>(chunk.stream)];
   if (stream.coding != PictureCoding::Alone) return IsKeyPictureOf(stream, chunk, window);
   return chunk.size > 0 || streams_[static_cast<std::size_t>(chunk.stream)].header.type != "vids";
@@ -59,7 +59,7 @@ Result<bool> AviChunkKeys::IsKeyPictureOf(OfStream& stream, const AviChunk& chun
   const auto beginning = window.At(chunk.DataPosition(), look, look);
   if (!beginning) return tl::unexpected(beginning.error());
   const auto by_look = IsKeyPicture(stream.coding, *beginning);
-  // An index in which not even the first picture is a key frame was made by something that did not know.
+  // If not even the first picture is marked as a key frame, the program that wrote the index did not know.
   if (first && by_index && by_look && *by_index != *by_look) stream.index_is_wrong = true;
   if (by_look) return *by_look;
   return by_index.value_or(first);

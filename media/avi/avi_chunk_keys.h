@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Which chunks are key frames: by an index where there is a good one, by their first bytes where there is none.
+// Finds out which chunks are key frames, from an index or, without a usable index, from their first bytes.
 #pragma once
 
 #include <cstddef>
@@ -21,17 +21,17 @@ class AviChunkKeys {
  public:
   AviChunkKeys(const InputFile& file, std::span<const AviStream> streams) : file_(file), streams_(streams) {}
 
-  // Opens the indices. Before the first question.
+  // Opens the indices. Call it once, before IsKey.
   Result<void> Open(const AviPlaces& places, Findings& findings);
 
-  // `chunk` is behind the one asked for before. Its first bytes are taken from `window`.
+  // Chunks must be passed in file order. The first bytes of `chunk` are read through `window`.
   Result<bool> IsKey(const AviChunk& chunk, FileWindow& window);
 
  private:
   struct OfStream {
     PictureCoding coding = PictureCoding::Alone;
-    std::vector<AviKeyIndex> index;  // one or none
-    bool begun = false;              // a picture has been seen
+    std::vector<AviKeyIndex> index;  // at most one
+    bool begun = false;              // a picture with data was already passed
     bool index_is_wrong = false;
   };
 

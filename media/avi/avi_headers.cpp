@@ -13,11 +13,11 @@ namespace {
 
 constexpr std::size_t kBlock = 16384;
 constexpr std::size_t kMaxStreams = 100;       // a chunk's name has two digits for the stream
-constexpr std::uint32_t kMaxPiece = 1 << 20;   // a larger one among the headers is a damaged size
-constexpr std::size_t kMaxKept = 4 << 20;      // of all streams together
-constexpr std::size_t kMaxExtras = 1 << 20;    // as AviFile::Extras() promises
-constexpr std::uint64_t kMaxSearch = 1 << 20;  // for where the headers go on after damage
-constexpr int kMaxPieces = 20'000;             // a hundred streams have some eight hundred
+constexpr std::uint32_t kMaxPiece = 1 << 20;   // a larger size among the headers is damaged
+constexpr std::size_t kMaxKept = 4 << 20;      // for all streams together
+constexpr std::size_t kMaxExtras = 1 << 20;    // see AviFile::Extras()
+constexpr std::uint64_t kMaxSearch = 1 << 20;  // for the next list after damage
+constexpr int kMaxPieces = 20'000;             // a hundred streams have about eight hundred
 
 AviMainHeader ParseMainHeader(ByteView bytes) {
   ByteReader reader(bytes);
@@ -30,7 +30,7 @@ AviMainHeader ParseMainHeader(ByteView bytes) {
   return main;
 }
 
-// A record may be shorter than it is today, its last fields being younger than the format: they are 0 then.
+// Older files have shorter records; the missing fields at the end are read as 0.
 AviStreamHeader ParseStreamHeader(ByteView bytes) {
   ByteReader reader(bytes);
   AviStreamHeader header;
@@ -51,7 +51,7 @@ bool IsPadding(FourCc id) {
   return id == MakeFourCc("JUNK") || id == MakeFourCc("junk") || id == MakeFourCc("JUNQ") || id == MakeFourCc("PAD ");
 }
 
-// Lists whose pieces are read one by one instead of being kept whole.
+// Whether the pieces of the list are read one by one instead of keeping the list whole.
 bool IsEntered(FourCc type) {
   return type == MakeFourCc("hdrl") || type == MakeFourCc("strl") || type == MakeFourCc("odml") ||
          type == MakeFourCc("movi");
@@ -65,16 +65,16 @@ bool IsKnown(FourCc id) {
   return IsPadding(id);
 }
 
-// Lists are entered by going on behind their header and their ends are believed only where a piece's own size cannot
-// be: so neither a list's wrong size nor a piece's loses what follows.
+// Enters a list by continuing after its header. The end of a list is only used if a piece in it has an impossible size.
+// So neither a list nor a piece of wrong size hides what follows it.
 class HeaderParser {
  public:
   HeaderParser(const InputFile& file, Findings& findings) : file_(file), window_(file), findings_(findings) {}
 
   Result<AviHeaders> Run() {
-    auto done = ReadRiff().and_then([this] { return ReadUntilMovi(); }).and_then([this] { return ReadBehindMovi(); });
+    auto done = ReadRiff().and_then([this] { return ReadUntilMovi(); }).and_then([this] { return ReadAfterMovi(); });
     if (!done) return tl::unexpected(done.error());
-    if (headers_.streams.empty()) return Failure(ErrorKind::Damaged, file_.Path() + ": has no stream");
+    if (headers_.streams.empty()) return Failure(ErrorKind::Damaged, file_.Path() + ": contains no stream");
     return std::move(headers_);
   }
 
@@ -82,10 +82,10 @@ class HeaderParser {
   Result<void> ReadRiff() {
     const auto header = HeaderAt(0);
     if (!header) return tl::unexpected(header.error());
-    // Some writers put 0x19 where the blank belongs.
+    // Some writers put 0x19 in place of the blank.
     if (!*header || (*header)->id != MakeFourCc("RIFF") ||
         ((*header)->type != MakeFourCc("AVI ") && (*header)->type != MakeFourCc("AVI\x19"))) {
-      return Failure(ErrorKind::Damaged, file_.Path() + ": is no AVI file");
+      return Failure(ErrorKind::Damaged, file_.Path() + ": is not an AVI file");
     }
     const std::uint64_t end = RiffHeader::kSize + std::uint64_t{(*header)->size};
     if ((*header)->size == 0) {
@@ -99,7 +99,7 @@ class HeaderParser {
     return {};
   }
 
-  // The piece at `position`; nothing at the end of the file.
+  // The header of the piece at `position`; nothing at the end of the file.
   Result<std::optional<RiffHeader>> HeaderAt(std::uint64_t position) {
     return window_.At(position, RiffHeader::kListSize, kBlock).map([](ByteView bytes) -> std::optional<RiffHeader> {
       if (bytes.size() < RiffHeader::kSize) return std::nullopt;
@@ -128,7 +128,7 @@ class HeaderParser {
     switch (header.type) {
       case MakeFourCc("movi"):
         headers_.places.movi = at_ + RiffHeader::kSize;
-        behind_movi_ = header.size == 0 ? file_.Size() : end;
+        after_movi_ = header.size == 0 ? file_.Size() : end;
         return {};
       case MakeFourCc("strl"):
         strl_end_ = end;
@@ -157,7 +157,7 @@ class HeaderParser {
     return size == header.size && header.size % 2 != 0 ? SkipPadByte() : kept;
   }
 
-  // Some writers leave it out: then the next piece begins at once.
+  // Some writers omit the pad byte; then the next piece begins here.
   Result<void> SkipPadByte() {
     const auto header = HeaderAt(at_);
     if (!header) return tl::unexpected(header.error());
@@ -165,8 +165,8 @@ class HeaderParser {
     return {};
   }
 
-  // A size that leads out of the file, or far out of the list around the piece, is not the piece's size: it ends where
-  // that list does, or where the next list begins.
+  // A size that exceeds the file, or far exceeds the list around the piece, is wrong. The piece then ends with that
+  // list, or where the next list begins.
   Result<std::uint64_t> EndOf(const RiffHeader& header) {
     const std::uint64_t end = at_ + RiffHeader::kSize + header.size;
     std::uint64_t around = file_.Size();
@@ -181,7 +181,7 @@ class HeaderParser {
     return next;
   }
 
-  // Sets `found` to where the next list that a header holds begins, or to the end of the file.
+  // Sets `found` to the beginning of the next list of the headers, or to the end of the file.
   Result<void> FindList(std::uint64_t from, std::uint64_t& found) {
     const std::uint64_t end = std::min(file_.Size(), from + kMaxSearch);
     for (std::uint64_t position = from; position < end; ++position) {
@@ -223,7 +223,7 @@ class HeaderParser {
     return {};
   }
 
-  // Nothing when it is more than `limit`.
+  // Nothing if the piece is larger than `limit`.
   Result<std::optional<Bytes>> Read(FourCc id, AviSpan span, std::size_t limit) {
     if (span.size > limit || span.size > kMaxPiece) {
       ReportDamage(file_, "the header piece \"" + TextOf(id) + "\" is too large and was left out", findings_);
@@ -262,7 +262,7 @@ class HeaderParser {
     stream_ = kNoStream;
     AviStream stream;
     stream.header = ParseStreamHeader(data);
-    // Padding made to look like a stream has no number of its own.
+    // This is padding in the form of a stream; it does not count as a stream.
     if (stream.header.type == "pads") return;
     if (headers_.streams.size() == kMaxStreams) {
       ReportDamage(file_, "the file has more than 100 streams; the others were left out", findings_);
@@ -274,13 +274,13 @@ class HeaderParser {
     headers_.places.indx.emplace_back();
   }
 
-  // The index, and lists that come behind the chunks of the first RIFF.
-  Result<void> ReadBehindMovi() {
+  // Reads the index and the lists after the chunks of the first RIFF.
+  Result<void> ReadAfterMovi() {
     if (headers_.places.movi == 0) return {};
-    // A RIFF that says it ends before its chunks do is not believed.
-    if (headers_.places.riff_end < behind_movi_) headers_.places.riff_end = 0;
+    // The size of the RIFF is wrong if it ends before its chunks.
+    if (headers_.places.riff_end < after_movi_) headers_.places.riff_end = 0;
     const std::uint64_t end = headers_.places.riff_end != 0 ? headers_.places.riff_end : file_.Size();
-    at_ = behind_movi_;
+    at_ = after_movi_;
     for (int pieces = 0; pieces < kMaxPieces && at_ + RiffHeader::kSize <= end; ++pieces) {
       if (at_ % 2 != 0) {
         if (auto skipped = SkipPadByte(); !skipped) return skipped;
@@ -310,8 +310,8 @@ class HeaderParser {
   std::uint64_t at_ = 0;
   std::uint64_t hdrl_end_ = 0;
   std::uint64_t strl_end_ = 0;
-  std::uint64_t behind_movi_ = 0;
-  std::size_t stream_ = kNoStream;  // that pieces belong to
+  std::uint64_t after_movi_ = 0;
+  std::size_t stream_ = kNoStream;  // that the pieces belong to
   std::size_t kept_ = 0;
   std::size_t extras_kept_ = 0;
 };

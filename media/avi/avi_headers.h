@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What an AVI file says of itself before and behind its chunks.
+// Reads everything in an AVI file before and after its chunks.
 #pragma once
 
 #include <cstdint>
@@ -14,18 +14,18 @@
 
 namespace captoria {
 
-// The data of a piece: where it begins and how much of it is in the file.
+// The position of a piece's data, and how much of it is in the file.
 struct AviSpan {
   std::uint64_t position = 0;
   std::uint64_t size = 0;
 };
 
-// Where in the file the parts lie that a walk over the chunks needs.
+// The positions of the parts that a walk over the chunks needs.
 struct AviPlaces {
-  std::uint64_t movi = 0;      // of the letters "movi"; 0 when there are no chunks
-  std::uint64_t riff_end = 0;  // of the first RIFF; 0 when what it says cannot be
+  std::uint64_t movi = 0;      // of the letters "movi"; 0 if there are no chunks
+  std::uint64_t riff_end = 0;  // of the first RIFF; 0 if its size is impossible
   std::optional<AviSpan> idx1;
-  std::vector<std::optional<AviSpan>> indx;  // one a stream
+  std::vector<std::optional<AviSpan>> indx;  // one for each stream
 };
 
 struct AviHeaders {
@@ -41,7 +41,7 @@ void ReportDamage(const InputFile& file, std::string message, Findings& findings
 // Reports that `file` is cut off if it ends before `riff_end`, the end of a RIFF by its header.
 void ReportIfCutOff(const InputFile& file, std::uint64_t riff_end, Findings& findings);
 
-// Keeps a few MiB at most, whatever the sizes in the file.
+// Takes a few MiB of memory at most, whatever sizes the file contains.
 Result<AviHeaders> ReadAviHeaders(const InputFile& file, Findings& findings);
 
 }  // namespace captoria

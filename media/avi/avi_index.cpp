@@ -10,7 +10,7 @@
 
 namespace captoria {
 
-// Gives the entries of one stream in the order of the index.
+// Steps through the entries of one stream in the order of the index.
 class AviIndexCursor {
  public:
   struct Entry {
@@ -20,7 +20,7 @@ class AviIndexCursor {
 
   virtual ~AviIndexCursor() = default;
 
-  // Passes over the entries before `position`, for good.
+  // Skips all entries before `position`; they cannot be queried again.
   Result<std::optional<bool>> IsKey(std::uint64_t position) {
     while (!ended_ && (!entry_ || entry_->position < position)) {
       auto next = Next();
@@ -75,8 +75,8 @@ class OldIndexCursor final : public AviIndexCursor {
       const FourCc id = reader.U32();
       const std::uint32_t flags = reader.U32();
       const std::uint32_t offset = reader.U32();
-      if (!IsPrintable(id)) break;  // the rest was never written
-      // Without OpenDML, offsets of a file beyond 4 GiB begin again at 0.
+      if (!IsPrintable(id)) break;  // the rest of the index was never written
+      // Without OpenDML, offsets start again at 0 after every 4 GiB.
       if (offset < last_offset_ && last_offset_ - offset > 1U << 31) base_ += std::int64_t{1} << 32;
       last_offset_ = offset;
       if (!IsOfStream(id, letters_)) continue;
@@ -140,11 +140,11 @@ class OpenDmlCursor final : public AviIndexCursor {
     at_ += entry_size_;
     ByteReader reader(*bytes);
     const std::uint32_t offset = reader.U32();
-    // Offsets lead to the data, behind the header.
+    // Offsets lead to the data, after the chunk's header.
     return Entry{base_ + offset - RiffHeader::kSize, (reader.U32() & kNotKeyBit) == 0};
   }
 
-  // A stream's own record is a list of indices, or rarely the only index.
+  // `indx` is usually a list of indices, rarely the index itself.
   Result<bool> OpenIndx() {
     opened_ = true;
     const auto header = HeaderAt(indx_.position, indx_.size);
@@ -157,13 +157,13 @@ class OpenDmlCursor final : public AviIndexCursor {
     return super_left_ > 0;
   }
 
-  // Indices are taken in the order of the file and none twice, which bounds the work whatever the list says.
+  // Indices must be in file order and must not overlap, so a damaged list cannot cause endless work.
   Result<bool> OpenNextIndex() {
     for (; super_left_ > 0; --super_left_, super_at_ += kSuperEntry) {
       Bytes bytes(kSuperEntry);
       if (auto read = file_.ReadExactly(super_at_, bytes); !read) return tl::unexpected(read.error());
       const std::uint64_t position = ByteReader(bytes).U64();
-      if (position < behind_last_ || position > file_.Size() ||
+      if (position < after_last_ || position > file_.Size() ||
           file_.Size() - position < RiffHeader::kSize + IndexHeader::kSize) {
         continue;
       }
@@ -174,7 +174,7 @@ class OpenDmlCursor final : public AviIndexCursor {
       const auto header = HeaderAt(span.position, span.size);
       if (!header) return tl::unexpected(header.error());
       if (!*header || (*header)->kind != IndexHeader::kOfChunks || !Use(**header, span)) continue;
-      behind_last_ = span.position + span.size;
+      after_last_ = span.position + span.size;
       --super_left_;
       super_at_ += kSuperEntry;
       return true;
@@ -190,7 +190,7 @@ class OpenDmlCursor final : public AviIndexCursor {
     });
   }
 
-  // An index of fields has a third number an entry, where the second field begins.
+  // In an index of fields every entry has a third number, the offset of the second field.
   bool Use(const IndexHeader& header, AviSpan span) {
     if (!IsOfStream(header.chunk_id, letters_) || (header.entry_size != kEntry && header.entry_size != kFieldEntry)) {
       return false;
@@ -213,14 +213,14 @@ class OpenDmlCursor final : public AviIndexCursor {
   bool opened_ = false;
   std::uint64_t super_at_ = 0;
   std::uint64_t super_left_ = 0;
-  std::uint64_t behind_last_ = 0;
+  std::uint64_t after_last_ = 0;
   std::uint64_t base_ = 0;
   std::uint32_t entry_size_ = 0;
   std::uint64_t at_ = 0;
   std::uint64_t end_ = 0;
 };
 
-// How many of the first entries name a chunk that is there.
+// How many of the first entries lead to the chunk they name.
 struct Fit {
   int entries = 0;
   int matches = 0;
@@ -252,7 +252,7 @@ Result<Fit> FitOf(const InputFile& file, ByteView entries, std::int64_t base, in
 
 Result<std::optional<AviOldIndex>> FindOldIndex(const InputFile& file, const AviPlaces& places, int streams) {
   if (!places.idx1 || places.movi == 0) return std::nullopt;
-  // Enough to find chunks behind entries of `rec ` lists and of other things.
+  // Enough entries to find chunks even if `rec ` lists and other pieces come first.
   Bytes entries(static_cast<std::size_t>(std::min<std::uint64_t>(places.idx1->size, 64 * kOldEntry)));
   if (auto read = file.ReadExactly(places.idx1->position, entries); !read) return tl::unexpected(read.error());
   if (entries.size() < kOldEntry) return std::nullopt;

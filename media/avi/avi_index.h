@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Which chunks of a stream are key frames by the indices of the file. Read along with the chunks, so that an index of
-// any length takes a few KiB.
+// Finds out from the indices of a file which chunks of a stream are key frames. An index is read in step with the
+// chunks, so one of any length takes a few KiB of memory.
 #pragma once
 
 #include <cstdint>
@@ -15,19 +15,20 @@
 
 namespace captoria {
 
-// `idx1` and what its offsets count from.
+// `idx1`, and the position that its offsets are relative to.
 struct AviOldIndex {
   AviSpan span;
   std::int64_t base = 0;
 };
 
-// The index when it fits the chunks that are there. Offsets are meant to count from the letters "movi"; there are files
-// where they count from the file's beginning or from the first chunk, so what leads to chunks is what counts.
+// The index, if its first entries match chunks of the file. Offsets should be relative to the letters "movi". In some
+// files they are relative to the beginning of the file or to the first chunk, so whichever base leads to chunks is
+// taken.
 Result<std::optional<AviOldIndex>> FindOldIndex(const InputFile& file, const AviPlaces& places, int streams);
 
 class AviIndexCursor;
 
-// The key frames of one stream, asked for in the order the chunks lie in.
+// The key frames of one stream, queried in file order.
 class AviKeyIndex {
  public:
   AviKeyIndex(const InputFile& file, const std::optional<AviOldIndex>& idx1, const std::optional<AviSpan>& indx,
@@ -35,11 +36,11 @@ class AviKeyIndex {
   AviKeyIndex(AviKeyIndex&&) noexcept;
   ~AviKeyIndex();
 
-  // Of the chunk whose header lies at `position`; nothing when no index knows it.
+  // Whether the chunk with its header at `position` is a key frame; nothing if no index contains the chunk.
   Result<std::optional<bool>> IsKey(std::uint64_t position);
 
  private:
-  std::vector<std::unique_ptr<AviIndexCursor>> cursors_;  // the one that covers the whole file first
+  std::vector<std::unique_ptr<AviIndexCursor>> cursors_;  // the index that covers the whole file first
 };
 
 }  // namespace captoria

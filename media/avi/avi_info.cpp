@@ -11,7 +11,7 @@ namespace captoria {
 namespace {
 
 constexpr std::uint32_t kMicroSeconds = 1'000'000;
-constexpr std::size_t kMaxName = 63;  // the record has 64 with the NUL
+constexpr std::size_t kMaxName = 63;  // the longest name that the platform's own record holds
 
 bool IsEmpty(const AviRectangle& frame) { return frame.right <= frame.left || frame.bottom <= frame.top; }
 

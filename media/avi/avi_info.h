@@ -45,7 +45,7 @@ struct PictureFormat {
 
 AviFileInfo InfoOf(const AviFile& file);
 
-// `stream` is an index into the file's streams.
+// `stream` is an index into file.Streams().
 AviStreamInfo StreamInfoOf(const AviFile& file, int stream);
 
 // Nothing if the stream is not video or its format is too short.

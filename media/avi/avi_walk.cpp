@@ -15,23 +15,23 @@ namespace {
 
 constexpr std::size_t kBlock = std::size_t{256} << 10;
 constexpr std::size_t kLittle = 1024;
-constexpr std::uint32_t kSmallChunk = 16384;   // of such chunks, reading all costs less than a call for each
-constexpr std::uint64_t kMaxSearch = 1 << 20;  // for chunks behind damage
-constexpr int kMaxProbes = 200'000;            // that led nowhere, in all searches together
+constexpr std::uint32_t kSmallChunk = 16384;   // reading whole small chunks is faster than one call for each
+constexpr std::uint64_t kMaxSearch = 1 << 20;  // for chunks after damage
+constexpr int kMaxProbes = 200'000;            // failed ones, in all searches together
 constexpr std::uint64_t kNowhere = UINT64_MAX;
 
 enum class PieceKind {
-  Chunk,     // of a stream
-  PassedBy,  // index, padding, other lists, chunks of no stream
-  Entered,   // a list of chunks
+  Chunk,    // belongs to a stream
+  Skipped,  // index, padding, other list, chunk of no stream
+  Entered,  // a list of chunks
   NextRiff,
-  Foreign,  // nothing that belongs here
+  Foreign,  // does not belong here
 };
 
 struct PlacedPiece {
   PieceKind kind = PieceKind::Foreign;
   RiffHeader header;
-  int stream = 0;  // of a chunk
+  int stream = 0;  // if it is a chunk
 };
 
 bool IsLetter(char letter) {
@@ -68,7 +68,7 @@ class Walk final : public AviChunkWalk {
   FileWindow& Window() override { return window_; }
 
  private:
-  // What lies at `position`; Foreign at the end of the file.
+  // The piece at `position`; Foreign at the end of the file.
   Result<PlacedPiece> PieceAt(std::uint64_t position) {
     const auto bytes = window_.At(position, RiffHeader::kListSize, average_size_ < kSmallChunk ? kBlock : kLittle);
     if (!bytes) return tl::unexpected(bytes.error());
@@ -85,9 +85,9 @@ class Walk final : public AviChunkWalk {
     constexpr FourCc kIndexLetters = MakeFourCc("ix__") & 0xFFFF;
     if (numbered && letters != kIndexLetters && IsLetter(LetterOf(id, 2)) && IsLetter(LetterOf(id, 3))) {
       piece.stream = (LetterOf(id, 0) - '0') * 10 + LetterOf(id, 1) - '0';
-      piece.kind = piece.stream < streams_ ? PieceKind::Chunk : PieceKind::PassedBy;
+      piece.kind = piece.stream < streams_ ? PieceKind::Chunk : PieceKind::Skipped;
     } else if (numbered && letters == kIndexLetters) {
-      piece.kind = PieceKind::PassedBy;
+      piece.kind = PieceKind::Skipped;
     } else {
       piece.kind = KindOf(piece.header);
     }
@@ -98,27 +98,27 @@ class Walk final : public AviChunkWalk {
     switch (header.id) {
       case MakeFourCc("LIST"):
         if (header.type == MakeFourCc("rec ") || header.type == MakeFourCc("movi")) return PieceKind::Entered;
-        return IsPrintable(header.type) ? PieceKind::PassedBy : PieceKind::Foreign;
+        return IsPrintable(header.type) ? PieceKind::Skipped : PieceKind::Foreign;
       case MakeFourCc("RIFF"):
         return header.type == MakeFourCc("AVIX") ? PieceKind::NextRiff : PieceKind::Foreign;
       case MakeFourCc("JUNK"):
       case MakeFourCc("junk"):
       case MakeFourCc("idx1"):
-        return PieceKind::PassedBy;
+        return PieceKind::Skipped;
       default:
         constexpr FourCc kIndexLetters = MakeFourCc("ix__") & 0xFFFF;
-        return (header.id & 0xFFFF) == kIndexLetters && IsDigit(LetterOf(header.id, 2)) ? PieceKind::PassedBy
+        return (header.id & 0xFFFF) == kIndexLetters && IsDigit(LetterOf(header.id, 2)) ? PieceKind::Skipped
                                                                                         : PieceKind::Foreign;
     }
   }
 
-  // Goes behind the piece at `at_`, or to where chunks go on; sets `chunk` when it is one.
+  // Moves past the piece at `at_`, or to the next piece after damage. Sets `chunk` if the piece is a chunk.
   Result<void> Step(const PlacedPiece& piece, std::optional<AviChunk>& chunk) {
     if (riff_end_ != 0 && at_ >= riff_end_ && piece.kind != PieceKind::NextRiff) return LeaveRiff(piece);
     switch (piece.kind) {
       case PieceKind::Chunk:
-      case PieceKind::PassedBy:
-        return StepBehind(piece, chunk);
+      case PieceKind::Skipped:
+        return StepPast(piece, chunk);
       case PieceKind::NextRiff: {
         const std::uint64_t end = at_ + RiffHeader::kSize + piece.header.size;
         riff_end_ = piece.header.size == 0 || end > file_.Size() ? 0 : end;
@@ -127,7 +127,7 @@ class Walk final : public AviChunkWalk {
       }
       case PieceKind::Entered:
         at_ += RiffHeader::kListSize;
-        behind_index_ = odd_ = false;
+        after_index_ = odd_ = false;
         return {};
       case PieceKind::Foreign:
         break;
@@ -135,15 +135,15 @@ class Walk final : public AviChunkWalk {
     return StepOverForeign(piece);
   }
 
-  // Behind the end of a RIFF only another one counts, be there what may; but one that ends within its chunks does not
-  // tell the truth.
+  // After the end of a RIFF only the next RIFF counts, whatever else is there. But if the RIFF ends within its chunks,
+  // its size is wrong.
   Result<void> LeaveRiff(const PlacedPiece& piece) {
     const bool exact = at_ - std::exchange(riff_end_, 0) <= 1;
-    if (!exact || (piece.kind == PieceKind::Chunk && !behind_index_)) return {};
+    if (!exact || (piece.kind == PieceKind::Chunk && !after_index_)) return {};
     return Search(at_, true).map([this](std::uint64_t found) { at_ = std::min(found, file_.Size()); });
   }
 
-  Result<void> StepBehind(const PlacedPiece& piece, std::optional<AviChunk>& chunk) {
+  Result<void> StepPast(const PlacedPiece& piece, std::optional<AviChunk>& chunk) {
     const std::uint64_t end = at_ + RiffHeader::kSize + piece.header.size;
     if (end > file_.Size()) return StepOverTooLarge(piece.kind);
     if (piece.kind == PieceKind::Chunk) {
@@ -156,14 +156,14 @@ class Walk final : public AviChunkWalk {
       if (!key) return tl::unexpected(key.error());
       chunk->key = *key;
     }
-    behind_index_ |= piece.header.id == MakeFourCc("idx1");
+    after_index_ |= piece.header.id == MakeFourCc("idx1");
     average_size_ += (std::min(piece.header.size, kMaxCounted) / 8) - average_size_ / 8;
     odd_ = piece.header.size % 2 != 0;
     at_ = end + (odd_ ? 1 : 0);
     return {};
   }
 
-  // Either the file breaks off within the piece, or its size is damaged and others follow.
+  // Either the file is cut off within the piece, or its size is damaged and other pieces follow.
   Result<void> StepOverTooLarge(PieceKind kind) {
     const auto found = Search(at_ + RiffHeader::kSize, false);
     if (!found) return tl::unexpected(found.error());
@@ -181,7 +181,7 @@ class Walk final : public AviChunkWalk {
 
   Result<void> StepOverForeign(const PlacedPiece& piece) {
     if (std::exchange(odd_, false)) {
-      // The writer left the pad byte out.
+      // The writer omitted the pad byte.
       const auto before = PieceAt(at_ - 1);
       if (!before) return tl::unexpected(before.error());
       if (before->kind != PieceKind::Foreign) {
@@ -216,11 +216,11 @@ class Walk final : public AviChunkWalk {
                  *findings_);
   }
 
-  // Whether behind `size` bytes of data at `position` there is the end of the file or a piece that belongs here.
+  // Whether the piece at `position`, with `size` bytes of data, is followed by a known piece or the end of the file.
   Result<bool> PieceFollows(std::uint64_t position, std::uint32_t size) const {
     const std::uint64_t end = position + RiffHeader::kSize + size;
     if (end + (size & 1) >= file_.Size()) return end <= file_.Size();
-    // Not through the window: what is looked at lies anywhere.
+    // Not read through the window, because the position can be far away.
     std::array<std::uint8_t, RiffHeader::kListSize + 1> bytes{};
     const auto got = file_.ReadAt(end, bytes);
     if (!got) return tl::unexpected(got.error());
@@ -228,8 +228,8 @@ class Walk final : public AviChunkWalk {
     return Classify(there.subspan(size & 1)).kind != PieceKind::Foreign || Classify(there).kind != PieceKind::Foreign;
   }
 
-  // Where within the next MiB something begins that chunks can be read from: a piece of the kind that lies in a file,
-  // with another one or the file's end behind it. Nowhere is kNowhere.
+  // Finds the next position within 1 MiB from which chunks can be read: a known piece followed by another known piece
+  // or the end of the file. Otherwise kNowhere.
   Result<std::uint64_t> Search(std::uint64_t from, bool only_riff) {
     const std::uint64_t end = std::min(file_.Size(), from + kMaxSearch);
     for (std::uint64_t at = from; at < end;) {
@@ -264,9 +264,9 @@ class Walk final : public AviChunkWalk {
   int streams_;
   bool opened_ = false;
   std::uint64_t at_;
-  std::uint64_t riff_end_;  // of the RIFF around `at_`; 0 when it is not known
-  bool behind_index_ = false;
-  bool odd_ = false;  // `at_` is behind a pad byte, if there was one
+  std::uint64_t riff_end_;  // of the RIFF around `at_`; 0 if unknown
+  bool after_index_ = false;
+  bool odd_ = false;  // the piece before `at_` needs a pad byte, which may be missing
   std::uint32_t average_size_ = 0;
   int failed_probes_ = 0;
   bool damage_reported_ = false;

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Going through the chunks of an AVI file by what lies at each place, not by what lists and indices promise: so wrong
-// sizes of lists, continuation RIFFs and groups of chunks cost nothing, and behind damage the next chunks are looked
-// for.
+// Walks through the chunks of an AVI file by the bytes at each position and ignores the sizes of lists and the indices.
+// So wrong sizes, continuation RIFFs and groups of chunks need no special care, and after damage the walk searches for
+// the next chunk.
 #pragma once
 
 #include <memory>

@@ -12,10 +12,10 @@ namespace {
 
 constexpr std::uint32_t kHasIndex = 0x10, kMustUseIndex = 0x20, kIsInterleaved = 0x100;
 
-// In OpenDML indices the highest bit of a size says that the chunk is no key frame.
+// In OpenDML indices the highest bit of a size marks a chunk that is not a key frame.
 constexpr std::uint32_t kLargestChunk = std::numeric_limits<std::int32_t>::max() - 1;
 
-// Where a number stands in `strh`.
+// Offsets in `strh`.
 constexpr std::size_t kLengthField = 32, kBufferSizeField = 36;
 
 void Put32(Bytes& bytes, std::size_t at, std::uint32_t value) {
@@ -28,7 +28,7 @@ std::uint32_t Fit32(std::uint64_t value) {
   return static_cast<std::uint32_t>(std::min<std::uint64_t>(value, std::numeric_limits<std::uint32_t>::max()));
 }
 
-// What the window holds is taken from it; larger parts go straight into the blocks that are written.
+// Takes from the window what it holds, and reads the rest straight into the blocks to be written.
 Result<void> CopyData(FileWindow& source, std::uint64_t position, std::uint32_t size, BlockWriter& out) {
   for (const std::uint64_t end = position + size; position < end;) {
     const auto room = out.Room();
@@ -41,7 +41,7 @@ Result<void> CopyData(FileWindow& source, std::uint64_t position, std::uint32_t 
   return {};
 }
 
-// For a stream that has no chunk, or before its first one.
+// For a stream without chunks, or before its first chunk.
 std::string UsualChunkType(const AviStream& stream) {
   if (stream.IsXsub()) return "sb";
   if (stream.header.type == "auds") return "wb";
@@ -89,7 +89,7 @@ Result<void> AviWriter::Append(int stream, std::string_view type, bool key, Byte
 }
 
 Result<void> AviWriter::BeginChunk(int stream, std::string_view type, bool key, std::uint32_t size) {
-  if (size > kLargestChunk) return Failure(ErrorKind::TooLarge, "a chunk of 2 GiB or more has no place in an AVI file");
+  if (size > kLargestChunk) return Failure(ErrorKind::TooLarge, "an AVI file cannot hold a chunk of 2 GiB or more");
   const std::uint64_t end = out_.Position() + 8 + size + size % 2;
   const bool many = index_.Count() >= RiffIndex::kMostEntries;
   if (!layout_.open_dml && (many || end + 8 + 16 * (index_.Count() + 1) > kLargestPlain)) {
@@ -176,7 +176,7 @@ void AviWriter::CompleteStreamHeaders() {
 void AviWriter::CompleteMainHeader() {
   AviMainHeader& main = layout_.main;
   main.flags = (main.flags | kHasIndex | kIsInterleaved) & ~kMustUseIndex;
-  main.padding_granularity = 0;  // padding of the source is not copied
+  main.padding_granularity = 0;  // the padding of the source is not copied
   main.suggested_buffer_size = std::max(main.suggested_buffer_size, largest_chunk_);
   const std::uint64_t duration = std::uint64_t{sizes_.total_frames} * main.micro_seconds_per_frame;
   if (main.max_bytes_per_second > 0 && duration > 0) {

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Writes an AVI file: chunks of a source file as they are, chunks of our own between them, and the index and headers
-// that belong to them. Plain AVI is one RIFF with an `idx1`; OpenDML continues in further RIFFs, each with standard
-// indices, and keeps an `idx1` in the first for players that know nothing else.
+// Writes an AVI file: unchanged chunks of a source file, chunks of our own between them, and new indices and headers.
+// Plain AVI is one RIFF with an `idx1`. OpenDML continues in further RIFFs, each with standard indices, and keeps an
+// `idx1` in the first for players that know nothing else.
 //
 // Memory is bounded by the index of one RIFF.
 #pragma once
@@ -27,18 +27,18 @@ class AviWriter {
 
   static Result<std::unique_ptr<AviWriter>> Create(const std::string& path, AviLayout layout);
 
-  // Copies a chunk, as the walk that gave it sees it through `source`, into the stream `stream` of the new file: its
-  // data as they are, with a header and a pad byte that are right whatever the source has there. TooLarge, here and
-  // below, when a plain AVI cannot hold it; an OpenDML file could.
+  // Copies the data of `chunk` into stream `stream` of the new file, with a new header and pad byte. `source` is the
+  // window of the walk that returned the chunk. TooLarge, here and below, if a plain AVI file cannot hold the chunk; an
+  // OpenDML file could.
   Result<void> Copy(FileWindow& source, const AviChunk& chunk, int stream);
 
-  // Writes a chunk that is not of the source.
+  // Writes a chunk of our own.
   Result<void> Append(int stream, std::string_view type, bool key, ByteView data);
 
-  // Writes index and headers and gives the file its name. The file's size.
+  // Writes index and headers, gives the file its name and returns its size.
   //
-  // Of a stream's header two numbers are touched: its buffer size where chunks were appended to it, and its length
-  // where the header says none, or the film has fewer frames than its own header promises.
+  // Only two numbers in a stream's header change: the buffer size of a stream that chunks were appended to, and a
+  // length that is 0, or that is too large because the source is cut off.
   Result<std::uint64_t> Finish();
 
  private:
@@ -70,7 +70,7 @@ class AviWriter {
   std::vector<Stream> streams_;
   std::vector<AviStreamIndex> indices_;
   AviHeaderSizes sizes_;
-  int video_ = -1;  // the stream whose frames are the film's
+  int video_ = -1;  // the first video stream; -1 if there is none
   std::size_t riffs_ = 0;
   std::uint32_t largest_chunk_ = 0;
   std::uint64_t appended_bytes_ = 0;

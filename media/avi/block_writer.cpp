@@ -14,7 +14,7 @@ BlockWriter::BlockWriter(OutputFile& file) : file_(file), position_(file.Size())
   try {
     thread_ = std::thread([this] { WriteBlocks(); });
   } catch (const std::system_error&) {
-    // No thread is to be had: blocks are written where they are handed over.
+    // Without a thread, HandOver writes the blocks itself.
   }
 }
 
@@ -62,7 +62,7 @@ Result<void> BlockWriter::Drain() {
   return handed;
 }
 
-// The block in hand goes to the thread, and the next one is waited for.
+// Passes the current block to the thread and waits until the next block is free.
 Result<void> BlockWriter::HandOver() {
   std::unique_lock lock(mutex_);
   if (blocks_[filling_].filled > 0) {
@@ -84,7 +84,7 @@ void BlockWriter::WriteBlocks() {
   std::unique_lock lock(mutex_);
   for (;;) {
     changed_.wait(lock, [this] { return ends_ || blocks_[writing_].handed_over; });
-    if (ends_) return;  // without a Drain before, nobody wants the file
+    if (ends_) return;  // without a Drain before, the file is abandoned
     Write(blocks_[writing_], lock);
     writing_ = (writing_ + 1) % blocks_.size();
   }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Writes a long file in large blocks on a thread of its own, while the next block is being filled. Half of the time of
-// a copy goes into reading and half into writing; this way they pass together.
+// Writes a long file in large blocks on a thread of its own, while the caller fills the next block. A copy spends half
+// of its time reading and half writing; this way both happen at the same time.
 #pragma once
 
 #include <array>
@@ -18,30 +18,31 @@ namespace captoria {
 
 class BlockWriter {
  public:
-  // `file` outlives the writer. It is touched by nobody else, except between a Drain and what follows it.
+  // `file` must outlive the writer. Other code may use it only between a Drain and the next call.
   explicit BlockWriter(OutputFile& file);
   BlockWriter(const BlockWriter&) = delete;
   BlockWriter& operator=(const BlockWriter&) = delete;
   ~BlockWriter();
 
-  // Bytes given to the writer so far, together with those that the file had before.
+  // The size that the file will have: what it contained before plus all bytes appended so far.
   std::uint64_t Position() const { return position_; }
 
-  // Where the next bytes can be put, at least one; Advance tells how many were. An error is that of an earlier write.
+  // Room for the next bytes, at least one. Fill it and report the number of bytes with Advance. Returns the error of an
+  // earlier write.
   Result<std::span<std::uint8_t>> Room();
   void Advance(std::size_t count);
 
   Result<void> Append(ByteView bytes);
 
-  // Everything given so far reaches the file.
+  // Writes everything appended so far to the file.
   Result<void> Drain();
 
  private:
-  // Full blocks end at multiples of this in the file: the system then takes them as whole pages.
+  // Full blocks end at multiples of this size in the file, so that the system can write whole pages.
   static constexpr std::size_t kBlock = std::size_t{512} << 10;
 
   struct Block {
-    Bytes bytes;  // kBlock of them, once it is used
+    Bytes bytes;  // empty, or kBlock bytes after the first use
     std::size_t filled = 0;
     bool handed_over = false;
   };
@@ -61,7 +62,7 @@ class BlockWriter {
   std::condition_variable changed_;
   std::size_t writing_ = 0;
   bool ends_ = false;
-  std::optional<Error> error_;  // of the first write that failed; none is tried after it
+  std::optional<Error> error_;  // of the first failed write; nothing is written after it
   std::thread thread_;
 };
 

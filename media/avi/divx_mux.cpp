@@ -17,10 +17,10 @@ namespace {
 
 constexpr std::size_t kMostStreams = 100;  // a stream number has two digits
 
-// What a subtitle packet takes, guessed: they are made one at a time, and only when they are written.
+// An estimate: packets are only made when they are written, so their real sizes are not known before.
 constexpr std::uint64_t kUsualPacket = 8192;
 
-// Bytes of the source between two looks at whether the copy should stop.
+// Bytes of the source between two progress reports.
 constexpr std::uint64_t kReportEvery = std::uint64_t{4} << 20;
 
 constexpr std::uint64_t kLargestForPlayers = 2'000'000'000;
@@ -28,7 +28,7 @@ constexpr std::uint64_t kLargestForPlayers = 2'000'000'000;
 bool IsVideo(const AviStream& stream) { return stream.header.type == "vids" && !stream.IsXsub(); }
 
 Result<void> CheckStreams(const MuxJob& job) {
-  if (job.streams.empty()) return Failure(ErrorKind::Unsupported, job.output + ": would have no stream");
+  if (job.streams.empty()) return Failure(ErrorKind::Unsupported, job.output + ": would contain no stream");
   if (job.streams.size() > kMostStreams) {
     return Failure(ErrorKind::TooLarge, job.output + ": an AVI file holds at most 100 streams");
   }
@@ -36,12 +36,13 @@ Result<void> CheckStreams(const MuxJob& job) {
   for (const MuxStream& stream : job.streams) {
     if (stream.subtitle != nullptr) {
       if (stream.subtitle->Count() > 0) continue;
-      return Failure(ErrorKind::Damaged, "the subtitle stream \"" + stream.title + "\" holds no subtitle");
+      return Failure(ErrorKind::Damaged, "the subtitle stream \"" + stream.title + "\" contains no subtitle");
     }
     const auto number = static_cast<std::size_t>(stream.source_stream);
     const std::string name = job.film.File().Path() + ": stream " + std::to_string(stream.source_stream);
-    if (stream.source_stream < 0 || number >= taken.size()) return Failure(ErrorKind::NotFound, name + " is not there");
-    if (taken[number]) return Failure(ErrorKind::Unsupported, name + " is named twice");
+    if (stream.source_stream < 0 || number >= taken.size())
+      return Failure(ErrorKind::NotFound, name + " does not exist");
+    if (taken[number]) return Failure(ErrorKind::Unsupported, name + " is given twice");
     taken[number] = true;
   }
   return {};
@@ -49,13 +50,13 @@ Result<void> CheckStreams(const MuxJob& job) {
 
 Result<void> CheckOutput(const MuxJob& job) {
   if (IsSameFile(job.output, job.film.File().Path())) {
-    return Failure(ErrorKind::Unwritable, job.output + ": is the source itself, which is never written over");
+    return Failure(ErrorKind::Unwritable, job.output + ": is the source itself, which is never overwritten");
   }
   if (FolderExists(job.output)) return Failure(ErrorKind::Unwritable, job.output + ": is a folder");
   return {};
 }
 
-// The copy of a film's chunks with subtitle packets put between them.
+// Copies the film's chunks and inserts the subtitle packets.
 class FilmMux {
  public:
   FilmMux(const MuxJob& job, JobProgress& progress) : job_(job), progress_(progress) {
@@ -104,7 +105,7 @@ class FilmMux {
     return layout;
   }
 
-  // The numbers that the audio streams of the result had among those of the source, from 1.
+  // For each audio stream of the result, its number among the source's audio streams, from 1.
   std::vector<int> Sounds() const {
     const auto is_sound = [](const AviStream& stream) { return stream.header.type == "auds"; };
     const auto streams = job_.film.Streams();
@@ -152,7 +153,8 @@ class FilmMux {
       if (auto copied = writer.Copy(walk->Window(), chunk, number); !copied) return copied;
       ++chunks;
     }
-    if (chunks == 0) return Failure(ErrorKind::Damaged, job_.film.File().Path() + ": holds nothing of these streams");
+    if (chunks == 0)
+      return Failure(ErrorKind::Damaged, job_.film.File().Path() + ": contains no data of these streams");
     while (const auto packet = schedule.NextAtEnd()) {
       if (auto written = WritePacket(writer, *packet); !written) return written;
     }
@@ -175,8 +177,8 @@ class FilmMux {
 
   const MuxJob& job_;
   JobProgress& progress_;
-  std::vector<int> numbers_;  // of the source's streams in the result; -1 where one is left out
-  int video_ = -1;            // the source's stream whose frames packets stand before
+  std::vector<int> numbers_;  // for each stream of the source, its number in the result; -1 if left out
+  int video_ = -1;            // the stream of the source that packets are placed before; -1 if there is none
   std::uint64_t next_report_ = 0;
 };
 
@@ -189,7 +191,7 @@ Result<MuxReport> Mux(const MuxJob& job, JobProgress& progress) {
   bool open_dml = mux.ExpectedSize() >= job.riff_limit;
   auto size = mux.Run(open_dml);
   if (!size && size.error().kind == ErrorKind::TooLarge && !open_dml) {
-    // More chunks than a plain index can list, or subtitles far larger than usual.
+    // The film has more chunks than a plain index can list, or its subtitles are far larger than usual.
     open_dml = true;
     size = FilmMux(job, progress).Run(open_dml);
   }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Puts a film together: streams of an AVI file, byte for byte, and XSUB streams beside them.
+// Puts a film together: streams of an AVI file, byte for byte, and new XSUB streams.
 #pragma once
 
 #include <memory>
@@ -18,15 +18,15 @@ namespace captoria {
 
 // How the headers of new XSUB streams are written.
 enum class PlayerProfile {
-  Readers,   // for what plays files: a time base of microseconds, handler DXSB, stream enabled
-  Hardware,  // the form a maker's muxer writes: handler divx, disabled by default, no time base
+  Readers,   // for software players: a time base of microseconds, handler DXSB, stream enabled
+  Hardware,  // for hardware players: handler divx, stream disabled by default, no time base
 };
 
 // One stream of the result.
 struct MuxStream {
-  int source_stream = -1;                    // index in the film's streams; or
+  int source_stream = -1;                    // index in the film's streams; or -1, and
   std::shared_ptr<SubtitleSource> subtitle;  // packets of a new XSUB stream
-  std::string title;                         // becomes the stream's name; empty keeps a source stream's own
+  std::string title;                         // the stream's name; if empty, a source stream keeps its own
 };
 
 struct MuxJob {
@@ -35,7 +35,7 @@ struct MuxJob {
   std::string output;
   PlayerProfile profile = PlayerProfile::Readers;
 
-  // A film that stays below this many bytes becomes a plain AVI file; a larger one OpenDML, in RIFFs of that size.
+  // A film smaller than this many bytes becomes a plain AVI file; a larger film OpenDML, in RIFFs of this size.
   std::uint64_t riff_limit = std::uint64_t{1} << 30;
 };
 
@@ -44,8 +44,8 @@ struct MuxReport {
   Findings findings;       // about the source and the result
 };
 
-// Writes the film. On any failure, and when `progress` (in KiB of the source) says stop, no file of the output's name
-// appears or changes; the source is never written to, and a result that would be the source is refused.
+// Writes the film. If it fails, or `progress` (in KiB of the source) asks to stop, no file with the name of the output
+// appears or changes. The source is never written to; an output that is the source itself is refused.
 Result<MuxReport> Mux(const MuxJob& job, JobProgress& progress);
 
 }  // namespace captoria

@@ -14,7 +14,7 @@ void InterleaveSchedule::Add(int stream, std::shared_ptr<SubtitleSource> source)
 }
 
 std::uint64_t InterleaveSchedule::FrameFor(std::int64_t milliseconds) const {
-  // A day's worth keeps the product below inside 64 bits for every rate that a header can hold.
+  // 111 hours keep the product below within 64 bits for every rate that a header can contain.
   constexpr std::int64_t kLatest = std::int64_t{400'000} * 1000;
   const std::int64_t time = std::clamp(milliseconds - kLeadMilliseconds, std::int64_t{0}, kLatest);
   return static_cast<std::uint64_t>(std::max(time * rate_ / (1000 * scale_) - start_, std::int64_t{0}));
@@ -35,7 +35,7 @@ std::optional<InterleaveSchedule::Packet> InterleaveSchedule::NextBefore(std::ui
 }
 
 std::optional<InterleaveSchedule::Packet> InterleaveSchedule::NextAtEnd() {
-  // By time, so that streams lie side by side as everywhere else.
+  // In order of time, so that the streams stay interleaved.
   Track* first = nullptr;
   for (Track& track : tracks_) {
     if (track.next < track.source->Count() && (first == nullptr || track.due < first->due)) first = &track;

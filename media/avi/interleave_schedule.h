@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Before which frame of a film each packet of its new subtitle streams has to stand, so that a player that reads the
-// file once from front to back holds it in time.
+// Decides before which frame of a film each packet of the new subtitle streams is written, so that a player that reads
+// the file once from beginning to end has every packet in time.
 #pragma once
 
 #include <memory>
@@ -16,25 +16,25 @@ namespace captoria {
 
 class InterleaveSchedule {
  public:
-  // A packet stands this long before it is shown, as in films of players' makers: 13 frames of 25 a second.
+  // Packets precede their show time by 13 frames at 25 frames per second, as in films made for hardware players.
   static constexpr std::int64_t kLeadMilliseconds = 520;
 
   struct Packet {
-    int stream = 0;  // as given to Add
+    int stream = 0;  // as passed to Add
     const SubtitleSource* source = nullptr;
     std::size_t index = 0;
   };
 
-  // For a film whose frame n is shown at (start + n) * scale / rate seconds.
+  // Frame n of the film is shown at (start + n) * scale / rate seconds.
   InterleaveSchedule(std::uint32_t start, std::uint32_t scale, std::uint32_t rate)
       : start_(start), scale_(scale), rate_(rate) {}
 
   void Add(int stream, std::shared_ptr<SubtitleSource> source);
 
-  // The next packet that has to stand before frame `frame`; call it until there is none. Frames come in their order.
+  // The next packet to write before frame `frame`. Call it until it returns nothing, for every frame in order.
   std::optional<Packet> NextBefore(std::uint64_t frame);
 
-  // The same for packets of whatever time.
+  // The next packet after the last frame, whatever its time.
   std::optional<Packet> NextAtEnd();
 
  private:
@@ -42,10 +42,10 @@ class InterleaveSchedule {
     int stream = 0;
     std::shared_ptr<SubtitleSource> source;
     std::size_t next = 0;
-    std::uint64_t due = 0;  // the frame that packet `next` stands before
+    std::uint64_t due = 0;  // packet `next` is written before this frame
   };
 
-  // The frame that is on the screen the lead before `milliseconds`.
+  // The frame on the screen kLeadMilliseconds before `milliseconds`.
   std::uint64_t FrameFor(std::int64_t milliseconds) const;
   Packet Take(Track& track);
 

@@ -47,7 +47,7 @@ Bytes StreamList(const AviLayout& layout, std::size_t number, const AviStreamInd
 }  // namespace
 
 std::size_t MostRiffs(const AviLayout& layout) {
-  // Twice what is expected: a RIFF also ends early when it holds very many chunks.
+  // Twice the expected number, because a RIFF with very many chunks ends early.
   const std::uint64_t expected = layout.riff_limit > 0 ? layout.expected_size / layout.riff_limit : 0;
   return kFewestRiffs + 2 * static_cast<std::size_t>(expected);
 }

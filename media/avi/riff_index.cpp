@@ -14,7 +14,7 @@ constexpr std::uint32_t kNotKeyFrame = std::uint32_t{1} << 31;
 
 constexpr std::size_t kBlock = std::size_t{64} << 10;
 
-// nBlockAlign of a WAVEFORMATEX. Audio chunks without a sample size hold as many units as blocks begin in them.
+// nBlockAlign of a WAVEFORMATEX. An audio chunk without a sample size counts one unit for each block that begins in it.
 std::uint32_t BlockAlign(const AviStream& stream) {
   if (stream.header.type != "auds") return 0;
   ByteReader format(stream.format);
@@ -22,7 +22,7 @@ std::uint32_t BlockAlign(const AviStream& stream) {
   return format.U16();
 }
 
-// Gathers what is appended, so that an index of a million entries is neither held twice nor written by the entry.
+// Collects entries, so that a long index is neither in memory twice nor written entry by entry.
 Result<void> AppendWhenFull(ByteWriter& bytes, BlockWriter& out, std::size_t full) {
   if (bytes.Size() < full) return {};
   return out.Append(bytes.Take());
@@ -36,7 +36,7 @@ std::string ChunkId(int stream, std::string_view type) {
 }
 
 std::array<std::uint8_t, 8> ChunkHeader(int stream, std::string_view type, std::uint32_t size) {
-  // There is one for every chunk of a film: not worth an allocation each.
+  // Called for every chunk of a film, so it allocates nothing.
   std::array<std::uint8_t, 8> header{};
   header[0] = static_cast<std::uint8_t>('0' + stream / 10);
   header[1] = static_cast<std::uint8_t>('0' + stream % 10);
@@ -68,7 +68,7 @@ Result<void> RiffIndex::AppendIdx1(BlockWriter& out) const {
 
 Result<SuperIndexEntry> RiffIndex::AppendStandardIndex(BlockWriter& out, int stream, std::string_view type,
                                                        std::uint32_t duration) const {
-  // Palette changes have no time of their own; counted here, they would shift all that follows by a frame.
+  // Palette changes take no time. If they were counted here, everything after them would shift by a frame.
   const auto belongs = [stream](const IndexEntry& entry) { return entry.stream == stream && !entry.IsPalette(); };
   const auto count = static_cast<std::uint32_t>(std::ranges::count_if(entries_, belongs));
   const SuperIndexEntry standard{.position = out.Position(), .size = 8 + 24 + 8 * count, .duration = duration};

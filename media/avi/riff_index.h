@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The chunks of one RIFF of an AVI file being written, and the three forms an index of them has: `idx1`, the standard
-// index of a stream (`ix##`) and its entry in the stream's super index (`indx`).
+// The chunks of one RIFF of an AVI file that is being written, and the three forms of their index: `idx1`, the standard
+// index of a stream (`ix##`), and its entry in the super index of the stream (`indx`).
 #pragma once
 
 #include <array>
@@ -20,10 +20,10 @@ namespace captoria {
 // "01wb" for stream 1 and "wb".
 std::string ChunkId(int stream, std::string_view type);
 
-// The same with the size behind it.
+// The same, followed by the size.
 std::array<std::uint8_t, 8> ChunkHeader(int stream, std::string_view type, std::uint32_t size);
 
-// How the bytes and chunks of a stream turn into its units, the ones its header counts its length in.
+// Counts bytes and chunks of a stream in the units that its header uses for the length.
 class StreamUnits {
  public:
   explicit StreamUnits(const AviStream& stream);
@@ -33,13 +33,13 @@ class StreamUnits {
 
  private:
   std::uint32_t sample_size_ = 0;
-  std::uint32_t block_ = 0;  // bytes a unit has at most, where chunks hold several; 0 where a chunk is a unit
+  std::uint32_t block_ = 0;  // the most bytes in a unit if a chunk contains several; 0 if every chunk is one unit
   std::uint64_t bytes_ = 0;
   std::uint64_t units_ = 0;
 };
 
 struct IndexEntry {
-  std::uint32_t offset = 0;  // of the chunk's header from the FOURCC of `movi`
+  std::uint32_t offset = 0;  // of the chunk's header, relative to the letters "movi"
   std::uint32_t size = 0;
   std::uint8_t stream = 0;
   bool key = false;
@@ -51,15 +51,15 @@ struct IndexEntry {
 struct SuperIndexEntry {
   std::uint64_t position = 0;  // of the header of the `ix##` chunk
   std::uint32_t size = 0;      // with its header
-  std::uint32_t duration = 0;  // units of the stream
+  std::uint32_t duration = 0;  // in units of the stream
 };
 
 class RiffIndex {
  public:
-  // What the entries may take stays below 16 MiB.
+  // Keeps the entries below 16 MiB of memory.
   static constexpr std::size_t kMostEntries = std::size_t{1} << 20;
 
-  // `movi` is the position of that FOURCC.
+  // `movi` is the position of these letters.
   explicit RiffIndex(std::uint64_t movi) : movi_(movi) {}
 
   void Add(const IndexEntry& entry) { entries_.push_back(entry); }
@@ -67,14 +67,14 @@ class RiffIndex {
 
   Result<void> AppendIdx1(BlockWriter& out) const;
 
-  // The `ix##` of a stream, whose chunks last `duration` of its units; a stream without chunks gets an empty one, for
-  // readers that want one of each.
+  // Appends the `ix##` of a stream whose chunks last `duration` units. A stream without chunks gets an empty index,
+  // because some readers expect one for every stream.
   Result<SuperIndexEntry> AppendStandardIndex(BlockWriter& out, int stream, std::string_view type,
                                               std::uint32_t duration) const;
 
  private:
   std::uint64_t movi_;
-  std::deque<IndexEntry> entries_;  // grows without holding the old and the new at once
+  std::deque<IndexEntry> entries_;  // unlike a vector, it is never in memory twice while it grows
 };
 
 // The data of an `indx` chunk with room for `capacity` entries.

@@ -24,7 +24,7 @@ int RefuseOtherFiles(AVFormatContext*, AVIOContext**, const char*, int, AVDictio
 
 int IsInterrupted(void* self) { return static_cast<FilmDemuxer*>(self)->IsStopped() ? 1 : 0; }
 
-// Looks into the streams, with a decoder where the headers do not tell enough.
+// Detects the streams, with the help of decoders if the headers are not enough.
 int FindStreams(AVFormatContext* context) {
   std::vector<AVDictionary*> options(context->nb_streams, nullptr);
   for (AVDictionary*& option : options) av_dict_set_int(&option, "max_pixels", FilmDemuxer::kMostPixels, 0);
@@ -36,7 +36,7 @@ int FindStreams(AVFormatContext* context) {
 }  // namespace
 
 Result<std::unique_ptr<FilmDemuxer>> FilmDemuxer::Open(const std::string& path, JobProgress& progress) {
-  // The log is one for the whole process and goes to the terminal; what matters reaches the caller as an Error.
+  // The log is global and goes to the terminal; the caller gets every failure as an Error.
   av_log_set_level(AV_LOG_QUIET);
   auto file = InputFile::Open(path);
   if (!file) return tl::unexpected(file.error());
@@ -53,19 +53,19 @@ Result<void> FilmDemuxer::Start() {
   if (buffer != nullptr) bytes_ = avio_alloc_context(buffer, kBuffer, 0, this, ReadBytes, nullptr, Seek);
   if (bytes_ == nullptr) {
     av_free(buffer);
-    return tl::unexpected(Fail(ErrorKind::TooLarge, "there is no memory to open it"));
+    return tl::unexpected(Fail(ErrorKind::TooLarge, "not enough memory to open it"));
   }
   context_ = avformat_alloc_context();
-  if (context_ == nullptr) return tl::unexpected(Fail(ErrorKind::TooLarge, "there is no memory to open it"));
+  if (context_ == nullptr) return tl::unexpected(Fail(ErrorKind::TooLarge, "not enough memory to open it"));
   context_->pb = bytes_;
   context_->io_open = RefuseOtherFiles;
   context_->interrupt_callback = {IsInterrupted, this};
   AVDictionary* options = nullptr;
   av_dict_set(&options, "format_whitelist", kFormats, 0);
-  // On failure this frees the context.
+  // On failure, this frees the context.
   const int opened = avformat_open_input(&context_, nullptr, nullptr, &options);
   av_dict_free(&options);
-  if (opened < 0) return tl::unexpected(Fail(ErrorKind::Damaged, "is not a video that can be read"));
+  if (opened < 0) return tl::unexpected(Fail(ErrorKind::Damaged, "is not a readable video"));
   if (FindStreams(context_) < 0 || stopped_) {
     return tl::unexpected(Fail(ErrorKind::Damaged, "its streams cannot be read"));
   }
@@ -84,13 +84,13 @@ void FilmDemuxer::Watch(JobProgress* progress) {
   disk_error_.reset();
   asked_ = {};
   if (bytes_ != nullptr) {
-    // A stop or a failure of the last call is not the end of the file.
+    // After a stop or a failed read, reading must be possible again.
     bytes_->error = 0;
     bytes_->eof_reached = 0;
   }
 }
 
-void FilmDemuxer::Tell(std::size_t done, std::size_t total) {
+void FilmDemuxer::SetProgress(std::size_t done, std::size_t total) {
   done_ = done;
   total_ = total;
 }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A film opened with libavformat so that nothing but its own file is ever read: not what a playlist or a reference in
-// it names, and nothing from the network. The kinds of film are those that people have subtitles for.
+// A film opened with libavformat. Nothing but its own file is ever read: no file that a playlist or a reference in it
+// names, and nothing from the network. Only the container formats of ordinary films are supported.
 #pragma once
 
 #include <chrono>
@@ -24,10 +24,10 @@ namespace captoria {
 
 class FilmDemuxer {
  public:
-  // No picture with more pixels than this is decoded, not even to find out what the film is.
+  // Larger pictures are not decoded, not even to detect the streams.
   static constexpr std::int64_t kMostPixels = std::int64_t{7680} * 4320;
 
-  // Damaged when the file is no film. Opening is no matter of steps: `progress` is only asked whether to stop.
+  // Damaged if the file is not a film. Opening has no steps, so `progress` is only asked whether to stop.
   static Result<std::unique_ptr<FilmDemuxer>> Open(const std::string& path, JobProgress& progress);
   FilmDemuxer(const FilmDemuxer&) = delete;
   FilmDemuxer& operator=(const FilmDemuxer&) = delete;
@@ -35,16 +35,16 @@ class FilmDemuxer {
 
   AVFormatContext* Context() const { return context_; }
 
-  // From now on reading asks `progress`, which has to live until the next call. Null: nobody is asked.
+  // From now on reading asks `progress` whether to stop. `progress` must live until the next call; null ends asking.
   void Watch(JobProgress* progress);
 
-  // What `progress` is told when it is next asked.
-  void Tell(std::size_t done, std::size_t total);
+  // The numbers of the next progress report.
+  void SetProgress(std::size_t done, std::size_t total);
 
-  // Whether the user wants it stopped.
+  // Whether the user wants to stop.
   bool IsStopped();
 
-  // The next packet of stream `stream`; false at the end of what can be read of the film.
+  // Reads the next packet of stream `stream`; false at the end of the film, or of its readable part.
   Result<bool> Read(int stream, AVPacket* packet);
 
   Error Fail(ErrorKind kind, std::string_view what) const;
@@ -59,7 +59,7 @@ class FilmDemuxer {
   std::uint64_t position_ = 0;
   AVIOContext* bytes_ = nullptr;
   AVFormatContext* context_ = nullptr;
-  std::optional<Error> disk_error_;  // that reading has met
+  std::optional<Error> disk_error_;  // of the last failed read
 
   JobProgress* progress_ = nullptr;
   std::size_t done_ = 0;

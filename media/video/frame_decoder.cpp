@@ -32,13 +32,13 @@ struct Freeing {
 template <typename T>
 using Freed = std::unique_ptr<T, Freeing>;
 
-// More threads than this only take memory for the few frames between two key frames.
+// More threads only cost memory, because few frames are decoded at a time.
 constexpr unsigned kMostThreads = 4;
 
-// Frames. Decoders put no more than 16 into the order they are shown in.
+// Frames. Decoders reorder at most 16.
 constexpr double kNear = 40;
 
-// In any time base; beyond it a number of frames is nonsense.
+// In any time base; larger times are invalid.
 constexpr double kLatest = 1e15;
 
 AVStream* FirstVideo(const AVFormatContext& film) {
@@ -59,13 +59,13 @@ Freed<AVCodecContext> OpenCodec(const AVStream& stream, const AVCodec* decoder) 
   return avcodec_open2(codec.get(), decoder, nullptr) < 0 ? nullptr : std::move(codec);
 }
 
-// Nothing when the picture's form cannot be converted.
+// Nothing if the pixel format cannot be converted.
 std::optional<VideoFrame> ToBgra(const AVFrame& frame) {
   const auto form = static_cast<AVPixelFormat>(frame.format);
   if (sws_isSupportedInput(form) == 0) return std::nullopt;
   Freed<SwsContext> scaler(sws_getContext(frame.width, frame.height, form, frame.width, frame.height, AV_PIX_FMT_BGRA,
                                           SWS_BICUBIC, nullptr, nullptr, nullptr));
-  // Rows that begin on 64 bytes: the scaler writes whole vectors.
+  // The scaler writes whole vectors, so rows are aligned to 64 bytes.
   Freed<AVFrame> bgra(av_frame_alloc());
   if (!scaler || !bgra) return std::nullopt;
   bgra->format = AV_PIX_FMT_BGRA;
@@ -85,12 +85,12 @@ std::optional<VideoFrame> ToBgra(const AVFrame& frame) {
   return picture;
 }
 
-// Frames.
+// Frames. A key frame this far back means a gap in the index.
 constexpr double kLongGap = 500;
 
 std::int64_t Place(double time) { return std::llround(std::clamp(time, -kLatest, kLatest)); }
 
-// What the headers say.
+// From the headers.
 struct FilmFacts {
   int width = 0;
   int height = 0;
@@ -98,7 +98,7 @@ struct FilmFacts {
   std::int64_t duration = 0;
 };
 
-// `period` is that of a frame, in seconds.
+// `period` is the duration of a frame in seconds.
 FilmFacts FactsOf(const AVFormatContext& film, const AVStream& stream, double period) {
   FilmFacts facts{.width = stream.codecpar->width, .height = stream.codecpar->height};
   if (film.duration > 0) facts.duration = film.duration / (AV_TIME_BASE / 1000);
@@ -123,7 +123,7 @@ class FrameDecoder::Film {
  private:
   enum class Search {
     Found,
-    BeginsLater,  // nothing that is shown as early as this was decoded
+    BeginsLater,  // all decoded frames are shown later
     EndsBefore,
   };
 
@@ -146,12 +146,12 @@ class FrameDecoder::Film {
   AVStream* stream_ = nullptr;
   Freed<AVCodecContext> codec_;
   Freed<AVPacket> packet_;
-  Freed<AVFrame> frame_;                // decoded last
-  Freed<AVFrame> held_;                 // the one before, while the search goes on
-  bool sought_ = false;                 // rather than read from the beginning
-  std::optional<double> time_;          // of frame_; unknown right behind a place that was sought
+  Freed<AVFrame> frame_;                // the last decoded frame
+  Freed<AVFrame> held_;                 // the frame before it, during a search
+  bool sought_ = false;                 // otherwise reading started at the beginning
+  std::optional<double> time_;          // of frame_; unknown right after a seek
   std::optional<double> first_packet_;  // time of the first packet since the last seek
-  double wanted_ = 0;                   // time of the frame that is looked for
+  double wanted_ = 0;                   // time of the frame that is searched for
   double period_ = 1;
   double first_ = 0;  // time of frame 0
 };
@@ -159,7 +159,7 @@ class FrameDecoder::Film {
 Result<std::unique_ptr<FrameDecoder::Film>> FrameDecoder::Film::Open(const std::string& path, JobProgress& progress) {
   std::unique_ptr<Film> film(new Film);
   if (auto started = film->Start(path, progress); !started) return tl::unexpected(started.error());
-  // In some films decoding delays all times, so frame 0 is whatever comes first.
+  // In some films decoding delays all times, so the first decoded frame is frame 0.
   const auto first = film->Next();
   if (!first) return tl::unexpected(first.error());
   if (!*first) return tl::unexpected(film->demuxer_->Fail(ErrorKind::Damaged, "no picture of it can be decoded"));
@@ -191,7 +191,7 @@ Result<void> FrameDecoder::Film::OpenStream() {
   codec_ = OpenCodec(*stream_, decoder);
   if (!codec_ || !packet_ || !frame_ || !held_) return fail(ErrorKind::Damaged, "its video cannot be decoded");
 
-  // The demuxer's guess is right for constant rates; a film without any is numbered at 25 a second.
+  // The demuxer guesses constant rates correctly. Without a rate, frames are numbered at 25 per second.
   AVRational rate = av_guess_frame_rate(demuxer_->Context(), stream_, nullptr);
   if (rate.num <= 0 || rate.den <= 0) rate = {25, 1};
   period_ = 1 / (av_q2d(rate) * av_q2d(stream_->time_base));
@@ -206,15 +206,15 @@ Result<void> FrameDecoder::Film::OpenStream() {
   return {};
 }
 
-// Gives the decoder one packet, or word that there are no more.
+// Passes one packet to the decoder, or reports the end of the film to it.
 Result<void> FrameDecoder::Film::Feed() {
   const auto got = demuxer_->Read(stream_->index, packet_.get());
   if (!got) return tl::unexpected(got.error());
   if (*got && !first_packet_ && packet_->dts != AV_NOPTS_VALUE) first_packet_ = static_cast<double>(packet_->dts);
-  // Frames that no other frame is made of are not decoded until shortly before the one that is wanted.
+  // Skips frames that no other frame depends on until shortly before the wanted frame.
   const bool is_near = packet_->dts == AV_NOPTS_VALUE || static_cast<double>(packet_->dts) > wanted_ - kNear * period_;
   codec_->skip_frame = is_near ? AVDISCARD_DEFAULT : AVDISCARD_NONREF;
-  // A packet that makes no sense is left out, as players do.
+  // Invalid packets are skipped, as players do.
   avcodec_send_packet(codec_.get(), *got ? packet_.get() : nullptr);
   return {};
 }
@@ -230,7 +230,7 @@ Result<bool> FrameDecoder::Film::Next() {
   if (frame_->best_effort_timestamp != AV_NOPTS_VALUE) {
     time_ = static_cast<double>(frame_->best_effort_timestamp);
   } else if (time_) {
-    // The last frames of a stream without display times come when there is no packet left to tell theirs.
+    // In a stream without display times, the last frames come out after the last packet, so no packet gives their time.
     time_ = *time_ + period_;
   } else if (!sought_) {
     time_ = first_;
@@ -250,7 +250,7 @@ Result<FrameDecoder::Film::Search> FrameDecoder::Film::Find(double time) {
     if (!*got) return time < *held_until ? Search::Found : Search::EndsBefore;
     if (!time_ || *time_ > time + period_ / 2) return held_until ? Search::Found : Search::BeginsLater;
     if (done == 0) begin = *time_;
-    demuxer_->Tell(done, static_cast<std::size_t>(std::clamp((time - begin) / period_, 0.0, kLatest)) + 1);
+    demuxer_->SetProgress(done, static_cast<std::size_t>(std::clamp((time - begin) / period_, 0.0, kLatest)) + 1);
     held_until = *time_ + std::max(period_, static_cast<double>(frame_->pkt_duration)) - period_ / 2;
     const bool is_own = *time_ > time - period_ / 2;
     av_frame_unref(held_.get());
@@ -259,7 +259,7 @@ Result<FrameDecoder::Film::Search> FrameDecoder::Film::Find(double time) {
   }
 }
 
-// Goes to the last key frame before `time`.
+// Seeks to the last key frame before `time`.
 bool FrameDecoder::Film::SeekTo(double time) {
   avcodec_flush_buffers(codec_.get());
   time_.reset();
@@ -277,13 +277,13 @@ Result<VideoFrame> FrameDecoder::Film::Shown(Result<Search> search) {
   return std::move(*picture);
 }
 
-// Whether the key frame before `time` is so far off that there is rather a gap in the index.
+// Whether the key frame before `time` is so far back that the index probably has a gap.
 bool FrameDecoder::Film::IsFarBehind(double time) const {
   const AVIndexEntry* entry = avformat_index_get_entry_from_timestamp(stream_, Place(time), AVSEEK_FLAG_BACKWARD);
   return entry != nullptr && time - static_cast<double>(entry->timestamp) > kLongGap * period_;
 }
 
-// Reads up to `time` without decoding, whereby the demuxer learns where key frames are.
+// Reads up to `time` without decoding; on the way the demuxer learns where the key frames are.
 Result<void> FrameDecoder::Film::WalkTo(double time) {
   for (;;) {
     const auto got = demuxer_->Read(stream_->index, packet_.get());
@@ -299,7 +299,7 @@ Result<FrameDecoder::Film::Search> FrameDecoder::Film::Seek(double time) {
     if (!SeekTo(time)) return Search::BeginsLater;
   }
   const auto search = Find(time);
-  // Frames that are shown before the key frame they are stored behind need the one before that too.
+  // A frame stored after a key frame but shown before it also needs the key frame before.
   const bool is_behind = search && *search == Search::BeginsLater && first_packet_;
   return is_behind && SeekTo(*first_packet_ - 1) ? Find(time) : search;
 }
@@ -308,12 +308,12 @@ Result<FrameDecoder::Film::Search> FrameDecoder::Film::Look(double time, JobProg
   Result<Search> search = Search::BeginsLater;
   if (codec_) search = Seek(time);
   if (!search || *search != Search::BeginsLater) return search;
-  // There is no index, or it leads astray.
+  // There is no index, or it is wrong.
   if (auto again = Start(path_, progress); !again) return tl::unexpected(again.error());
   if (auto walked = WalkTo(time); !walked) return tl::unexpected(walked.error());
   search = Seek(time);
   if (!search || *search != Search::BeginsLater) return search;
-  // The film cannot be gone to at all, so everything is decoded from the beginning.
+  // Seeking does not work in this film, so decode everything from the beginning.
   if (auto again = Start(path_, progress); !again) return tl::unexpected(again.error());
   return Find(time);
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Single pictures of a film's first video stream, decoded with FFmpeg's libraries.
+// Decodes single frames of a film's first video stream with FFmpeg's libraries.
 #pragma once
 
 #include <cstdint>
@@ -20,31 +20,31 @@ struct VideoFrame {
   std::vector<std::uint8_t> pixels;  // blue, green, red, opacity; rows from the top, without gaps
 };
 
-// What decodes, for reports of faults: "FFmpeg 5.1.6".
+// The name of the decoding library for bug reports: "FFmpeg 5.1.6".
 std::string DecoderLibrary();
 
 class FrameDecoder {
  public:
-  // Unsupported when there is no decoder for the stream; Damaged when the file is no film, has no video, or its first
-  // picture cannot be decoded; TooLarge for pictures beyond 7680x4320 pixels. Both calls can be stopped by `progress`.
+  // Unsupported if there is no decoder for the stream. Damaged if the file is not a film, has no video, or its first
+  // picture cannot be decoded. TooLarge for pictures of more than 7680x4320 pixels. `progress` can stop both calls.
   static Result<FrameDecoder> Open(const std::string& path, JobProgress& progress);
   FrameDecoder(FrameDecoder&&) noexcept;
   FrameDecoder& operator=(FrameDecoder&&) noexcept;
   ~FrameDecoder();
 
-  // Of the stream, in pixels. A frame can differ where the stream changes.
+  // Of the stream, in pixels. Single frames can differ.
   int Width() const;
   int Height() const;
 
-  // By the headers, so a film that breaks off has fewer. 0 when they do not tell.
+  // From the headers, so a film that is cut off has fewer. 0 if unknown.
   std::int64_t FrameCount() const;
 
-  // Of the whole film, in milliseconds; 0 when not known.
+  // Of the whole film, in milliseconds; 0 if unknown.
   std::int64_t Duration() const;
 
-  // The picture shown while frame `number` is due, counted from 0: its own, or, where the film left it out or has no
-  // constant rate, the one before. Decodes from the last key frame before it on; `progress` is told how many frames
-  // of those are done. NotFound when the film ends before.
+  // The picture on the screen at the time of frame `number`, counted from 0. If the film has no picture for that time,
+  // the picture before it. Decodes from the last key frame before it; `progress` counts the frames since then. NotFound
+  // if the film ends earlier.
   Result<VideoFrame> Frame(std::int64_t number, JobProgress& progress);
 
  private:

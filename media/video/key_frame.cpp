@@ -46,28 +46,28 @@ constexpr std::array kKnown{
     KnownCompression{"DAVC", PictureCoding::H264},
 };
 
-// The index of the byte behind the next start code (00 00 01) from `from` on, which is there; or the size.
-std::size_t BehindStartCode(ByteView data, std::size_t from) {
+// The index of the byte after the next start code (00 00 01) at or after `from`, or the size if no byte follows one.
+std::size_t AfterStartCode(ByteView data, std::size_t from) {
   for (std::size_t i = from; i + 3 < data.size(); ++i) {
     if (data[i] == 0 && data[i + 1] == 0 && data[i + 2] == 1) return i + 3;
   }
   return data.size();
 }
 
-// A picture's start code is B6; two bits of its type follow, 0 for one that stands alone.
+// A picture begins with the start code B6. The next two bits are its type, 0 for a key frame.
 std::optional<bool> IsKeyMpeg4(ByteView data) {
-  for (std::size_t i = BehindStartCode(data, 0); i < data.size(); i = BehindStartCode(data, i)) {
+  for (std::size_t i = AfterStartCode(data, 0); i < data.size(); i = AfterStartCode(data, i)) {
     if (data[i] == 0xB6 && i + 1 < data.size()) return data[i + 1] >> 6 == 0;
   }
   return std::nullopt;
 }
 
-// The first unit that holds a part of a picture tells. Encoders that refresh without a full reset (open groups) repeat
-// the sequence's parameters before a picture that can be begun with.
+// The first unit with a part of a picture decides. Encoders that refresh without a full reset (open groups) repeat the
+// parameters of the sequence before a picture from which decoding can start.
 std::optional<bool> IsKeyH264(ByteView data) {
   constexpr int kPart = 1, kResetPart = 5, kParameters = 7;
   bool parameters = false;
-  for (std::size_t i = BehindStartCode(data, 0); i < data.size(); i = BehindStartCode(data, i)) {
+  for (std::size_t i = AfterStartCode(data, 0); i < data.size(); i = AfterStartCode(data, i)) {
     const int unit = data[i] & 0x1F;
     if (unit == kResetPart) return true;
     if (unit == kPart) return parameters;
@@ -82,11 +82,11 @@ PictureCoding PictureCodingOf(std::string_view compression) {
   for (const KnownCompression& known : kKnown) {
     if (EqualsIgnoringCase(known.name, compression)) return known.coding;
   }
-  return PictureCoding::NotLooked;
+  return PictureCoding::Unknown;
 }
 
 std::optional<bool> IsKeyPicture(PictureCoding coding, ByteView beginning) {
-  if (beginning.empty()) return false;  // the picture before is shown again
+  if (beginning.empty()) return false;  // repeats the picture before
   switch (coding) {
     case PictureCoding::Alone:
       return true;
@@ -96,7 +96,7 @@ std::optional<bool> IsKeyPicture(PictureCoding coding, ByteView beginning) {
       return beginning[0] >> 6 == 0;
     case PictureCoding::H264:
       return IsKeyH264(beginning);
-    case PictureCoding::NotLooked:
+    case PictureCoding::Unknown:
       break;
   }
   return std::nullopt;

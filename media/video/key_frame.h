@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Whether a picture's data begins one that needs no other, told by its first bytes. For files whose index does not say.
+// Recognises key frames, which need no other picture, by their first bytes. For files without a usable index.
 #pragma once
 
 #include <optional>
@@ -12,20 +12,20 @@
 namespace captoria {
 
 enum class PictureCoding {
-  Alone,      // every picture stands alone: MJPEG, DV, uncompressed
-  Mpeg4,      // MPEG-4 part 2
-  MsMpeg4,    // the versions 2 and 3 that came before it
-  H264,       // with start codes
-  NotLooked,  // others, whose data is not looked at
+  Alone,    // every picture stands alone: MJPEG, DV, uncompressed
+  Mpeg4,    // MPEG-4 part 2
+  MsMpeg4,  // its predecessors, versions 2 and 3
+  H264,     // with start codes
+  Unknown,  // others; their data is not examined
 };
 
-// By the name of the compression in the stream's format, four bytes.
+// `compression` is the four bytes in the stream's format.
 PictureCoding PictureCodingOf(std::string_view compression);
 
-// How much of a picture's beginning has to be seen.
+// How many bytes of a picture to pass to IsKeyPicture.
 constexpr std::size_t kKeyFrameLook = 4096;
 
-// Nothing when the data does not tell.
+// Nothing if the data does not show it.
 std::optional<bool> IsKeyPicture(PictureCoding coding, ByteView beginning);
 
 }  // namespace captoria

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kLongestSide = 16384;
 
-// Takes values from the front of a line. What does not fit is left in place.
+// Takes values from the front of a line. Text that does not fit stays in place.
 class LineReader {
  public:
   explicit LineReader(std::string_view text) : rest_(Trim(text)) {}
@@ -30,7 +30,7 @@ class LineReader {
     return number;
   }
 
-  // Any one character of `choices`.
+  // One character, any of `choices`.
   bool Take(std::string_view choices) {
     if (rest_.empty() || choices.find(rest_.front()) == choices.npos) return false;
     Drop(1);
@@ -44,7 +44,7 @@ class LineReader {
     return true;
   }
 
-  // Hours, minutes, seconds and milliseconds, in milliseconds. A full stop or comma is taken for the last colon.
+  // Hours, minutes, seconds and milliseconds, in milliseconds. The last colon may also be a full stop or comma.
   std::optional<std::int64_t> TakeTime() {
     const bool negative = rest_.starts_with('-');
     Take("+-");
@@ -65,7 +65,7 @@ class LineReader {
                  static_cast<std::uint8_t>(*value)};
   }
 
-  // How many of `colors` the line had.
+  // Returns how many of `colors` were in the line.
   template <std::size_t Size>
   std::size_t TakeColors(std::array<Color, Size>& colors) {
     std::size_t count = 0;
@@ -98,7 +98,7 @@ class IndexParser {
     if (key == "id") {
       Id(value);
     } else if (key == "delay") {
-      // Each delay counts from its line on, beside those before it.
+      // A delay applies from its line on and adds to the delays before it.
       if (const auto delay = value.TakeTime()) delay_ += *delay;
     } else {
       Setting(key, value);
@@ -112,7 +112,7 @@ class IndexParser {
   }
 
  private:
-  // `time offset` is passed over on purpose: players show the pictures at their timestamps whatever it says.
+  // `time offset` is ignored on purpose: players ignore it too and use the timestamps alone.
   void Setting(const std::string& key, LineReader& value) {
     if (key == "size") return Size(value);
     if (key == "org") return Origin(value);
@@ -171,7 +171,7 @@ class IndexParser {
     Begin(substream);
   }
 
-  // A language that comes a second time goes on where it was left.
+  // A language that appears a second time is continued.
   void Begin(int substream) {
     delay_ = 0;
     language_.reset();
@@ -199,7 +199,7 @@ class IndexParser {
 
   const std::string& path_;
   VobSubIndex index_;
-  std::optional<std::size_t> language_;  // whose lines are being read
+  std::optional<std::size_t> language_;  // whose lines are being read; empty if they are ignored
   std::int64_t delay_ = 0;
 };
 

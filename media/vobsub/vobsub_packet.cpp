@@ -11,7 +11,7 @@ namespace {
 constexpr std::uint64_t kPackSize = 2048;
 constexpr std::size_t kLargestSpu = 0x10000;
 
-// How far the packs of one unit are looked for: 31 other languages may show something large at the same time.
+// The packs of one unit can be this far apart, because 31 other languages may show something large at the same time.
 constexpr std::uint64_t kLongestSpan = 2 << 20;
 
 constexpr std::uint8_t kPackHeader = 0xBA;
@@ -19,7 +19,7 @@ constexpr std::uint8_t kPrivateStream1 = 0xBD;
 
 std::size_t BigU16(ByteView bytes, std::size_t at) { return ByteReader(bytes.subspan(at)).BigU16(); }
 
-// Parts of a file that are asked for in order, read in larger pieces.
+// Reads small parts of a file in order, through a larger buffer.
 class ForwardReader {
  public:
   ForwardReader(const InputFile& file, std::uint64_t end) : file_(file), end_(std::min(end, file.Size())) {}
@@ -48,19 +48,19 @@ class ForwardReader {
   Bytes buffer_;
 };
 
-// Puts a unit together from the packets of the stream.
+// Joins the packets of a stream to a unit.
 class SpuCollector {
  public:
   explicit SpuCollector(int substream) : substream_(substream) {}
 
-  // `packet` begins behind its length field. False: the unit is whole, or this packet begins another one.
+  // `packet` begins after its length field. False if the unit is complete, or if this packet begins the next unit.
   bool Add(ByteView packet) {
     ByteReader in(packet);
     in.Skip(1);
     const bool timed = (in.U8() & 0x80) != 0;
     const ByteView header = in.Take(in.U8());
     if (in.U8() != 0x20 + substream_ || in.Failed()) return true;
-    // The time stands in a unit's first packet; a few writers repeat it in the others.
+    // The first packet of a unit contains its time; a few writers repeat it in the other packets.
     if (timed && header.size() >= 5) {
       const Bytes time(header.begin(), header.begin() + 5);
       if (!spu_.empty() && time != time_) return false;
@@ -74,8 +74,7 @@ class SpuCollector {
   Bytes Take() { return std::move(spu_); }
 
  private:
-  // A size that leaves no room for the control sequences is nonsense; then only the next unit tells where this one
-  // ends.
+  // A size without room for the control sequences is wrong; then the unit ends where the next unit begins.
   bool IsWhole() const {
     if (spu_.size() < 4) return false;
     const std::size_t size = BigU16(spu_, 0);
@@ -87,18 +86,18 @@ class SpuCollector {
   Bytes spu_;
 };
 
-// The display as the control sequences build it up.
+// Executes the control sequences.
 class ControlReader {
  public:
-  // Runs the commands of one sequence.
+  // Executes the commands of one sequence.
   void Sequence(int time, ByteView commands) {
     ByteReader in(commands);
     bool going_on = true;
     while (going_on && in.Left() > 0 && !display_.stop) going_on = Command(time, in.U8(), in);
-    settled_ = has_contrast_ && std::ranges::any_of(display_.contrast, [](std::uint8_t c) { return c > 0; });
+    settled_ = has_contrast_ && IsVisible();
   }
 
-  // Nothing until an area and the places of the codes have been told.
+  // Nothing unless the commands gave an area and the positions of the codes.
   std::optional<SpuDisplay> Display() const { return has_area_ && has_codes_ ? std::optional{display_} : std::nullopt; }
 
  private:
@@ -135,7 +134,7 @@ class ControlReader {
     return std::ranges::any_of(display_.contrast, [](std::uint8_t c) { return c > 0; });
   }
 
-  // A picture that fades, or is highlighted, is taken as it first can be seen.
+  // If a picture fades in or is highlighted later, its first visible state counts.
   bool Entries(ByteReader& in, std::array<std::uint8_t, 4>& entries) {
     const std::uint16_t value = in.BigU16();
     if (settled_) return true;
@@ -168,7 +167,7 @@ class ControlReader {
 
   SpuDisplay display_;
   bool started_ = false;
-  bool settled_ = false;  // the entries
+  bool settled_ = false;  // the entries no longer change
   bool has_contrast_ = false;
   bool has_area_ = false;
   bool has_codes_ = false;
@@ -204,7 +203,7 @@ Result<Bytes> ReadSpu(const InputFile& sub, std::uint64_t position, std::uint64_
   }
   Bytes spu = collector.Take();
   if (spu.size() < 4) {
-    return Failure(ErrorKind::Damaged, sub.Path() + ": has no subtitle at byte " + std::to_string(position));
+    return Failure(ErrorKind::Damaged, sub.Path() + ": contains no subtitle at byte " + std::to_string(position));
   }
   return spu;
 }

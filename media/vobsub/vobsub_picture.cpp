@@ -20,7 +20,7 @@ int Difference(const Color& a, const Color& b) {
   return red * red + green * green + blue * blue;
 }
 
-// The two colours most alike, the one that covers fewer pixels first.
+// The two most similar colours, first the colour with fewer pixels.
 std::pair<std::size_t, std::size_t> MostAlike(const std::array<Color, 4>& colors,
                                               const std::array<std::size_t, 4>& pixels) {
   std::pair<std::size_t, std::size_t> alike;
@@ -38,7 +38,7 @@ std::pair<std::size_t, std::size_t> MostAlike(const std::array<Color, 4>& colors
 struct FieldCodes {
   ByteView even;
   ByteView odd;
-  bool whole = false;  // neither reaches the end of the unit, where it may have been cut
+  bool whole = false;  // neither reaches the end of the unit, where it may be cut off
 };
 
 FieldCodes DecodeFields(ByteView spu, const SpuDisplay& display, SubtitlePicture& picture) {
@@ -54,7 +54,7 @@ FieldCodes DecodeFields(ByteView spu, const SpuDisplay& display, SubtitlePicture
   return codes;
 }
 
-// Whether a player can have the picture where it is and as large as it is.
+// Whether players accept the position and size of the picture.
 bool IsFitting(const PlacedPicture& placed, const Size& frame) {
   const auto fits = [](int begin, int length, int limit) {
     return begin >= 0 && begin + length <= limit && begin % 2 == 0 && length % 2 == 0;
@@ -103,7 +103,7 @@ bool RenumberColors(SubtitlePicture& picture, const std::array<bool, 4>& visible
     taken[rarer] = false;
   }
   if (taken[0]) {
-    // One of the others is free now: all four are never taken here.
+    // One of the others is free, because all four are never taken here.
     const auto free = static_cast<std::uint8_t>(std::ranges::find(taken, false) - taken.begin());
     picture.colors[free] = picture.colors[0];
     for (std::size_t i = 0; i < number.size(); ++i) {

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A DVD picture as XSUB can carry it. Each of a DVD picture's four entries has its own opacity, from none to full; of
-// XSUB's, number 0 is clear and the others cover the film. So an entry of any opacity is shown in full.
+// Converts DVD pictures to XSUB. Each of the four entries of a DVD picture has its own opacity. In XSUB, entry 0 is
+// transparent and the others are opaque, so an entry with any opacity becomes opaque.
 #pragma once
 
 #include <array>
@@ -15,8 +15,8 @@
 
 namespace captoria {
 
-// How the entries of a picture look: its own colours, or the custom ones of the index. Without a palette the pattern
-// is white, the first emphasis black and the second grey, which is how most discs use them.
+// The colours of a picture's entries: its own, or the custom colours of the index. Without a palette the pattern is
+// white, the first emphasis black and the second grey, as on most discs.
 struct SpuColors {
   std::array<Color, 4> colors{};
   std::array<bool, 4> visible{};
@@ -24,12 +24,12 @@ struct SpuColors {
 
 SpuColors ColorsOf(const VobSubIndex& index, const SpuDisplay& display);
 
-// Renumbers the pixels of `picture`, and its colours with them, so that number 0 is the only one not visible. Where all
-// four can be seen, the two most alike become that of them which covers more. False when nothing had to change.
+// Renumbers the pixels and colours of `picture` so that only number 0 is invisible. If all four entries are visible,
+// the two most similar colours become one: the colour with more pixels. Returns whether a pixel changed.
 bool RenumberColors(SubtitlePicture& picture, const std::array<bool, 4>& visible);
 
-// The packet that shows the unit at `times`. The codes of the unit's rows are taken over as they are where they mean
-// the same in XSUB: colours, area and frame all fit, and the unit is whole.
+// The packet that shows the unit at `times`. The run-length codes of a complete unit are copied if they mean the same
+// in XSUB, that is, if no pixel was renumbered and the area fits XSUB's rules and the frame.
 Result<Bytes> ConvertSpu(ByteView spu, const SpuDisplay& display, const VobSubIndex& index, const XsubTimes& times);
 
 }  // namespace captoria

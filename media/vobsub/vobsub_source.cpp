@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::int64_t kLastStays = 5000;
 
-// Where the packs of a unit can be.
+// The part of the .sub that can contain the packs of a unit.
 struct SpuExtent {
   std::uint64_t position = 0;
   std::uint64_t end = 0;
@@ -39,7 +39,7 @@ struct TimedSpu {
   SpuExtent extent;
 };
 
-// The index's own name with the other ending, written as it is on the disk.
+// The name of the index with the other ending, in the case that exists on disk.
 std::string SubPath(const std::string& idx_path) {
   constexpr std::string_view kEnding = ".idx";
   std::string stem = idx_path;
@@ -55,7 +55,7 @@ class VobSubSource final : public SubtitleSource {
   VobSubSource(VobSubIndex index, InputFile sub, int substream)
       : index_(std::move(index)), sub_(std::move(sub)), substream_(substream) {}
 
-  // The times come from the control sequences, so every unit is looked at once.
+  // The times are in the control sequences, so every unit is read once.
   Result<void> Schedule(const std::vector<VobSubCue>& cues);
 
   std::size_t LeftOut() const { return left_out_; }
@@ -86,7 +86,7 @@ class VobSubSource final : public SubtitleSource {
   std::size_t left_out_ = 0;
 };
 
-// Nothing when the unit is damaged.
+// Nothing if the unit is damaged.
 Result<std::optional<Showing>> VobSubSource::Look(const VobSubCue& cue, const SpuExtent& extent) const {
   const auto spu = ReadSpu(sub_, extent.position, extent.end, substream_);
   if (!spu && spu.error().kind != ErrorKind::Damaged) return tl::unexpected(spu.error());
@@ -123,7 +123,7 @@ Result<void> VobSubSource::Schedule(const std::vector<VobSubCue>& cues) {
   return {};
 }
 
-// A picture that cannot be seen still ends the one before it. Of two that start together the later one is shown.
+// An invisible picture still ends the picture before it. Of two that start together, the second one is shown.
 void VobSubSource::GiveTimes(const std::vector<Showing>& showings) {
   for (std::size_t i = 0; i < showings.size(); ++i) {
     const Showing& showing = showings[i];
@@ -146,14 +146,14 @@ Result<std::shared_ptr<SubtitleSource>> OpenVobSub(const std::string& idx_path, 
   auto index = ReadVobSubIndex(idx_path);
   if (!index) return tl::unexpected(index.error());
   const VobSubLanguage* language = index->Language();
-  if (language == nullptr) return Failure(ErrorKind::Damaged, idx_path + ": names no subtitles");
+  if (language == nullptr) return Failure(ErrorKind::Damaged, idx_path + ": lists no subtitles");
   const VobSubLanguage chosen = *language;
   auto sub = InputFile::Open(SubPath(idx_path));
   if (!sub) return tl::unexpected(sub.error());
 
   auto source = std::make_shared<VobSubSource>(std::move(*index), std::move(*sub), chosen.substream);
   if (auto scheduled = source->Schedule(chosen.cues); !scheduled) return tl::unexpected(scheduled.error());
-  if (source->Count() == 0) return Failure(ErrorKind::Damaged, idx_path + ": has no subtitle that can be shown");
+  if (source->Count() == 0) return Failure(ErrorKind::Damaged, idx_path + ": contains no subtitle that can be shown");
   if (source->LeftOut() > 0 && findings != nullptr) {
     findings->push_back({.kind = FindingKind::DamagedSubtitle,
                          .file = idx_path,

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The subtitles of a VobSub pair as XSUB packets: those of the language in use, placed on the frame of the index.
+// The subtitles of a VobSub pair as XSUB packets, in the language in use, placed on the frame of the index.
 #pragma once
 
 #include <memory>
@@ -13,9 +13,9 @@
 
 namespace captoria {
 
-// A picture without an end stays until the next one, the last for 5 seconds; no picture stays longer than until the
-// next one, as on a disc player. Pictures that cannot be read, or are to be shown at a time XSUB cannot tell, are left
-// out and counted in `findings`; Damaged when none is left, NotFound without the .sub file.
+// A picture without an end stays until the next picture, the last picture for 5 seconds. As on a disc player, the next
+// picture always ends the one before. Pictures that cannot be read, or with a time that XSUB cannot express, are left
+// out and counted in `findings`. Damaged if no picture remains, NotFound without the .sub file.
 Result<std::shared_ptr<SubtitleSource>> OpenVobSub(const std::string& idx_path, Findings* findings = nullptr);
 
 }  // namespace captoria

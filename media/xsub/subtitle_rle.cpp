@@ -70,12 +70,12 @@ void EncodeRow(std::span<const std::uint8_t> row, Bytes& code) {
   }
 }
 
-// Gives the bytes used.
+// Returns the number of bytes used.
 std::size_t DecodeRow(ByteView code, std::span<std::uint8_t> row) {
   NibbleReader in(code);
   std::size_t x = 0;
   while (x < row.size() && !in.AtEnd()) {
-    // Leading zero bits tell how many nibbles follow: two in each nibble more.
+    // Every two leading zero bits mean one more nibble.
     unsigned value = in.Next();
     for (unsigned least = 0x4; value < least && least <= 0x40; least <<= 2) value = value << 4 | in.Next();
     const std::size_t length = value < 4 ? row.size() : value >> 2;

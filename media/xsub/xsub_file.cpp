@@ -66,16 +66,16 @@ Result<Header> ReadHeader(const InputFile& file) {
   ByteReader in(ByteView{bytes}.first(*got));
   const ByteView magic = in.Take(kMagic.size());
   if (std::string_view{reinterpret_cast<const char*>(magic.data()), magic.size()} != kMagic) {
-    return fail(ErrorKind::Damaged, "is no XSUB file");
+    return fail(ErrorKind::Damaged, "is not an XSUB file");
   }
-  if (in.U8() != kVersion) return fail(ErrorKind::Unsupported, "is of a later version of XSUB files");
+  if (in.U8() != kVersion) return fail(ErrorKind::Unsupported, "is an XSUB file of a later version");
   Header header;
   header.frame.width = in.U16();
   header.frame.height = in.U16();
   header.count = in.U32();
-  if (in.Failed()) return fail(ErrorKind::Damaged, "breaks off in its header");
+  if (in.Failed()) return fail(ErrorKind::Damaged, "is cut off in its header");
   if (header.frame.width < 2 || header.frame.height < 2) return fail(ErrorKind::Damaged, "has no frame");
-  // Asked before anything is held in memory for them.
+  // Checked before memory is allocated for the packets.
   if (header.count > (file.Size() - kHeader) / (kPacketHeader + kXsubHeader)) {
     return fail(ErrorKind::Damaged, "is too short for its packets");
   }
@@ -122,7 +122,7 @@ Result<void> WriteXsubFile(const std::string& path, const SubtitleSource& source
     if (!progress.Report(i, source.Count())) return Failure(ErrorKind::Cancelled, path + ": stopped");
     if (auto written = AppendPacket(*out, source, i); !written) return written;
   }
-  // Asked a last time, so that an interrupt during the last packet is heeded as well.
+  // Asked again at the end, so that a stop during the last packet counts too.
   if (!progress.Report(source.Count(), source.Count())) return Failure(ErrorKind::Cancelled, path + ": stopped");
   return out->Commit();
 }
@@ -142,7 +142,7 @@ Result<std::shared_ptr<SubtitleSource>> OpenXsubFile(const std::string& path) {
     index.push_back(*entry);
     position = entry->position + entry->size;
   }
-  if (position != file->Size()) return Failure(ErrorKind::Damaged, path + ": goes on after its last packet");
+  if (position != file->Size()) return Failure(ErrorKind::Damaged, path + ": continues after its last packet");
   return std::make_shared<XsubFileSource>(std::move(*file), header->frame, std::move(index));
 }
 

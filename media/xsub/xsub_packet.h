@@ -1,13 +1,14 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// An XSUB packet: one cue with its times, place, colours and picture, the payload of one chunk of a subtitle stream.
+// An XSUB packet: one cue with its times, position, colours and picture. It is the data of one chunk of a subtitle
+// stream.
 //
-//   0  "[HH:MM:SS.mmm-HH:MM:SS.mmm]", absolute from the beginning of the film
+//   0  "[HH:MM:SS.mmm-HH:MM:SS.mmm]", counted from the beginning of the film
 //  27  width, height, left, top, right, bottom (the last column and row), length of the first field's code: 16 bits
 //      each, little-endian
 //  41  four colours, red, green and blue
-//  53  the code of the even rows, then that of the odd rows
+//  53  the code of the even rows, then the code of the odd rows
 #pragma once
 
 #include <cstddef>
@@ -34,24 +35,24 @@ struct XsubCue {
   PlacedPicture picture;
 };
 
-// The latest time a packet can tell: 99:59:59.999.
+// The latest time that a packet can contain, 99:59:59.999.
 inline constexpr std::int64_t kLatestXsubTime = 359'999'999;
 
 // The bytes before the code.
 inline constexpr std::size_t kXsubHeader = 53;
 
-// The longest packet we make or take: two fields as long as the length of the first can be told.
+// The longest packet we write or read: two fields of the greatest length that fits the header.
 inline constexpr std::size_t kLargestXsubPacket = kXsubHeader + std::size_t{2} * 0xFFFF;
 
-// A time of exactly the form "00:01:02.500", minutes and seconds below 60; nothing for any other text.
+// Reads a time of exactly the form "00:01:02.500", with minutes and seconds below 60. Nothing for any other text.
 std::optional<std::int64_t> ReadXsubTime(std::string_view text);
 
-// The times at the beginning of a packet; nothing when it does not begin with them.
+// The times at the beginning of a packet, if it begins with times.
 std::optional<XsubTimes> ReadXsubTimes(ByteView packet);
 
-// The packet of `cue` in the DXSB form, its picture fitted to the frame (see FitToFrame). Unsupported when the cue does
-// not end after it starts or ends beyond kLatestXsubTime; TooLarge for a picture so noisy that the length of a field's
-// code does not fit its 16 bits. Both messages complete the name of the cue.
+// The packet of `cue` in the DXSB form, with its picture fitted to the frame (see FitToFrame). Unsupported if the cue
+// does not end after it starts, or ends after kLatestXsubTime. TooLarge if the picture has so much detail that the
+// length of a field's code does not fit 16 bits. Put the name of the cue before the error message.
 Result<Bytes> EncodeXsub(const XsubCue& cue, const Size& frame);
 
 }  // namespace captoria

@@ -6,8 +6,9 @@
 namespace captoria {
 namespace {
 
-// Readers count packets and take packet n to be due at n * scale / rate seconds; when it is really shown stands inside
-// it. The smallest unit keeps those that add both from being visibly late, and none takes a packet for a later one.
+// Readers count packets and expect packet n at n * scale / rate seconds; its real show time is inside the packet. Some
+// readers add both times. With the smallest unit the sum is not visibly late, and no reader mistakes a packet for a later
+// one.
 constexpr std::uint32_t kScale = 1, kRate = 1'000'000;
 
 constexpr std::uint32_t kDisabled = 1;
@@ -22,7 +23,7 @@ Bytes HeaderBytes(const AviStreamHeader& header) {
   return out.Take();
 }
 
-// A BITMAPINFOHEADER. Its size is the rectangle that the packets' coordinates refer to.
+// A BITMAPINFOHEADER. Its width and height are the frame that the coordinates in the packets refer to.
 Bytes Format(Size frame) {
   const auto width = static_cast<std::uint32_t>(frame.width), height = static_cast<std::uint32_t>(frame.height);
   ByteWriter out;

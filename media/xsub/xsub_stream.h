@@ -12,10 +12,10 @@
 
 namespace captoria {
 
-// For a stream of `count` packets that were placed on `frame`. Its buffer size is left open.
+// For a stream of `count` packets that were placed on `frame`. The buffer size is left 0.
 AviStream XsubStream(Size frame, std::size_t count, const std::string& name, PlayerProfile profile);
 
-// Whether an index marks its chunks as key frames.
+// Whether the index marks the chunks of such a stream as key frames.
 bool XsubChunksAreKeys(PlayerProfile profile);
 
 }  // namespace captoria

@@ -255,13 +255,13 @@ TEST(AviFile, TakesAHundredStreamsAndNoMore) {
 TEST(AviFile, RefusesWhatIsNoFilm) {
   const TestFolder folder;
   const std::vector<std::pair<const char*, std::string>> rows{
-      {"is no AVI file", ""},
-      {"is no AVI file", "RIFF"},
-      {"is no AVI file", Riff("fmt ", "WAVE")},
-      {"is no AVI file", std::string(5000, '\0')},
-      {"has no stream", Riff("")},
-      {"has no stream", Riff(List("movi", Content()))},
-      {"has no stream", Riff(Headers(""))},
+      {"is not an AVI file", ""},
+      {"is not an AVI file", "RIFF"},
+      {"is not an AVI file", Riff("fmt ", "WAVE")},
+      {"is not an AVI file", std::string(5000, '\0')},
+      {"contains no stream", Riff("")},
+      {"contains no stream", Riff(List("movi", Content()))},
+      {"contains no stream", Riff(Headers(""))},
   };
   for (const auto& [reason, content] : rows) {
     const auto file = AviFile::Open(folder.Put("film.avi", content));

@@ -377,9 +377,9 @@ TEST_F(DivxMux, RefusesWhatCannotBe) {
   EXPECT_THAT(message({Kept(0)}, folder_.Path()), HasSubstr("is a folder"));
   EXPECT_THAT(message({Kept(0)}, folder_.File("none/out.divx")), HasSubstr("No such file or directory"));
   EXPECT_THAT(message({}, out), HasSubstr("no stream"));
-  EXPECT_THAT(message({Kept(0), Kept(1)}, out), HasSubstr("stream 1 is not there"));
-  EXPECT_THAT(message({Kept(0), Kept(0)}, out), HasSubstr("stream 0 is named twice"));
-  EXPECT_THAT(message({Kept(0), Subtitle({}, "Empty")}, out), HasSubstr("\"Empty\" holds no subtitle"));
+  EXPECT_THAT(message({Kept(0), Kept(1)}, out), HasSubstr("stream 1 does not exist"));
+  EXPECT_THAT(message({Kept(0), Kept(0)}, out), HasSubstr("stream 0 is given twice"));
+  EXPECT_THAT(message({Kept(0), Subtitle({}, "Empty")}, out), HasSubstr("\"Empty\" contains no subtitle"));
   EXPECT_EQ(folder_.Get("in.avi"), before);
   EXPECT_FALSE(FileExists(out));
 }
