@@ -66,6 +66,10 @@ Result<void> FilmDemuxer::Start() {
   const int opened = avformat_open_input(&context_, nullptr, nullptr, &options);
   av_dict_free(&options);
   if (opened < 0) return tl::unexpected(Fail(ErrorKind::Damaged, "is not a readable video"));
+  for (unsigned i = 0; i < context_->nb_streams; ++i) {
+    const AVCodecParameters& form = *context_->streams[i]->codecpar;
+    pixels_by_header_.push_back(std::int64_t{form.width} * form.height);
+  }
   if (FindStreams(context_) < 0 || stopped_) {
     return tl::unexpected(Fail(ErrorKind::Damaged, "its streams cannot be read"));
   }
@@ -76,6 +80,11 @@ FilmDemuxer::~FilmDemuxer() {
   avformat_close_input(&context_);
   if (bytes_ != nullptr) av_freep(&bytes_->buffer);
   avio_context_free(&bytes_);
+}
+
+std::int64_t FilmDemuxer::PixelsByHeader(int stream) const {
+  const auto index = static_cast<std::size_t>(stream);
+  return index < pixels_by_header_.size() ? pixels_by_header_[index] : 0;
 }
 
 void FilmDemuxer::Watch(JobProgress* progress) {

@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/job_progress.h"
 #include "base/result.h"
@@ -34,6 +35,10 @@ class FilmDemuxer {
   ~FilmDemuxer();
 
   AVFormatContext* Context() const { return context_; }
+
+  // The pixels of a picture of stream `stream` by the film's header; 0 if it does not say. FFmpeg forgets the size of
+  // pictures that it refuses to decode.
+  std::int64_t PixelsByHeader(int stream) const;
 
   // From now on reading asks `progress` whether to stop. `progress` must live until the next call; null ends asking.
   void Watch(JobProgress* progress);
@@ -59,7 +64,8 @@ class FilmDemuxer {
   std::uint64_t position_ = 0;
   AVIOContext* bytes_ = nullptr;
   AVFormatContext* context_ = nullptr;
-  std::optional<Error> disk_error_;  // of the last failed read
+  std::vector<std::int64_t> pixels_by_header_;  // of each stream
+  std::optional<Error> disk_error_;             // of the last failed read
 
   JobProgress* progress_ = nullptr;
   std::size_t done_ = 0;

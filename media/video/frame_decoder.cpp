@@ -183,7 +183,8 @@ Result<void> FrameDecoder::Film::OpenStream() {
   stream_ = FirstVideo(*demuxer_->Context());
   if (stream_ == nullptr) return fail(ErrorKind::Damaged, "has no video");
   const AVCodecParameters& form = *stream_->codecpar;
-  if (std::int64_t{form.width} * form.height > FilmDemuxer::kMostPixels) {
+  const std::int64_t pixels = std::int64_t{form.width} * form.height;
+  if (std::max(pixels, demuxer_->PixelsByHeader(stream_->index)) > FilmDemuxer::kMostPixels) {
     return fail(ErrorKind::TooLarge, "its pictures are too large");
   }
   const AVCodec* decoder = avcodec_find_decoder(form.codec_id);
