@@ -12,7 +12,9 @@ extern "C" {
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -20,14 +22,16 @@ extern "C" {
 #include <vector>
 
 #include "base/bytes.h"
+#include "media/xsub/subtitle_rle.h"
 #include "media/xsub/xsub_packet.h"
 
 namespace captoria {
 
 struct SeenSubtitle {
   std::int64_t show = 0;                                // milliseconds
-  std::int64_t hide = 0;                                // equals `show` when no end is told
-  std::map<std::pair<int, int>, std::uint32_t> pixels;  // 0xRRGGBB of what is not fully transparent, by row and column
+  std::int64_t hide = 0;                                // equals `show` if the subtitle has no end
+  std::map<std::pair<int, int>, std::uint32_t> pixels;  // 0xRRGGBB of all visible ones, by row and column
+  PlacedPicture picture;                                // the same with colour numbers
 };
 
 class FfmpegSubtitleDecoder {
@@ -41,84 +45,69 @@ class FfmpegSubtitleDecoder {
 
   AVCodecContext* Context() { return context_; }
 
-  // Calls `see` with the subtitle of one packet, if it shows one.
-  template <typename See>
-  void Show(AVPacket* packet, const See& see) {
+  // The subtitles of one packet shown at `time`: at most one.
+  std::vector<SeenSubtitle> Decode(AVPacket* packet, std::int64_t time) {
     if (avcodec_is_open(context_) == 0) avcodec_open2(context_, nullptr, nullptr);
     AVSubtitle subtitle{};
     int got = 0;
     packet->pts = AV_NOPTS_VALUE;
-    if (avcodec_decode_subtitle2(context_, &subtitle, &got, packet) < 0 || got == 0) return;
-    see(subtitle);
+    if (avcodec_decode_subtitle2(context_, &subtitle, &got, packet) < 0 || got == 0) return {};
+    SeenSubtitle seen;
+    seen.show = time + subtitle.start_display_time;
+    seen.hide = std::max(seen.show, time + subtitle.end_display_time);
+    for (unsigned i = 0; i < subtitle.num_rects; ++i) Draw(*subtitle.rects[i], seen);
     avsubtitle_free(&subtitle);
-  }
-
-  // The subtitles of one packet shown at `time`: none, or one.
-  std::vector<SeenSubtitle> Decode(AVPacket* packet, std::int64_t time) {
-    std::vector<SeenSubtitle> all;
-    Show(packet, [&](const AVSubtitle& subtitle) {
-      SeenSubtitle seen;
-      seen.show = time + subtitle.start_display_time;
-      seen.hide = std::max(seen.show, time + subtitle.end_display_time);
-      for (unsigned i = 0; i < subtitle.num_rects; ++i) Draw(*subtitle.rects[i], seen);
-      all.push_back(std::move(seen));
-    });
-    return all;
+    return {seen};
   }
 
  private:
   static void Draw(const AVSubtitleRect& rect, SeenSubtitle& seen) {
+    SubtitlePicture picture(rect.w, rect.h);
+    std::array<std::uint32_t, 4> argb{};
+    std::memcpy(argb.data(), rect.data[1], sizeof argb);
     for (int y = 0; y < rect.h; ++y) {
+      std::copy_n(rect.data[0] + y * rect.linesize[0], rect.w, picture.Row(y).begin());
       for (int x = 0; x < rect.w; ++x) {
-        std::uint32_t argb = 0;
-        std::memcpy(&argb, rect.data[1] + 4 * rect.data[0][y * rect.linesize[0] + x], sizeof argb);
-        if (argb >> 24 != 0) seen.pixels[{rect.y + y, rect.x + x}] = argb & 0xFFFFFF;
+        const std::uint32_t color = argb[picture.Row(y)[static_cast<std::size_t>(x)] & 3];
+        if (color >> 24 != 0) seen.pixels[{rect.y + y, rect.x + x}] = color & 0xFFFFFF;
       }
     }
+    for (std::size_t i = 0; i < argb.size(); ++i) {
+      const auto part = [&](int shift) { return static_cast<std::uint8_t>(argb[i] >> shift); };
+      picture.colors[i] = {part(16), part(8), part(0)};
+    }
+    seen.picture = {std::move(picture), rect.x, rect.y};
   }
 
   AVCodecContext* context_;
 };
 
-// Calls `see` with the decoder and a copy of the XSUB packet `bytes`.
-template <typename See>
-void WithXsubPacket(const Bytes& bytes, const See& see) {
+// An XSUB packet as a player decodes it.
+inline std::vector<SeenSubtitle> SeeXsubPacket(const Bytes& bytes) {
+  av_log_set_level(AV_LOG_QUIET);
   FfmpegSubtitleDecoder decoder(AV_CODEC_ID_XSUB);
   AVPacket* packet = av_packet_alloc();
+  std::vector<SeenSubtitle> seen;
   if (av_new_packet(packet, static_cast<int>(bytes.size())) == 0) {
     std::ranges::copy(bytes, packet->data);
-    see(decoder, packet);
+    seen = decoder.Decode(packet, 0);
   }
   av_packet_free(&packet);
-}
-
-// The colours of an XSUB packet on the frame.
-inline std::vector<SeenSubtitle> SeeXsubPacket(const Bytes& bytes) {
-  std::vector<SeenSubtitle> seen;
-  WithXsubPacket(bytes, [&](auto& decoder, AVPacket* packet) { seen = decoder.Decode(packet, 0); });
   return seen;
 }
 
-// What is in an XSUB packet, with the colour numbers of its pixels.
+// The cue in an XSUB packet, decoded the same way.
 inline Result<XsubCue> DecodeXsub(const Bytes& bytes) {
-  av_log_set_level(AV_LOG_QUIET);
-  Result<XsubCue> cue = Failure(ErrorKind::Damaged, "FFmpeg shows nothing");
-  const auto take = [&](const AVSubtitle& subtitle) {
-    const AVSubtitleRect& rect = *subtitle.rects[0];
-    cue = XsubCue{.times = {subtitle.start_display_time, subtitle.end_display_time},
-                  .picture = {SubtitlePicture(rect.w, rect.h), rect.x, rect.y}};
-    SubtitlePicture& picture = cue->picture.picture;
-    for (int y = 0; y < rect.h; ++y) std::copy_n(rect.data[0] + y * rect.linesize[0], rect.w, picture.Row(y).begin());
-    for (std::size_t i = 0; i < picture.colors.size(); ++i) {
-      std::uint32_t argb = 0;
-      std::memcpy(&argb, rect.data[1] + 4 * i, sizeof argb);
-      EXPECT_EQ(argb >> 24, i == 0 ? 0 : 255) << "only the first colour lets the film through";
-      const auto part = [&](int shift) { return static_cast<std::uint8_t>(argb >> shift); };
-      picture.colors[i] = {part(16), part(8), part(0)};
-    }
-  };
-  WithXsubPacket(bytes, [&](auto& decoder, AVPacket* packet) { decoder.Show(packet, take); });
-  return cue;
+  const auto seen = SeeXsubPacket(bytes);
+  if (seen.size() != 1) return Failure(ErrorKind::Damaged, "FFmpeg shows nothing");
+  const SubtitlePicture& picture = seen[0].picture.picture;
+  EXPECT_EQ(seen[0].pixels.size(), static_cast<std::size_t>(std::ranges::count_if(picture.pixels, std::identity{})))
+      << "only the first colour lets the film through";
+  // Players ignore the length of the first field's code, but other programs may not.
+  SubtitlePicture again = picture;
+  EXPECT_EQ(DecodeField(ByteView{bytes}.subspan(kXsubHeader), Field::Even, again),
+            ByteReader(ByteView{bytes}.subspan(39)).U16());
+  return XsubCue{.times = {seen[0].show, seen[0].hide}, .picture = seen[0].picture};
 }
 
 // The subtitles of the stream with number `id` (VobSub: the language's index) in a file.

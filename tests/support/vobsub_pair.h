@@ -24,6 +24,8 @@ struct TestSpu {
   std::optional<int> stop = 88;  // in units of 1024/90 ms
   bool odd_rows_first = false;
   bool forced = false;
+  Bytes before_end{};                           // commands before the one that ends the display
+  Bytes at_start{};                             // and at its beginning
   std::optional<std::array<Bytes, 2>> codes{};  // of the even and the odd rows, in place of the picture's own
 };
 
@@ -59,6 +61,7 @@ inline Bytes SpuBytes(const TestSpu& spu) {
   PutBig16(out, 0);
   const std::size_t link = out.size();
   PutBig16(out, control);
+  out.insert(out.end(), spu.at_start.begin(), spu.at_start.end());
   entries(3, spu.palette_numbers);
   entries(4, spu.contrast);
   out.push_back(5);
@@ -72,6 +75,7 @@ inline Bytes SpuBytes(const TestSpu& spu) {
   if (spu.stop) {
     PutBig16(out, static_cast<std::size_t>(*spu.stop));
     PutBig16(out, last);
+    out.insert(out.end(), spu.before_end.begin(), spu.before_end.end());
     out.insert(out.end(), {2, 0xFF});
   }
   const auto put = [&](std::size_t at, std::size_t value) {
@@ -86,7 +90,7 @@ inline Bytes SpuBytes(const TestSpu& spu) {
 
 class VobSubPair {
  public:
-  // Every pack header is followed by `stuffing` bytes, 0 to 7.
+  // Every header of a pack or packet is followed by `stuffing` bytes, 0 to 7.
   explicit VobSubPair(std::size_t stuffing = 0) : stuffing_(stuffing) {}
 
   // Writes the units' packs in turn, as when languages show something at the same time; gives where each begins.
@@ -123,9 +127,9 @@ class VobSubPair {
 
  private:
   std::size_t AddPack(int substream, ByteView rest, bool first) {
-    const std::size_t header = first ? 5 : 0, room = 2048 - 14 - stuffing_ - 6 - 3 - header - 1;
+    const std::size_t header = first ? 5 : 0, room = 2048 - 14 - 6 - 3 - header - 2 * stuffing_ - 1;
     const std::size_t count = std::min(rest.size(), room), left = room - count;
-    const std::size_t stuffing = left > 0 && left < 6 ? left : 0;  // too little for a padding packet
+    const std::size_t stuffing = stuffing_ + (left < 6 ? left : 0);  // too little for a padding packet
     const std::size_t end = sub_.size() + 2048;
     sub_.insert(sub_.end(), {0, 0, 1, 0xBA, 0x44, 0, 4, 0, 4, 1, 1, 0x89, 0xC3});
     sub_.push_back(static_cast<std::uint8_t>(0xF8 | stuffing_));

@@ -55,12 +55,6 @@ void ExpectShown(const PlacedPicture& placed, const Size& frame, const XsubTimes
   EXPECT_LE(left + picture.width, frame.width);
   EXPECT_LE(top + picture.height, frame.height);
   EXPECT_TRUE(OnFrame(shown->picture, frame) == OnFrame(placed, frame));
-
-  Bytes even;
-  EncodeField(picture, Field::Even, even);
-  EXPECT_EQ(ByteReader(ByteView{*packet}.subspan(39)).U16(), even.size());
-  SubtitlePicture again = picture;
-  EXPECT_EQ(DecodeField(ByteView{*packet}.subspan(kXsubHeader), Field::Even, again), even.size());
 }
 
 TEST(XsubPacket, AnyPictureIsShownAsItIsWhereItIsWhenItIs) {
@@ -73,21 +67,6 @@ TEST(XsubPacket, AnyPictureIsShownAsItIsWhereItIsWhenItIs) {
     const XsubTimes times{below(300'000'000), 300'000'000 + below(59'999'999)};
     SCOPED_TRACE(testing::Message() << i << ": " << width << " x " << height << " at " << left << ", " << top);
     ExpectShown({RandomPicture(width, height, random), left, top}, frame, times);
-  }
-}
-
-// A run of every length at the beginning, in the middle and at the end of a row, in rows of both fields.
-TEST(XsubPacket, EveryRunLengthIsShown) {
-  constexpr int kWidth = 720, kLongest = 300;
-  for (int first = 1; first <= kLongest; first += 50) {
-    SubtitlePicture picture(kWidth, 3 * 50);
-    picture.colors = kColors;
-    for (int y = 0; y < picture.height; ++y) {
-      const auto run = static_cast<std::size_t>(first + y / 3), begin = std::size_t{y % 3 == 1} * 210;
-      const auto row = y % 3 == 2 ? picture.Row(y).last(run) : picture.Row(y).subspan(begin, run);
-      std::ranges::fill(row, static_cast<std::uint8_t>(1 + y % 3));
-    }
-    ExpectShown({picture, 0, 10}, kFrame, {0, 1});
   }
 }
 
