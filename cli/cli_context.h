@@ -7,15 +7,9 @@
 #include <string>
 #include <string_view>
 
-namespace captoria {
+#include "platform/exit_status.h"
 
-// What a shell sees.
-enum ExitStatus {
-  kExitDone = 0,
-  kExitFailed = 1,  // reading stopped, or something could not be made; standard error says what
-  kExitUsage = 2,
-  kExitInterrupted = 130,
-};
+namespace captoria {
 
 struct CliContext {
   std::string data_folder;  // empty: the program's own

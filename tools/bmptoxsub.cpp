@@ -8,6 +8,7 @@
 
 #include "base/ascii.h"
 #include "media/xsub/xsub_file.h"
+#include "platform/exit_status.h"
 #include "platform/files.h"
 #include "platform/input_file.h"
 #include "platform/terminal_progress.h"
@@ -16,8 +17,6 @@
 
 namespace captoria {
 namespace {
-
-enum ExitStatus { kExitDone = 0, kExitFailed = 1, kExitUsage = 2, kExitInterrupted = 130 };
 
 struct Options {
   std::string list;

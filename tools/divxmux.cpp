@@ -11,6 +11,7 @@
 #include "media/avi/divx_mux.h"
 #include "media/vobsub/vobsub_source.h"
 #include "media/xsub/xsub_file.h"
+#include "platform/exit_status.h"
 #include "platform/input_file.h"
 #include "platform/terminal_progress.h"
 #include "script/divxmux_arguments.h"
@@ -20,8 +21,6 @@
 
 namespace captoria {
 namespace {
-
-constexpr int kDone = 0, kFailed = 1, kUsage = 2, kInterrupted = 130;
 
 constexpr const char* kHelp =
     R"(DivXMux puts subtitle pictures into a film, beside its untouched picture and sound.
@@ -148,22 +147,22 @@ int Main(const std::vector<std::string>& words) {
   const auto arguments = ParseDivxMuxArguments(words, profile != nullptr ? profile : "");
   if (!arguments) {
     Complain(arguments.error().message + "; see --help");
-    return kUsage;
+    return kExitUsage;
   }
   if (arguments->help || arguments->version) {
     std::fputs(arguments->help ? kHelp : "DivXMux of Captoria " CAPTORIA_VERSION "\n", stdout);
-    return std::fflush(stdout) == 0 ? kDone : kFailed;
+    return std::fflush(stdout) == 0 ? kExitDone : kExitFailed;
   }
   Findings findings;
   const auto size = Run(*arguments, findings);
   for (const Finding& finding : findings) Complain(finding);
   if (!size) {
     Complain(size.error().message);
-    return size.error().kind == ErrorKind::Cancelled ? kInterrupted : kFailed;
+    return size.error().kind == ErrorKind::Cancelled ? kExitInterrupted : kExitFailed;
   }
   std::printf("%s: %zu stream(s), %llu bytes\n", arguments->output.c_str(), arguments->streams.size(),
               static_cast<unsigned long long>(*size));
-  return kDone;
+  return kExitDone;
 }
 
 }  // namespace

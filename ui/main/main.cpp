@@ -9,6 +9,7 @@
 #include <string>
 
 #include "app/unattended.h"
+#include "platform/exit_status.h"
 #include "platform/program_folder.h"
 #include "ui/main/main_window.h"
 #include "ui/main/window_prompts.h"
@@ -17,8 +18,6 @@
 
 namespace captoria {
 namespace {
-
-constexpr int kUsage = 2;
 
 constexpr const char* kHelp =
     R"(Captoria puts text subtitles into DivX files as pictures.
@@ -50,13 +49,13 @@ Options Parse(const std::vector<std::string>& words) {
     const std::string& word = words[i];
     if (word == "-h" || word == "--help" || word == "-V" || word == "--version") {
       std::fputs(word == "-h" || word == "--help" ? kHelp : "Captoria " CAPTORIA_VERSION "\n", stdout);
-      options.status = 0;
+      options.status = kExitDone;
       return options;
     }
     if (word == "--data") {
       if (++i == words.size()) {
         std::fputs("Captoria: --data needs a folder; see --help\n", stderr);
-        options.status = kUsage;
+        options.status = kExitUsage;
         return options;
       }
       options.data = words[i];
@@ -88,12 +87,12 @@ int Run(QApplication& application, const Options& options) {
   prompts.SetParent(&window);
   window.show();
 
-  int status = 0;
+  int status = kExitDone;
   QTimer::singleShot(0, &window, [&] {
     if (line.unattended) {
       const Outcome outcome = window.Commands().RunUnattended(Absolute(PathToQt(line.path)));
       if (!outcome.film) Complain(outcome.film.error().message);
-      status = outcome.film ? 0 : 1;
+      status = outcome.film ? kExitDone : kExitFailed;
       window.close();
       return;
     }
