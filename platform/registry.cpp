@@ -18,10 +18,7 @@ constexpr std::size_t kLargestFile = std::size_t{64} << 10;
 
 constexpr std::string_view kNewlyInstalled = "[.avi]\n@=\"AVIFile\"\n\n[AVIFile]\n";
 
-bool IsName(std::string_view name) {
-  const auto is_control = [](char c) { return static_cast<unsigned char>(c) < ' '; };
-  return name.size() <= kLongestName && std::ranges::none_of(name, is_control);
-}
+bool IsName(std::string_view name) { return name.size() <= kLongestName && std::ranges::none_of(name, IsControl); }
 
 std::string Quoted(std::string_view text) {
   std::string quoted = "\"";

@@ -12,6 +12,7 @@
 #include <system_error>
 #include <vector>
 
+#include "base/ascii.h"
 #include "base/path_text.h"
 #include "base/utf8.h"
 #include "platform/files.h"
@@ -65,8 +66,7 @@ std::string ServiceMenuText(const FileAction& action) {
 }
 
 Result<void> CheckProgram(const std::string& path) {
-  const auto is_control = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; };
-  if (!path.starts_with('/') || TakeUtf8Census(path).invalid > 0 || std::ranges::any_of(path, is_control)) {
+  if (!path.starts_with('/') || TakeUtf8Census(path).invalid > 0 || std::ranges::any_of(path, IsControl)) {
     return Failure(ErrorKind::Unsupported, path + ": file managers cannot be told of a program with such a path");
   }
   if (!FileExists(path)) return Failure(ErrorKind::NotFound, path + ": there is no such program");
