@@ -11,6 +11,7 @@
 
 #include "base/result.h"
 #include "platform/folder_lock.h"
+#include "script/tool_log.h"
 
 namespace captoria {
 
@@ -34,7 +35,7 @@ class TempFolder {
   static std::string FirstOf(const std::string& program_folder);
 
   // Where the script's output goes; locked by what runs it.
-  static constexpr const char* kLogName = "divxmux.log";
+  static constexpr const char* kLogName = kToolLogName;
 
   // Settles the name of the film that the conversion makes, before it is there to be seen: `choose` gives it, and can
   // ask which names the other conversions of the same program folder have. Unwritable when it cannot be noted down for

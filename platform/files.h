@@ -42,6 +42,9 @@ Result<void> CopyWholeFile(const std::string& from, const std::string& to);
 // Creates the folder and those above it; no error when it is there.
 Result<void> CreateFolder(const std::string& path);
 
+// No error if there is no such file. A folder is not removed.
+Result<void> RemoveFile(const std::string& path);
+
 // Moves within one file system, without replacing a file of the new name.
 Result<void> RenameWithoutReplacing(const std::string& from, const std::string& to);
 

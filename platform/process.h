@@ -5,8 +5,6 @@
 // become a command.
 #pragma once
 
-#include <sys/types.h>
-
 #include <array>
 #include <optional>
 #include <string>
@@ -60,7 +58,7 @@ class Process {
     int to = -1;
   };
 
-  Process(pid_t id, int ended, int log, std::array<Stream, 2> streams)
+  Process(int id, int ended, int log, std::array<Stream, 2> streams)
       : id_(id), ended_(ended), log_(log), streams_(streams) {}
 
   bool HasEnded() const;
@@ -68,7 +66,7 @@ class Process {
   bool PassOn(Stream& stream);
   int Finish();
 
-  pid_t id_;   // 0: over, or no longer ours
+  int id_;     // 0: over, or no longer ours
   int ended_;  // becomes readable when it ends; -1 where the system has no such thing
   int log_;
   std::array<Stream, 2> streams_;

@@ -3,9 +3,6 @@
 
 #include "script/progress_file.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -31,23 +28,14 @@ std::optional<std::size_t> TakeNumber(std::string_view& text) {
 
 }  // namespace
 
-// Not blocking keeps a pipe that nobody reads from holding the tool up.
-ProgressFile::ProgressFile(const std::string& path)
-    : descriptor_(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0666)) {}
-
-ProgressFile::~ProgressFile() {
-  if (descriptor_ >= 0) ::close(descriptor_);
-}
-
 void ProgressFile::Write(std::size_t done, std::size_t total) {
   constexpr std::chrono::milliseconds kPause{100};
   const auto now = clock_.Elapsed();
-  if (descriptor_ < 0 || now < next_) return;
+  if (!file_.IsOpen() || now < next_) return;
   next_ = now + kPause;
-  // Every line is as long as the one it is written over, so there is never a rest of the old one to cut off.
   std::array<char, kLineLength + 1> line;
   std::snprintf(line.data(), line.size(), "%20zu %20zu\n", done, total);
-  [[maybe_unused]] const ssize_t written = ::pwrite(descriptor_, line.data(), kLineLength, 0);
+  file_.Write({line.data(), kLineLength});
 }
 
 std::optional<std::pair<std::size_t, std::size_t>> ReadProgress(const std::string& path) {

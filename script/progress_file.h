@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "platform/clock.h"
+#include "platform/rewritten_file.h"
 
 namespace captoria {
 
@@ -23,16 +24,13 @@ inline constexpr const char* kProgressVariable = "DIVXMUX_PROGRESS";
 class ProgressFile {
  public:
   // Begins the file anew; with an empty path there is none. What the path leads to by a symbolic link is left alone.
-  explicit ProgressFile(const std::string& path);
-  ProgressFile(const ProgressFile&) = delete;
-  ProgressFile& operator=(const ProgressFile&) = delete;
-  ~ProgressFile();
+  explicit ProgressFile(const std::string& path) : file_(path) {}
 
   // May be called as often as one likes: the first call writes, and then one in a tenth of a second.
   void Write(std::size_t done, std::size_t total);
 
  private:
-  int descriptor_;
+  RewrittenFile file_;
   SteadyClock clock_;
   std::chrono::nanoseconds next_{0};
 };

@@ -3,27 +3,19 @@
 
 #include "script/script_runner.h"
 
-#include <fcntl.h>
-#include <signal.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <chrono>
-#include <cstring>
 #include <filesystem>
 #include <optional>
-#include <sstream>
 #include <system_error>
 #include <thread>
 #include <utility>
 
 #include "platform/files.h"
-#include "platform/input_file.h"
+#include "platform/locked_file.h"
 #include "platform/process.h"
 #include "script/progress_file.h"
+#include "script/tool_log.h"
 
 namespace captoria {
 namespace {
@@ -57,52 +49,6 @@ class ToldProgress final : public JobProgress {
   JobProgress& progress_;
 };
 
-// The log that captoria-run begins before the first tool and keeps locked until it ends.
-class LockedLog {
- public:
-  LockedLog(std::string path, std::string captoria_run)
-      : path_(std::move(path)), captoria_run_(std::move(captoria_run)) {}
-  LockedLog(const LockedLog&) = delete;
-  LockedLog& operator=(const LockedLog&) = delete;
-  ~LockedLog() {
-    if (descriptor_ >= 0) ::close(descriptor_);
-  }
-
-  // Whether it has been begun. From then on it is that file that is looked at, whoever deletes or replaces it.
-  bool HasBegun() {
-    if (descriptor_ < 0) descriptor_ = ::open(path_.c_str(), O_RDONLY | O_CLOEXEC);
-    return descriptor_ >= 0;
-  }
-
-  bool IsLocked() const {
-    if (::flock(descriptor_, LOCK_SH | LOCK_NB) != 0) return errno == EWOULDBLOCK;
-    ::flock(descriptor_, LOCK_UN);
-    return false;
-  }
-
-  // Asks captoria-run to end, where the system tells which process has the lock. Lines of the system's table read
-  // "1: FLOCK ADVISORY WRITE 4711 08:01:5505043 0 EOF" with process, device and file. The device is not the one that
-  // other calls tell on every file system, so the process has to be a captoria-run of ours instead.
-  void AskHolderToEnd() const {
-    struct stat status {};
-    if (::fstat(descriptor_, &status) != 0) return;
-    const std::string file = ":" + std::to_string(status.st_ino);
-    std::istringstream locks(ReadWholeFile("/proc/locks").value_or(""));
-    for (std::string line; std::getline(locks, line);) {
-      std::string number, kind, binding, access, place;
-      pid_t holder = 0;
-      std::istringstream(line) >> number >> kind >> binding >> access >> holder >> place;
-      if (kind != "FLOCK" || !place.ends_with(file) || holder <= 0) continue;
-      if (IsSameFile("/proc/" + std::to_string(holder) + "/exe", captoria_run_)) ::kill(holder, SIGTERM);
-    }
-  }
-
- private:
-  std::string path_;
-  std::string captoria_run_;
-  int descriptor_ = -1;
-};
-
 class HiddenScript final : public RunningScript {
  public:
   HiddenScript(Process process, std::string progress_file)
@@ -125,7 +71,8 @@ class ScriptInWindow final : public RunningScript {
   ScriptInWindow(Process terminal, std::string progress_file, std::string log, std::string captoria_run)
       : terminal_(std::move(terminal)),
         progress_file_(std::move(progress_file)),
-        log_(std::move(log), std::move(captoria_run)) {}
+        captoria_run_(std::move(captoria_run)),
+        log_(std::move(log)) {}
 
   Result<int> Wait(JobProgress& progress) override {
     ToldProgress told(progress_file_, progress);
@@ -157,14 +104,15 @@ class ScriptInWindow final : public RunningScript {
       if (SteadyTime::now() > ends_by) {
         return Failure(ErrorKind::Cancelled, "no longer waited for; the script goes on in its window");
       }
-      if (log_.HasBegun()) log_.AskHolderToEnd();
+      if (log_.HasBegun()) log_.AskHolderToEnd(captoria_run_);
     }
     return Failure(ErrorKind::Cancelled, "stopped");
   }
 
   Process terminal_;
   std::string progress_file_;
-  LockedLog log_;
+  std::string captoria_run_;
+  LockWatch log_;
 };
 
 // Nothing where no window can be opened.
@@ -173,11 +121,6 @@ std::optional<std::string> FindTerminal(const Environment& environment) {
   if (!is_set("DISPLAY") && !is_set("WAYLAND_DISPLAY")) return std::nullopt;
   auto terminal = FindOnPath("x-terminal-emulator", environment);
   return terminal ? terminal : FindOnPath("xterm", environment);
-}
-
-Result<void> RemoveFile(const std::string& path) {
-  if (::unlink(path.c_str()) == 0 || errno == ENOENT) return {};
-  return Failure(ErrorKind::Unwritable, path + ": cannot be removed: " + std::strerror(errno));
 }
 
 }  // namespace
@@ -192,7 +135,7 @@ Result<std::unique_ptr<RunningScript>> CaptoriaRun::Start(const ScriptStart& sta
   }
   const std::string script = WholePath(start.script);
   const std::string progress_file = start.progress_file.empty() ? "" : WholePath(start.progress_file);
-  if (!progress_file.empty()) ::unlink(progress_file.c_str());  // at worst there is old progress until there is new
+  if (!progress_file.empty()) (void)RemoveFile(progress_file);  // at worst there is old progress until there is new
   ProcessStart process_start{.program = captoria_run,
                              .arguments = {script},
                              .folder{},
@@ -207,7 +150,7 @@ Result<std::unique_ptr<RunningScript>> CaptoriaRun::Start(const ScriptStart& sta
     return std::make_unique<HiddenScript>(std::move(*process), progress_file);
   }
   // An old log would be taken for that of a script that is already over.
-  const std::string log = (fs::path(script).parent_path() / "divxmux.log").string();
+  const std::string log = (fs::path(script).parent_path() / kToolLogName).string();
   if (auto removed = RemoveFile(log); !removed) return tl::unexpected(removed.error());
   process_start.program = *terminal;
   process_start.arguments = {"-e", captoria_run, script};

@@ -20,6 +20,9 @@
 
 namespace captoria {
 
+// Beside the script that runs the tools; captoria-run writes it and keeps it locked until it ends.
+inline constexpr const char* kToolLogName = "divxmux.log";
+
 // The line for `finding`, without a line end. `tool` is a name of lower-case letters and "-".
 std::string ToolLine(std::string_view tool, const Finding& finding);
 

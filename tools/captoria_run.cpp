@@ -3,18 +3,10 @@
 
 // captoria-run: runs a mux script where there is no command interpreter of that kind. It reads the few lines such a
 // script has and starts the tools itself, never through a shell.
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <csignal>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -22,22 +14,22 @@
 
 #include "base/ascii.h"
 #include "base/path_text.h"
+#include "platform/exit_status.h"
 #include "platform/files.h"
 #include "platform/input_file.h"
 #include "platform/interrupt.h"
+#include "platform/locked_file.h"
 #include "platform/process.h"
 #include "platform/program_folder.h"
+#include "platform/terminal.h"
 #include "script/mux_script.h"
+#include "script/tool_log.h"
 
 namespace captoria {
 namespace {
 
 namespace fs = std::filesystem;
 using Kind = MuxScriptStep::Kind;
-
-constexpr int kFailed = 1;
-constexpr int kUsage = 2;
-constexpr int kInterrupted = 130;
 
 class UntilInterrupted final : public JobProgress {
  public:
@@ -72,17 +64,10 @@ bool IsWindowsProgram(const std::string& path) {
 
 // Waits for a line where a person can type one. False: interrupted.
 bool Pause() {
-  if (::isatty(STDIN_FILENO) == 0) return true;
+  if (!InputIsTerminal()) return true;
   std::fputs("Press Enter to go on . . . ", stdout);
   std::fflush(stdout);
-  while (!Interrupt::Requested()) {
-    pollfd input{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0};
-    if (::poll(&input, 1, 100) <= 0) continue;
-    std::array<char, 256> line;
-    const ssize_t got = ::read(STDIN_FILENO, line.data(), line.size());
-    if (got >= 0 || errno != EINTR) return true;
-  }
-  return false;
+  return AwaitLine();
 }
 
 class ScriptRun {
@@ -104,36 +89,33 @@ class ScriptRun {
     int status = 0;
     for (const MuxScriptStep& step : *steps) {
       // A pause is kept after a failure too: it is what leaves time to read why.
-      if (step.kind == Kind::Pause && !Pause()) return kInterrupted;
+      if (step.kind == Kind::Pause && !Pause()) return kExitInterrupted;
       if (status == 0 && step.kind == Kind::ChangeFolder) status = ChangeFolder(step);
       if (status == 0 && step.kind == Kind::RunTool) status = RunTool(step);
-      if (Interrupt::Requested()) return kInterrupted;
+      if (Interrupt::Requested()) return kExitInterrupted;
     }
     return status;
   }
 
  private:
-  // Whoever has started us through a terminal sees by the lock on the log that we are at work. So the log is locked
-  // before it gets its name, and until the system closes it at our end. No tool inherits it.
+  // A program that has started us through a terminal sees by the lock that we are at work.
   void BeginLog() {
-    const std::string log = JoinPath(script_folder_, "divxmux.log");
-    const std::string beside = log + ".new-" + std::to_string(::getpid());
-    const int locked = ::open(beside.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666);
-    if (locked >= 0) ::flock(locked, LOCK_EX | LOCK_NB);  // without locks there is still a log
-    if (locked < 0 || ::rename(beside.c_str(), log.c_str()) != 0) {
-      Complain(log + ": cannot be written: " + std::strerror(errno));
-      ::unlink(beside.c_str());
+    const std::string path = JoinPath(script_folder_, kToolLogName);
+    auto begun = LockedFile::Begin(path);
+    if (!begun) {
+      Complain(begun.error().message);
       return;
     }
-    log_ = log;
+    lock_.emplace(std::move(*begun));
+    log_ = path;
   }
 
   // On standard error and in the log, where whoever looks after a failure finds it behind the tools' own words.
   int Complain(const std::string& message) const {
-    const std::string line = "captoria-run: " + message + "\n";
+    const std::string line = ToolLine("captoria-run", message) + "\n";
     std::fputs(line.c_str(), stderr);
     if (!log_.empty()) std::ofstream(log_, std::ios::app | std::ios::binary) << line;
-    return kFailed;
+    return kExitFailed;
   }
 
   int Complain(const MuxScriptStep& step, const std::string& message) const {
@@ -177,7 +159,7 @@ class ScriptRun {
     UntilInterrupted progress;
     const auto status = process->Wait(progress);
     if (!status)
-      return status.error().kind == ErrorKind::Cancelled ? kInterrupted : Complain(step, status.error().message);
+      return status.error().kind == ErrorKind::Cancelled ? kExitInterrupted : Complain(step, status.error().message);
     if (*status != 0) Complain(step, name + " ended with status " + std::to_string(*status));
     return *status;
   }
@@ -186,6 +168,7 @@ class ScriptRun {
   std::string script_;
   std::string script_folder_;
   std::string log_;  // empty while there is none
+  std::optional<LockedFile> lock_;
 };
 
 }  // namespace
@@ -205,9 +188,9 @@ int main(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : kUsage;
+    return app.exit(error) == 0 ? kExitDone : kExitUsage;
   }
   const Interrupt interrupt;
-  std::signal(SIGPIPE, SIG_IGN);  // a reader of our output that goes away stops nothing
+  OutliveReaders();
   return ScriptRun(script).Run();
 }

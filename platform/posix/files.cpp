@@ -177,6 +177,11 @@ Result<void> CreateFolder(const std::string& path) {
   return {};
 }
 
+Result<void> RemoveFile(const std::string& path) {
+  if (::unlink(path.c_str()) == 0 || errno == ENOENT) return {};
+  return Failure(ErrorKind::Unwritable, path + ": cannot be removed: " + Reason(errno));
+}
+
 Result<void> RenameWithoutReplacing(const std::string& from, const std::string& to) {
   // A hard link fails where the new name is taken, which a rename would not; file systems without links fall back.
   if (::link(from.c_str(), to.c_str()) == 0) {

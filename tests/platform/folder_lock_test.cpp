@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "platform/locked_file.h"
 #include "tests/support/other_process.h"
 #include "tests/support/test_folder.h"
 
@@ -45,6 +46,18 @@ TEST(FolderLock, OfAProcessThatIsKilledIsFree) {
   ::kill(child, SIGKILL);
   EXPECT_EQ(::waitpid(child, nullptr, 0), child);
   EXPECT_TRUE(IsFree(folder));
+}
+
+TEST(FolderLock, LookingTakesNoLock) {
+  const TestFolder folder;
+  EXPECT_FALSE(IsLocked(folder.Path()));
+  EXPECT_TRUE(IsFree(folder));
+  LockWatch watch(folder.Path());
+  ASSERT_TRUE(watch.HasBegun());
+  EXPECT_FALSE(watch.IsLocked());
+  EXPECT_TRUE(IsFree(folder));
+  const auto lock = FolderLock::TryLock(folder.Path()).value();
+  EXPECT_TRUE(IsLocked(folder.Path()) && watch.IsLocked());
 }
 
 TEST(FolderLock, NeedsAFolder) {
