@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The clock that progress and time left are measured by. It never goes back, whatever is done to the wall clock.
+// The clock that measures progress and the time left. It never goes back, even if the wall clock is set back.
 #pragma once
 
 #include <chrono>
@@ -12,7 +12,7 @@ class Clock {
  public:
   virtual ~Clock() = default;
 
-  // Since a moment that stays the same as long as the clock lives.
+  // The time since a fixed moment, such as the clock's creation.
   virtual std::chrono::nanoseconds Elapsed() const = 0;
 };
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What file managers offer to do with files of some kinds, on desktops that keep such offers as desktop entries in the
-// user's data folder (freedesktop.org, Desktop Entry 1.5).
+// Entries in the menus of file managers: what the user can do with files of certain types. Desktops read them as
+// desktop entries from the user's data folder (freedesktop.org, Desktop Entry 1.5).
 #pragma once
 
 #include <string>
@@ -14,31 +14,31 @@
 namespace captoria {
 
 struct FileAction {
-  std::string id;          // its name among all programs' entries; a file is named by it
+  std::string id;          // unique among all programs; also the name of its file
   std::string name;        // what the menu shows, one line
   std::string icon;        // a name of the icon theme
   std::string mime_types;  // each followed by ";"
   std::string executable;  // the whole path of the program
-  std::string option;      // what it gets before the path of the file, one word of letters and "/" or "-"
+  std::string option;      // the argument before the file's path; letters, "/" and "-" only
 };
 
 class FileActions {
  public:
-  // Of the user's data folder that `environment` names: $XDG_DATA_HOME, or ~/.local/share.
+  // The user's data folder is $XDG_DATA_HOME of `environment`, or ~/.local/share.
   explicit FileActions(Environment environment) : environment_(std::move(environment)) {}
 
-  // Whether it is offered and would start just this program: an entry for another copy of it is none of ours.
+  // Whether the action is in the menu and starts this very program, not another copy of it.
   bool IsOffered(const FileAction& action) const;
 
-  // Puts the action into "Open with", and, where Dolphin is the file manager, into the menu itself. An entry of the
-  // same id is replaced. What a double click on such files starts stays the same. NotFound when the program is not
-  // there, Unsupported when an entry cannot hold its path, which has to be UTF-8 without control characters.
+  // Adds the action to "Open with" and, in Dolphin, to the menu itself. Replaces an entry of the same id. A double
+  // click on such files still starts the same program as before. NotFound if the program is missing, Unsupported if its
+  // path is relative, not UTF-8 or contains control characters.
   Result<void> Offer(const FileAction& action) const;
 
-  // No error when it is not offered.
+  // No error if it is not in the menu.
   Result<void> Withdraw(const FileAction& action) const;
 
-  // The file that makes an action known.
+  // The desktop entry of an action.
   std::string EntryFile(const FileAction& action) const;
 
  private:

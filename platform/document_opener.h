@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Opening a document with the program that belongs to it: a film with the player, an address with the browser.
+// Opens a document with the user's program for it: a film with the player, a web address with the browser.
 #pragma once
 
 #include <string>
@@ -14,15 +14,15 @@ class DocumentOpener {
  public:
   virtual ~DocumentOpener() = default;
 
-  // A path, relative to our working folder, or an address such as "https://...". Does not wait for the program, nor
-  // does it hear whether that could do anything with the document.
+  // Takes a path, absolute or relative to the working folder, or an address such as "https://...". Does not wait for
+  // the program, so it cannot report whether the document was opened in the end.
   virtual Result<void> Open(const std::string& path_or_address) = 0;
 };
 
-// By what the desktop has been told of the kind of document, through xdg-open.
+// Uses xdg-open, which asks the desktop for the right program.
 class DesktopOpener final : public DocumentOpener {
  public:
-  // Unsupported when xdg-open is not on PATH.
+  // Unsupported if xdg-open is not on PATH.
   Result<void> Open(const std::string& path_or_address) override;
 };
 

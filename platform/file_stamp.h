@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A file as it was when looked at, to find out later whether another has taken its place.
+// The state of a file at one moment. Two stamps differ if the file was changed or replaced in between.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@ namespace captoria {
 
 class FileStamp {
  public:
-  // Of a file that is not there as well, or of a folder: the stamp then says so.
+  // The file may be missing; a folder counts as missing.
   static FileStamp Of(const std::string& path);
 
   bool Exists() const { return inode_.has_value(); }

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A folder that one run of the program has to itself, such as the one a conversion puts its files into. The lock is
-// advisory: it keeps out whoever asks for it, nobody else. It is on the folder itself, so no lock file is left
-// anywhere, and the system frees it when the process ends, however that happens.
+// A lock on a folder that one run of the program uses alone, such as the temporary folder of a conversion. The lock is
+// advisory: it only stops others who ask for it. It is on the folder itself, so no lock file is left over, and the
+// system frees it when the process ends, however that happens.
 #pragma once
 
 #include <optional>
@@ -15,8 +15,8 @@ namespace captoria {
 
 class FolderLock {
  public:
-  // Does not wait: nothing when another process, or another FolderLock of ours, has the folder. NotFound or Unreadable
-  // when it cannot be opened. Where the file system has no locks the folder counts as ours.
+  // Does not wait: no value if another process, or another FolderLock in this one, holds the lock. NotFound or
+  // Unreadable if the folder cannot be opened. On a file system without locks it always succeeds.
   static Result<std::optional<FolderLock>> TryLock(const std::string& folder);
 
   FolderLock(FolderLock&& other) noexcept;
@@ -29,7 +29,7 @@ class FolderLock {
   int descriptor_;  // -1: moved from
 };
 
-// Whether somebody holds a lock on the file `path`.
+// Whether a process holds a lock on the file or folder `path`.
 bool IsLocked(const std::string& path);
 
 }  // namespace captoria

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A file of any size read at places, without holding it in memory.
+// A file of any size that is read piece by piece at any offset.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ namespace captoria {
 
 class InputFile {
  public:
-  // NotFound, or Unreadable for a folder, a pipe or what may not be read.
+  // NotFound, or Unreadable for a folder, a pipe or a file without read permission.
   static Result<InputFile> Open(const std::string& path);
   InputFile(InputFile&& other) noexcept;
   InputFile& operator=(InputFile&& other) noexcept;
@@ -22,13 +22,13 @@ class InputFile {
 
   const std::string& Path() const { return path_; }
 
-  // At the time of opening.
+  // In bytes, when the file was opened.
   std::uint64_t Size() const { return size_; }
 
   // Reads up to `buffer.size()` bytes from `offset`; fewer only at the end of the file. Several threads may read.
   Result<std::size_t> ReadAt(std::uint64_t offset, std::span<std::uint8_t> buffer) const;
 
-  // The same for exactly `buffer.size()` bytes; Damaged when the file ends before.
+  // Reads exactly `buffer.size()` bytes; Damaged if the file ends before that.
   Result<void> ReadExactly(std::uint64_t offset, std::span<std::uint8_t> buffer) const;
 
  private:
@@ -40,7 +40,7 @@ class InputFile {
   std::uint64_t size_ = 0;
 };
 
-// Whether both paths lead to one file, by whatever names.
+// Whether both paths lead to the same file, for example through links.
 bool IsSameFile(const std::string& a, const std::string& b);
 
 }  // namespace captoria

@@ -1,13 +1,14 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Ctrl-C, a request to end and a terminal that goes away, as something to ask for instead of the end of the process.
+// Turns Ctrl-C, a request to terminate and a closed terminal into a flag that the program checks, so that it can end in
+// its own way.
 #pragma once
 
 namespace captoria {
 
-// While one lives, these signals only set a flag. Where several live, inside each other, they share it; the outermost
-// begins with it cleared. What whoever started us had ignored stays ignored, as `nohup` wants it.
+// While an object lives, these signals only set the flag. Nested objects share the flag; the outermost clears it first.
+// A signal that was already ignored when the program started, as with `nohup`, stays ignored.
 class Interrupt {
  public:
   Interrupt();

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A file being made. Nobody sees it under its final name before it is whole, and where the file system can, a process
-// that is killed leaves nothing behind at all.
+// A file that is being written. It gets its name only once it is complete. If the process is killed before that,
+// nothing is left over, provided the file system supports files without a name.
 #pragma once
 
 #include <cstdint>
@@ -14,17 +14,17 @@
 
 namespace captoria {
 
-// Whether a file has to survive the power going. What can be made again has not.
+// Whether a file has to survive a power cut. A file that can be made again need not.
 enum class Sync { No, Yes };
 
 class OutputFile {
  public:
-  // Unwritable when the folder is not there or may not be written.
+  // Unwritable if the folder is missing or cannot be written to.
   static Result<OutputFile> Create(const std::string& path);
   OutputFile(OutputFile&& other) noexcept;
   OutputFile& operator=(OutputFile&&) = delete;
 
-  // A file that was not committed is gone.
+  // Deletes the file unless it was committed.
   ~OutputFile();
 
   // Bytes appended so far.
@@ -33,13 +33,13 @@ class OutputFile {
   Result<void> Append(std::span<const std::uint8_t> bytes);
   Result<void> Append(std::string_view bytes);
 
-  // Writes over what has been appended before.
+  // Overwrites bytes that were appended before.
   Result<void> WriteAt(std::uint64_t offset, std::span<const std::uint8_t> bytes);
 
-  // The permissions of the file `path`, if there is one; else the file gets those that new files get.
+  // Takes over the permissions of the file `path`. If it is missing, the new file keeps the usual ones.
   Result<void> TakePermissionsOf(const std::string& path);
 
-  // Gives the file its name, in place of a file that has it.
+  // Gives the file its name and replaces an existing file of that name.
   Result<void> Commit(Sync sync = Sync::No);
 
  private:
@@ -51,10 +51,10 @@ class OutputFile {
   bool GiveName();
 
   std::string path_;
-  std::string beside_;  // the name until the commit; empty while there is none
+  std::string beside_;  // its name until the commit; empty if it has none
   int descriptor_ = -1;
   std::uint64_t size_ = 0;
-  std::string buffer_;  // appended and not yet written, the last bytes of `size_`
+  std::string buffer_;  // bytes that are appended but not yet written, the last of `size_`
 };
 
 }  // namespace captoria

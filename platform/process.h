@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Another program, started directly with an argument vector. No shell ever reads its arguments, so nothing in them can
-// become a command.
+// Starts another program directly with a list of arguments. No shell reads them, so no argument can become a command.
 #pragma once
 
 #include <array>
@@ -18,41 +17,41 @@
 namespace captoria {
 
 struct ProcessStart {
-  std::string program;                   // a path, relative to our own working folder; PATH is not searched
+  std::string program;                   // a path, absolute or relative to our working folder; PATH is not searched
   std::vector<std::string> arguments;    // without the program itself
   std::string folder;                    // its working folder; empty: ours
-  std::vector<std::string> environment;  // "NAME=value", each in place of a variable of that name or beside ours
-  std::string log_file;       // what it writes to its standard output and error is appended here; empty: none
-  bool shows_output = true;   // and to ours
-  bool ends_with_us = false;  // where the system can, it is killed when our process ends
+  std::vector<std::string> environment;  // "NAME=value"; added to our own variables or replacing them
+  std::string log_file;                  // gets its standard output and error appended; empty: no log
+  bool shows_output = true;              // its output also goes to ours
+  bool ends_with_us = false;             // if the system can do so, it is killed when our process ends
 };
 
-// Its standard input is empty. It gets none of our open files and leads a process group of its own, so that it can be
-// ended with whatever it has started, and the terminal's Ctrl-C reaches us alone.
+// The program's standard input is empty. It inherits none of our open files. It leads a process group of its own, so it
+// can be ended together with everything it started, and Ctrl-C on the terminal reaches only us.
 class Process {
  public:
-  // NotFound, Unreadable (no permission to run it or to enter its folder), Unsupported (no program of this system),
-  // TooLarge (more arguments than the system passes on), or Unwritable for the log file.
+  // Errors: NotFound, Unreadable (no permission to run it or to enter its folder), Unsupported (not a program for this
+  // system), TooLarge (more arguments than the system allows), Unwritable (the log file).
   static Result<Process> Start(const ProcessStart& start);
   Process(Process&& other) noexcept;
   Process& operator=(Process&&) = delete;
 
-  // Terminates it unless it has been waited for or left running.
+  // Terminates it unless Wait or LeaveRunning was called.
   ~Process();
 
-  // Its exit status, or 128 and the number of the signal that ended it. `progress` is asked about twenty times a second
-  // ("0 of 1 steps"); when it says stop, the process is terminated and the answer is Cancelled. With both a log file
-  // and shown output it is this call that passes the output on.
+  // Waits for its end and returns the exit status, or 128 plus the number of the signal that ended it. Calls `progress`
+  // about twenty times a second with "0 of 1 steps"; if that says stop, terminates the process and returns Cancelled.
+  // If the output goes both to a log file and to ours, this call is what copies it.
   Result<int> Wait(JobProgress& progress);
 
-  // Ends it and what it has started: at once for those that heed the request, after two seconds for the others.
+  // Asks it and everything it started to end, and kills after two seconds whatever still runs.
   void Terminate();
 
-  // Gives it up: it goes on alone. Not for a process whose output has to be passed on.
+  // Lets it run on without us. Not allowed if Wait has to copy its output.
   void LeaveRunning() &&;
 
  private:
-  // What it writes to one of our two outputs, on its way there and into the log.
+  // One of its two outputs, to be copied to ours and into the log.
   struct Stream {
     int from = -1;
     int to = -1;
@@ -66,13 +65,13 @@ class Process {
   bool PassOn(Stream& stream);
   int Finish();
 
-  int id_;     // 0: over, or no longer ours
-  int ended_;  // becomes readable when it ends; -1 where the system has no such thing
+  int id_;     // 0: ended or no longer ours
+  int ended_;  // becomes readable when it ends; -1 if the system has no such handle
   int log_;
   std::array<Stream, 2> streams_;
 };
 
-// The first file `name` in the folders of PATH that may be run.
+// The first executable file `name` in the folders of PATH; relative folders are skipped.
 std::optional<std::string> FindOnPath(std::string_view name, const Environment& environment);
 
 }  // namespace captoria

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Everything the program can ask or tell a person in the middle of its work. Windows, the terminal and the tests each
-// have a body of their own; what runs unattended gets one that never waits.
+// Everything the program can ask or tell a person during its work. The window, the terminal and the tests each
+// implement it; unattended runs use an implementation that never waits.
 #pragma once
 
 #include <cstdint>
@@ -23,18 +23,18 @@ class Prompts {
  public:
   virtual ~Prompts() = default;
 
-  // A message with an OK button alone.
+  // A message with only an OK button.
   virtual void ShowMessage(const std::string& title, const std::string& text) = 0;
 
   virtual bool AskYesNo(const std::string& title, const std::string& question) = 0;
 
-  // No value: the user cancelled. This holds for every question below.
+  // Here and below, no value means that the user cancelled.
   virtual std::optional<std::string> AskText(const std::string& title, const std::string& question,
                                              const std::string& proposal) = 0;
   virtual std::optional<std::string> AskFileToOpen(const std::string& title, const std::vector<FileFilter>& filters,
                                                    const std::string& start) = 0;
 
-  // Any number of files; none: the user cancelled.
+  // Any number of files; empty if the user cancelled.
   virtual std::vector<std::string> AskFilesToOpen(const std::string& title, const std::vector<FileFilter>& filters,
                                                   const std::string& start) = 0;
 

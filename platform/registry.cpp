@@ -80,7 +80,7 @@ bool FileRegistry::IgnoringCase::operator()(std::string_view a, std::string_view
   return std::ranges::lexicographical_compare(a, b, {}, lower, lower);
 }
 
-// The keys above come with it, so that whatever a file holds, each key's parents are there.
+// Adds the parents too, so that every key has them, whatever the file contains.
 FileRegistry::Values& FileRegistry::Add(Keys& keys, std::string_view key) {
   for (auto at = key.find('\\'); at != key.npos; at = key.find('\\', at + 1))
     keys.try_emplace(std::string{key.substr(0, at)});

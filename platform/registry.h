@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The keys that tell a system what can be done with files of a kind: the root HKEY_CLASSES_ROOT of a registry. A key
-// is named by the whole way to it, parts separated by "\", such as "AVIFile\shell". Names of keys and values are
-// compared without regard to ASCII case. A value has a name, the empty one for the key's default value, and a text.
+// The registry keys that say what can be done with files of a type, below HKEY_CLASSES_ROOT. A key is named by its full
+// path, with parts separated by "\", such as "AVIFile\shell". Names of keys and values ignore ASCII case. A value has a
+// name, which is empty for the key's default value, and a text.
 #pragma once
 
 #include <functional>
@@ -19,40 +19,40 @@ class RegistryClass {
  public:
   virtual ~RegistryClass() = default;
 
-  // No key where the registry cannot be read.
+  // False if the registry cannot be read.
   virtual bool KeyExists(const std::string& key) const = 0;
 
-  // Empty when there is no such key or value.
+  // Empty if there is no such key or value.
   virtual std::string ReadValue(const std::string& key, const std::string& name) const = 0;
 
-  // These three refuse an empty key name with "Invalid KeyName value".
+  // These three fail with "Invalid KeyName value" for an empty key name.
 
-  // And the keys above it. No error when it is there.
+  // Creates the key and its parents. No error if it exists.
   virtual Result<void> CreateKey(const std::string& key) = 0;
 
-  // NotFound when there is no such key.
+  // NotFound if there is no such key.
   virtual Result<void> SetValue(const std::string& key, const std::string& name, const std::string& text) = 0;
 
-  // With its values. NotFound when there is no such key, Unsupported when there are keys below it.
+  // Deletes the key with its values. NotFound if there is no such key, Unsupported if it has subkeys.
   virtual Result<void> DeleteKey(const std::string& key) = 0;
 };
 
-// A registry of the user's own, for systems that have none: a text file, read anew for each question and each change,
-// and written whole.
+// A registry of the user's own, for systems without one. It is a text file, which every call reads anew and every
+// change writes whole.
 //
 //   [AVIFile\shell\Create .divx with subs\command]
 //   @="\"/opt/captoria/Captoria\" /auto %1"
 //
-// "@" is the default value, a named one stands in quotation marks, and within those a backslash makes \\, \", \n and
-// \r. Lines that are not of this form are passed over, and gone with the next change. As long as the file is not there
-// the keys are those of a newly installed system: ".avi", whose default value names the class "AVIFile", and that
-// class, for a verb needs a class to belong to.
+// "@" is the default value; other names stand in quotation marks. Inside quotation marks \\, \", \n and \r are escapes.
+// Lines of any other form are ignored and lost with the next change. While the file does not exist, the keys are those
+// of a newly installed system: ".avi", whose default value names the class "AVIFile", and that class, to which verbs
+// can be added.
 class FileRegistry final : public RegistryClass {
  public:
   explicit FileRegistry(std::string path) : path_(std::move(path)) {}
 
-  // Beyond what RegistryClass says, changes fail as reading and writing files does, and with TooLarge or Unsupported
-  // for names over 1024 bytes or with control characters, and for more than 64 KiB in all. The file is then untouched.
+  // Changes also fail if the file cannot be read or written, with Unsupported for a name that is longer than 1024 bytes
+  // or contains control characters, and with TooLarge above 64 KiB in all. On failure the file is untouched.
   bool KeyExists(const std::string& key) const override;
   std::string ReadValue(const std::string& key, const std::string& name) const override;
   Result<void> CreateKey(const std::string& key) override;

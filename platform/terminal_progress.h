@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Progress of a long command: a line on the terminal that counts, how long it may still take, and Ctrl-C to stop it.
+// The progress of a long command as a line on the terminal, with the time left. Ctrl-C stops the command.
 #pragma once
 
 #include <chrono>
@@ -13,7 +13,7 @@
 
 namespace captoria {
 
-// Shows "LABEL 120 of 1500, 2 s left" on standard error when that is a terminal, nothing otherwise. While an object
+// Shows "LABEL 120 of 1500, 2 s left" on standard error if that is a terminal, otherwise nothing. While an object
 // lives, an interrupt stops the job instead of the process.
 class TerminalProgress final : public JobProgress {
  public:
@@ -36,7 +36,7 @@ class TerminalProgress final : public JobProgress {
   SteadyClock clock_;
   std::chrono::nanoseconds last_{0};
 
-  // The first report, from which on it is known how fast things go.
+  // The first report; the time left is estimated from the steps done since then.
   std::chrono::nanoseconds first_{0};
   std::size_t done_at_first_ = 0;
 };

@@ -14,7 +14,7 @@
 namespace captoria {
 namespace {
 
-// The two notations of a colour: a person writes red first, the program keeps red lowest.
+// A person writes red first; the program keeps red in the lowest byte.
 std::uint32_t SwapRedAndBlue(std::uint32_t color) {
   return (color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF);
 }

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Prompts on a terminal. Messages go to the error stream, so that standard output stays the program's result; questions
-// are answered by a line of input. Where nobody can answer (the input is no terminal) every question counts as refused,
-// so a run under cron or in a pipe never waits.
+// Prompts on a terminal. Messages go to the error stream, since standard output holds the program's results. A line of
+// input answers a question. If nobody can answer, because the input is not a terminal, every question counts as
+// cancelled, so a run under cron or in a pipe never waits.
 #pragma once
 
 #include <iosfwd>
@@ -14,7 +14,7 @@ namespace captoria {
 
 class TerminalPrompts final : public Prompts {
  public:
-  // `answerable` says whether a person sits at `in`. Both streams outlive the object.
+  // `answerable` says whether a person types into `in`. Both streams outlive the object.
   TerminalPrompts(std::istream& in, std::ostream& messages, bool answerable)
       : in_(in), messages_(messages), answerable_(answerable) {}
 
@@ -25,7 +25,7 @@ class TerminalPrompts final : public Prompts {
   std::optional<std::string> AskFileToOpen(const std::string& title, const std::vector<FileFilter>& filters,
                                            const std::string& start) override;
 
-  // A file a line; an empty line ends them.
+  // One file a line; an empty line ends the list.
   std::vector<std::string> AskFilesToOpen(const std::string& title, const std::vector<FileFilter>& filters,
                                           const std::string& start) override;
 
@@ -36,11 +36,11 @@ class TerminalPrompts final : public Prompts {
   // A colour is typed as six hexadecimal digits, red first.
   std::optional<std::uint32_t> AskColor(const std::string& title, std::uint32_t current) override;
 
-  // A font is typed as its name; the other attributes stay.
+  // A font is typed as its name; its other attributes stay.
   std::optional<Font> AskFont(const std::string& title, const Font& current) override;
 
  private:
-  // The line typed behind `question`, or `proposal` for an empty one; nothing at the end of input.
+  // The line typed after `question`, or `proposal` if the line is empty. No value at the end of input.
   std::optional<std::string> Line(const std::string& question, const std::string& proposal);
 
   std::istream& in_;

@@ -23,8 +23,8 @@ namespace {
 
 constexpr std::uint64_t kLongestEntry = std::uint64_t{64} << 10;
 
-// A quoted argument as it stands in the file, where each backslash of the quoting is written twice. So is "%", which
-// would begin a field code.
+// A quoted argument as the file has it: each backslash of the quoting is doubled, and so is "%", which would begin a
+// field code.
 std::string Quoted(std::string_view argument) {
   std::string quoted = "\"";
   for (const char c : argument) {
@@ -38,8 +38,8 @@ std::string Quoted(std::string_view argument) {
 
 std::string ExecLine(const FileAction& action) {
   std::string program = Quoted(action.executable);
-  // The name of a program must hold no "=", and GLib looks for the program while "%" is still doubled. As an argument
-  // of a shell it may hold both, and the shell reads nothing but these three words of ours.
+  // A program's name must not contain "=", and GLib looks for the program before it undoes the doubled "%". As an
+  // argument of a shell the name may contain both; the only text the shell interprets is ours.
   if (action.executable.find_first_of("=%") != std::string::npos) {
     program = "sh -c " + Quoted(R"(exec "$0" "$@")") + " " + program;
   }
@@ -52,7 +52,7 @@ std::string Escaped(std::string_view text) {
   return escaped;
 }
 
-// Not for the menu of programs, where nothing says which file: NoDisplay is made for entries that only open files.
+// NoDisplay keeps the entry out of the menu of programs, where it would have no file to work on.
 std::string EntryText(const FileAction& action) {
   return "[Desktop Entry]\nType=Application\nName=" + action.name + "\nIcon=" + action.icon +
          "\nTryExec=" + Escaped(action.executable) + "\n" + ExecLine(action) + "MimeType=" + action.mime_types +
@@ -67,7 +67,7 @@ std::string ServiceMenuText(const FileAction& action) {
 
 Result<void> CheckProgram(const std::string& path) {
   if (!path.starts_with('/') || TakeUtf8Census(path).invalid > 0 || std::ranges::any_of(path, IsControl)) {
-    return Failure(ErrorKind::Unsupported, path + ": file managers cannot be told of a program with such a path");
+    return Failure(ErrorKind::Unsupported, path + ": file managers cannot use a program with such a path");
   }
   if (!FileExists(path)) return Failure(ErrorKind::NotFound, path + ": there is no such program");
   return {};
@@ -81,14 +81,14 @@ Result<void> WriteEntry(const std::string& path, const std::string& text) {
 Result<bool> RemoveEntry(const std::string& path) {
   std::error_code error;
   const bool removed = std::filesystem::remove(path, error);
-  // Something on the way that is no folder means that there is no such file.
+  // If a part of the path is not a folder, there is no such file.
   if (error && error != std::errc::not_a_directory) {
     return Failure(ErrorKind::Unwritable, path + ": cannot be removed: " + error.message());
   }
   return removed;
 }
 
-// The desktop's own tools answer at once, or something is wrong that must not hold up a window.
+// The desktop's own tools answer at once. If one does not, give up: the window must not hang.
 class Patience final : public JobProgress {
  public:
   bool Report(std::size_t, std::size_t) override { return std::chrono::steady_clock::now() < end_; }
@@ -97,7 +97,7 @@ class Patience final : public JobProgress {
   const std::chrono::steady_clock::time_point end_ = std::chrono::steady_clock::now() + std::chrono::seconds(3);
 };
 
-// What the tool says; nothing when it is not there or fails, for no desktop has all of them.
+// The output of the tool; empty if it is missing or fails, since no desktop has all of them.
 std::string AskTool(const Environment& environment, std::string_view tool, std::vector<std::string> arguments) {
   const auto program = FindOnPath(tool, environment);
   if (!program) return {};
@@ -117,8 +117,8 @@ std::string AskTool(const Environment& environment, std::string_view tool, std::
   return said;
 }
 
-// What opens the types now. A desktop where nobody has chosen takes the user's own entries first, and then a double
-// click on a film would convert it.
+// The programs that open the types now. If the user never chose one, the desktop prefers the user's own entries, and a
+// double click on a film would convert it.
 class Openers {
  public:
   Openers(const Environment& environment, std::string_view mime_types) : environment_(environment) {
@@ -148,7 +148,7 @@ class Openers {
 
 }  // namespace
 
-// What an installed program keeps stands one folder below it.
+// An installed program keeps its data one folder below.
 std::string FileActions::DataFolder() const {
   return std::string{GetPathOnly(FindProgramFolders({}, {}, environment_).data)};
 }
@@ -176,10 +176,11 @@ Result<void> FileActions::Offer(const FileAction& action) const {
   auto written = WriteEntry(EntryFile(action), EntryText(action));
   if (written) written = WriteEntry(ServiceMenuFile(action), ServiceMenuText(action));
   if (!written) {
-    static_cast<void>(Withdraw(action));  // half of it is no offer
+    static_cast<void>(Withdraw(action));  // leave no half of it
     return written;
   }
-  // Dolphin trusts a service menu of the user's only when it may be run. A file system without such bits has it so.
+  // Dolphin trusts a service menu of the user only if it is executable. On file systems without permissions it always
+  // is.
   std::error_code ignored;
   std::filesystem::permissions(ServiceMenuFile(action), std::filesystem::perms::owner_exec,
                                std::filesystem::perm_options::add, ignored);

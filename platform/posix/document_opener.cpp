@@ -13,7 +13,8 @@
 namespace captoria {
 namespace {
 
-// A whole path is neither taken for an option, which "-a.divx" would be, nor for an address, as "part 1: a.divx" might.
+// An absolute path is taken neither for an option, as "-a.divx" would be, nor for an address, as "part 1: a.divx"
+// might.
 std::string WithoutMisunderstanding(const std::string& path_or_address) {
   const bool is_path = FileExists(path_or_address) || FolderExists(path_or_address);
   if (!is_path && !path_or_address.starts_with('-')) return path_or_address;

@@ -25,7 +25,8 @@ namespace fs = std::filesystem;
 
 std::string Reason(int code) { return std::strerror(code); }
 
-// A descriptor that is closed with its scope. Close() reports what only closing finds out, such as a full network disk.
+// Closes the descriptor at the end of its scope. Close() reports errors that appear only then, such as a full network
+// disk.
 class Descriptor {
  public:
   explicit Descriptor(int fd) : fd_(fd) {}
@@ -44,7 +45,7 @@ class Descriptor {
   int fd_;
 };
 
-// Where a write to `path` has to go so that a symbolic link is kept.
+// The file to replace so that a symbolic link at `path` stays.
 std::string LinkTarget(const std::string& path) {
   std::error_code none;
   if (!fs::is_symlink(path, none)) return path;
@@ -53,7 +54,7 @@ std::string LinkTarget(const std::string& path) {
 }
 
 bool Matches(std::string_view name, std::string_view pattern) {
-  // Only the last "*" ever has to be tried again, so a hostile pattern costs at most name x pattern steps.
+  // Only the last "*" has to be tried again, so even a hostile pattern takes at most name x pattern steps.
   std::size_t n = 0, p = 0, star = pattern.npos, retry = 0;
   while (n < name.size()) {
     if (p < pattern.size() && pattern[p] == '*') {
@@ -95,7 +96,7 @@ std::vector<std::string> ListFiles(const std::string& folder, std::string_view p
   std::error_code error;
   for (fs::directory_iterator entry(folder, fs::directory_options::skip_permission_denied, error), end;
        !error && entry != end; entry.increment(error)) {
-    std::error_code gone;  // a file deleted meanwhile is simply not listed
+    std::error_code gone;  // the file was deleted meanwhile; skip it
     if (entry->is_directory(gone) || gone) continue;
     std::string name = entry->path().filename().string();
     if (Matches(name, pattern)) names.push_back(std::move(name));
@@ -105,8 +106,8 @@ std::vector<std::string> ListFiles(const std::string& folder, std::string_view p
 }
 
 Result<std::string> ReadWholeFile(const std::string& path, std::uint64_t limit) {
-  // Not blocking keeps a pipe that nobody writes to from holding the program up; ordinary files do not notice. But a
-  // pipe whose writer is not there yet would read as an empty file then.
+  // O_NONBLOCK keeps the program from waiting for the writer of a pipe; for ordinary files it changes nothing. Without
+  // a writer a pipe would then read as an empty file, so pipes are refused below.
   Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (!file.Valid()) {
     const auto kind = errno == ENOENT || errno == ENOTDIR ? ErrorKind::NotFound : ErrorKind::Unreadable;
@@ -117,7 +118,7 @@ Result<std::string> ReadWholeFile(const std::string& path, std::uint64_t limit) 
   if (S_ISDIR(status.st_mode)) return Failure(ErrorKind::Unreadable, path + ": is a folder, not a file");
   if (S_ISFIFO(status.st_mode)) return Failure(ErrorKind::Unreadable, path + ": is a pipe, not a file");
 
-  // The size is a proposal only: the file may grow or shrink while it is read, and some files report 0.
+  // The size is only a hint: the file may grow or shrink while it is read, and some files report 0.
   const auto announced = static_cast<std::uint64_t>(std::max<off_t>(status.st_size, 0));
   const auto too_large = [&] {
     return Failure(ErrorKind::TooLarge, path + ": is larger than " + std::to_string(limit) + " bytes");
@@ -183,7 +184,7 @@ Result<void> RemoveFile(const std::string& path) {
 }
 
 Result<void> RenameWithoutReplacing(const std::string& from, const std::string& to) {
-  // A hard link fails where the new name is taken, which a rename would not; file systems without links fall back.
+  // Unlike a rename, a hard link fails if the new name is taken. Rename on file systems without hard links.
   if (::link(from.c_str(), to.c_str()) == 0) {
     if (::unlink(from.c_str()) == 0) return {};
   } else if (errno != EEXIST && !fs::exists(to) && ::rename(from.c_str(), to.c_str()) == 0) {

@@ -24,8 +24,8 @@ Result<std::optional<FolderLock>> FolderLock::TryLock(const std::string& folder)
   do failed = ::flock(descriptor, LOCK_EX | LOCK_NB);
   while (failed != 0 && errno == EINTR);
   if (failed != 0 && errno == EWOULDBLOCK) return std::nullopt;
-  // Any other answer (ENOTSUP, ENOLCK, EINVAL, and EBADF from network file systems that want the file open for writing,
-  // which a folder never is) says that there are no locks here. Keeping everybody out for that would help nobody.
+  // Any other error means that this file system has no locks: ENOTSUP, ENOLCK, EINVAL, or EBADF from network file
+  // systems that want the file open for writing, which is impossible for a folder. Failing would not help anybody then.
   return std::optional<FolderLock>(std::move(lock));
 }
 
@@ -39,7 +39,7 @@ bool IsLocked(const std::string& path) {
 
 FolderLock::FolderLock(FolderLock&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
 
-// What we had before is freed here and not with `other`, which may live on.
+// Frees the old lock now, not at the end of `other`, which may live longer.
 FolderLock& FolderLock::operator=(FolderLock&& other) noexcept {
   FolderLock taken(std::move(other));
   std::swap(descriptor_, taken.descriptor_);

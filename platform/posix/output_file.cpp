@@ -16,7 +16,7 @@
 namespace captoria {
 namespace {
 
-// Small pieces are gathered to writes of this size; larger ones go out as they are.
+// Smaller pieces are collected into writes of this size; larger ones are written as they come.
 constexpr std::size_t kBuffer = std::size_t{256} << 10;
 
 bool WriteAll(int descriptor, std::uint64_t offset, std::span<const std::uint8_t> bytes) {
@@ -35,15 +35,15 @@ std::string FolderOf(const std::string& path) {
   return folder.empty() ? "." : folder;
 }
 
-// Named after the process too, so that two programs writing the same file never write into each other's; and not after
-// all of a name that is as long as names can be.
+// The name contains the process id, so that two programs can write the same file at once, and only the first part of
+// the file's own name, so that it never gets too long.
 std::string BesideOf(const std::string& path) {
   constexpr std::size_t kMostOfName = 200;
   const std::size_t name = path.rfind('/') + 1;
   return path.substr(0, name + kMostOfName) + ".new-" + std::to_string(::getpid());
 }
 
-// A new name is only safe once its folder is on disk. A file system that cannot sync folders is no failure.
+// A rename survives a power cut only once the folder is synced. Not every file system can do that; ignore errors.
 void SyncFolder(const std::string& folder) {
   const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descriptor < 0) return;
@@ -54,7 +54,7 @@ void SyncFolder(const std::string& folder) {
 }  // namespace
 
 Result<OutputFile> OutputFile::Create(const std::string& path) {
-  // A file without a name vanishes with the process. Not every file system has them.
+  // A file without a name vanishes with the process. Not every file system supports such files.
   int descriptor = ::open(FolderOf(path).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0666);
   if (descriptor >= 0) return OutputFile(path, {}, descriptor);
   const std::string beside = BesideOf(path);
@@ -116,14 +116,14 @@ Result<void> OutputFile::TakePermissionsOf(const std::string& path) {
   return {};
 }
 
-// A name can be given to a nameless file, but not one that is taken; so the last step is a rename either way.
+// Linking cannot replace an existing file, so a file without a name first gets another name and is renamed later.
 bool OutputFile::GiveName() {
   const std::string beside = BesideOf(path_);
   const std::string handle = "/proc/self/fd/" + std::to_string(descriptor_);
   const auto link = [&] {
     return ::linkat(AT_FDCWD, handle.c_str(), AT_FDCWD, beside.c_str(), AT_SYMLINK_FOLLOW) == 0;
   };
-  // A process of our number may have been killed at this very place.
+  // An earlier process with the same id may have been killed right here and left its file.
   const bool named = link() || (errno == EEXIST && ::unlink(beside.c_str()) == 0 && link());
   if (named) beside_ = beside;
   return named;

@@ -37,8 +37,8 @@ void CloseIfOpen(int& descriptor) {
 
 std::string_view NameOf(std::string_view variable) { return variable.substr(0, variable.find('=')); }
 
-// Everything the child needs, made before the fork: between fork and exec nothing may allocate, for another thread of
-// ours may have held the allocator's lock.
+// Everything the child needs, prepared before the fork. Nothing may be allocated between fork and exec, because another
+// thread may have held the allocator's lock at the fork.
 class Image {
  public:
   explicit Image(const ProcessStart& start) : folder_(start.folder) {
@@ -59,14 +59,14 @@ class Image {
     environment_pointers_.push_back(nullptr);
   }
 
-  // What `Enter` failed at.
+  // The step that failed.
   enum class Step : int { Prepare, Folder, Execute };
   struct Fault {
     Step step;
     int code;
   };
 
-  // Becomes the program. Comes back only when that fails.
+  // Becomes the program. Returns only on failure.
   Fault Enter() const {
     if (!folder_.empty() && ::chdir(folder_.c_str()) != 0) return {Step::Folder, errno};
     ::execve(program_.c_str(), argument_pointers_.data(), environment_pointers_.data());
@@ -79,7 +79,7 @@ class Image {
   std::vector<char*> argument_pointers_, environment_pointers_;
 };
 
-// The descriptors a start opens. Those it does not hand on are closed with it.
+// The descriptors that a start opens. Closes those that were not handed on.
 struct Descriptors {
   Descriptors() = default;
   Descriptors(const Descriptors&) = delete;
@@ -103,7 +103,7 @@ struct Descriptors {
     return {};
   }
 
-  // In the child: its three standard streams.
+  // In the child: connects its three standard streams.
   bool Connect(bool shows_output) const {
     const int elsewhere = log >= 0 ? log : nothing;
     const int to_out = out[1] >= 0 ? out[1] : shows_output ? STDOUT_FILENO : elsewhere;
@@ -116,17 +116,17 @@ struct Descriptors {
   int nothing = -1;
   int out[2] = {-1, -1};
   int err[2] = {-1, -1};
-  int fault[2] = {-1, -1};  // tells why the program did not start; closed by the exec that succeeds
+  int fault[2] = {-1, -1};  // carries the reason if the start fails; a successful exec closes it
 };
 
-// In the child, where only calls that are safe in a signal handler may be made.
+// Runs in the child, where only async-signal-safe calls are allowed.
 Image::Fault BecomeProgram(const Image& image, const ProcessStart& start, const Descriptors& descriptors, pid_t us) {
   constexpr Image::Step kPrepare = Image::Step::Prepare;
   if (::setpgid(0, 0) != 0 || !descriptors.Connect(start.shows_output)) return {kPrepare, errno};
 #ifdef PR_SET_PDEATHSIG
   if (start.ends_with_us) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (::getppid() != us) ::_exit(1);  // we were gone before it asked
+    if (::getppid() != us) ::_exit(1);  // our process ended before prctl
   }
 #endif
   sigset_t none;
@@ -149,7 +149,7 @@ Error Describe(const ProcessStart& start, Image::Fault fault) {
     return {ErrorKind::NotFound, start.program + ": cannot be started: its interpreter or loader is missing"};
   }
   if (fault.code == ENOEXEC) {
-    return {ErrorKind::Unsupported, start.program + ": cannot be started: it is no program of this system"};
+    return {ErrorKind::Unsupported, start.program + ": cannot be started: it is not a program for this system"};
   }
   if (fault.code == E2BIG) return {ErrorKind::TooLarge, start.program + ": cannot be started: " + reason};
   return {missing ? ErrorKind::NotFound : ErrorKind::Unreadable, start.program + ": cannot be started: " + reason};
@@ -167,7 +167,7 @@ void WriteAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
     if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return;  // a closed terminal or a full disk must not stop the program that is being shown
+    if (written < 0) return;  // a closed terminal or a full disk must not stop the program
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
 }
@@ -182,7 +182,7 @@ bool HoldsZeroByte(const ProcessStart& start) {
 
 Result<Process> Process::Start(const ProcessStart& start) {
   if (HoldsZeroByte(start)) {
-    return Failure(ErrorKind::Unsupported, start.program + ": cannot be started: an argument holds a zero byte");
+    return Failure(ErrorKind::Unsupported, start.program + ": cannot be started: an argument contains a zero byte");
   }
   Descriptors descriptors;
   if (auto opened = descriptors.Open(start); !opened) return tl::unexpected(opened.error());
@@ -227,7 +227,7 @@ Process::~Process() {
 }
 
 Result<int> Process::Wait(JobProgress& progress) {
-  if (id_ == 0) return Failure(ErrorKind::NotFound, "the process has been waited for before");
+  if (id_ == 0) return Failure(ErrorKind::NotFound, "the process was already waited for");
   SteadyTime::time_point ask{};
   while (!HasEnded()) {
     if (const auto now = SteadyTime::now(); now >= ask) {
@@ -245,21 +245,21 @@ Result<int> Process::Wait(JobProgress& progress) {
 void Process::Terminate() {
   if (id_ == 0) return;
   ::kill(-id_, SIGTERM);
-  ::kill(-id_, SIGCONT);  // one that is stopped would not hear it
+  ::kill(-id_, SIGCONT);  // a stopped process would not receive it
   for (const auto last = SteadyTime::now() + kGrace; !HasEnded() && SteadyTime::now() < last;) AwaitOutput(20);
-  // Until it is waited for its id, and with it the group's, belongs to nobody else.
+  // Its id, and so the id of its group, cannot be reused before we wait for it.
   ::kill(-id_, SIGKILL);
   Finish();
 }
 
 void Process::LeaveRunning() && {
-  // Somebody has to take its exit status, or it stays in the process table until we end.
+  // Somebody has to read its exit status, or it stays in the process table until we end.
   const pid_t id = std::exchange(id_, 0);
   if (id == 0) return;
   try {
     std::thread([id] { ::waitpid(id, nullptr, 0); }).detach();
   } catch (const std::system_error&) {
-    return;  // without a thread to spare it stays there, which costs a table entry
+    return;  // no thread to be had: it stays in the table, which does little harm
   }
 }
 
@@ -268,7 +268,7 @@ bool Process::HasEnded() const {
   return ::waitid(P_PID, static_cast<id_t>(id_), &info, WEXITED | WNOHANG | WNOWAIT) != 0 || info.si_pid != 0;
 }
 
-// Comes back early when there is output, which is passed on, or the process has ended.
+// Returns early if the process ends or writes output, which is copied.
 void Process::AwaitOutput(int milliseconds) {
   std::array<pollfd, 3> events{{{.fd = ended_, .events = POLLIN, .revents = 0},
                                 {.fd = streams_[0].from, .events = POLLIN, .revents = 0},
@@ -279,7 +279,7 @@ void Process::AwaitOutput(int milliseconds) {
   }
 }
 
-// False when there is nothing more to read now.
+// False if there is nothing more to read now.
 bool Process::PassOn(Stream& stream) {
   if (stream.from < 0) return false;
   std::array<char, 16384> buffer;
@@ -299,8 +299,8 @@ int Process::Finish() {
   while (::waitpid(id_, &status, 0) < 0 && errno == EINTR) {
   }
   id_ = 0;
-  // What it had written is still in the pipes. Something it left behind may hold them open for ever and write on, so
-  // this neither waits nor takes more than pipes of the usual size hold.
+  // The pipes may still contain its last output. A program that it left running may keep them open and write on for
+  // ever, so do not wait here and read no more than a full pipe of the usual size.
   for (Stream& stream : streams_) {
     for (int left = 64; left > 0 && PassOn(stream); --left) {
     }
@@ -314,7 +314,7 @@ std::optional<std::string> FindOnPath(std::string_view name, const Environment& 
   for (std::string_view rest = folders; !rest.empty();) {
     const std::string_view folder = rest.substr(0, rest.find(':'));
     rest.remove_prefix(std::min(folder.size() + 1, rest.size()));
-    if (!folder.starts_with('/')) continue;  // what lies in the current folder is not to be run by accident
+    if (!folder.starts_with('/')) continue;  // never run a file of the working folder by accident
     std::string path = JoinPath(folder, name);
     if (FileExists(path) && ::access(path.c_str(), X_OK) == 0) return path;
   }

@@ -20,12 +20,12 @@ std::optional<std::string> AbsoluteFolder(const std::optional<std::string>& valu
   return value;
 }
 
-// Seen from lib/captoria, which holds the programs when they are installed.
+// Relative to lib/captoria, the folder of installed programs.
 std::string InstalledFolder(const std::string& executable_folder, const std::string& name) {
   return std::filesystem::path(JoinPath(executable_folder, "../../share/captoria/" + name)).lexically_normal().string();
 }
 
-// A copy that somebody has unpacked may have a share/captoria near it too: the user's own, which holds no such folder.
+// An unpacked copy may be near a share/captoria too: the user's own data folder, which has no languages.
 bool IsInstalled(const std::string& executable_folder) {
   return FolderExists(InstalledFolder(executable_folder, "languages"));
 }
@@ -42,7 +42,7 @@ ProgramFolders FindProgramFolders(const std::string& chosen, const std::string& 
                                   const Environment& environment) {
   ProgramFolders folders{.executable = executable_folder, .data = {}};
   if (!chosen.empty()) {
-    // Scripts that change their folder name files in it.
+    // Scripts name files in it and run in another folder.
     folders.data = AbsolutePath(chosen);
     if (folders.data.size() > 1 && folders.data.ends_with('/')) folders.data.pop_back();
     return folders;

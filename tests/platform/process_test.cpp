@@ -134,7 +134,7 @@ TEST_F(ProcessTest, SaysWhyItCannotBeStarted) {
         Case{zero_byte, ErrorKind::Unsupported, "zero byte"},
         Case{long_argument, ErrorKind::TooLarge, "/bin/sh: cannot be started: Argument list too long"},
         Case{make("plain", "#!/bin/sh\n", 0600), ErrorKind::Unreadable, "plain: cannot be started: Permission denied"},
-        Case{make("text", "echo hurt\n", 0700), ErrorKind::Unsupported, "text: cannot be started: it is no program"},
+        Case{make("text", "echo hurt\n", 0700), ErrorKind::Unsupported, "text: cannot be started: it is not a program"},
         Case{make("loose", "#!/none/sh\n", 0700), ErrorKind::NotFound, "loose: cannot be started: its interpreter"}}) {
     const auto status = Run(start);
     ASSERT_FALSE(status) << message;
