@@ -22,7 +22,7 @@ tl::unexpected<Error> Wrong(std::string message) { return Failure(ErrorKind::Uns
 
 std::string Quoted(std::string_view text) { return "\"" + std::string{text} + "\""; }
 
-// A name that means one word to every command interpreter, and no path.
+// Whether every command interpreter takes `name` as one word. It has no folder.
 bool IsPlainWord(std::string_view name) {
   return std::ranges::all_of(
       name, [](char c) { return IsDigit(c) || (LowerAscii(c) >= 'a' && LowerAscii(c) <= 'z') || c == '.'; });
@@ -61,7 +61,7 @@ class Parser {
     if (!has_video_) return Wrong("no video is given (-v)");
     if (parsed_.output.empty()) return Wrong("no file to write is given (-o)");
     if (!profile_.empty() && profile_ != "readers" && profile_ != "hardware") {
-      return Wrong("there is no profile " + Quoted(profile_) + ", only readers and hardware");
+      return Wrong(Quoted(profile_) + " is not a profile; use readers or hardware");
     }
     parsed_.hardware_profile = profile_ == "hardware";
     return parsed_;
@@ -84,7 +84,7 @@ class Parser {
     } else if (option == "-v" || option == "-a" || option == "-s") {
       return TakeStream(option);
     } else {
-      return Wrong(Quoted(option) + " is not understood");
+      return Wrong(Quoted(option) + " is not an option");
     }
     return {};
   }
@@ -104,11 +104,11 @@ class Parser {
       const char* const end = text.data() + text.size();
       const auto [rest, failed] = std::from_chars(text.data() + 1, end, stream.number);
       if (failed != std::errc{} || rest != end || stream.number < 1) {
-        return Wrong(Quoted(text) + " is no number of a stream; they count from #1");
+        return Wrong(Quoted(text) + " is not the number of a stream; the first is #1");
       }
       if (stream.kind == Kind::NewSubtitle) stream.kind = Kind::Subtitle;
     } else if (stream.kind == Kind::Audio) {
-      return Wrong("-a needs the number of a stream, as #1");
+      return Wrong("-a needs the number of a stream, such as #1");
     }
     if (auto taken = TakeTitle(option, stream.title); !taken) return taken;
     if (auto taken = TakeText(option + " (" + stream.title + ")", stream.path); !taken) return taken;
@@ -117,7 +117,7 @@ class Parser {
     return {};
   }
 
-  // A title may hold parentheses of its own: it ends where a path and then an option or the end follow.
+  // A title may contain parentheses: it ends at the first ")" that is followed by a path and then an option or the end.
   Result<void> TakeTitle(const std::string& option, std::string& title) {
     std::optional<std::size_t> end;
     if (at_ < arguments_.size() && arguments_[at_].starts_with('(')) {

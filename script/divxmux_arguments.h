@@ -5,8 +5,8 @@
 //
 //   -v (TITLE) VIDEO [-a #N (TITLE) VIDEO] [-s #N (TITLE) VIDEO] [-s (TITLE) SOURCE]... -o OUT
 //
-// A title stands in parentheses. It is one argument, or several where whoever started the program took the command
-// apart at its blanks.
+// A title stands in parentheses. It is one argument, or several if the program that started the tool split the command
+// at blanks.
 #pragma once
 
 #include <span>
@@ -20,33 +20,33 @@ namespace captoria {
 struct DivxMuxStream {
   enum class Kind { Video, Audio, Subtitle, NewSubtitle };
   Kind kind = Kind::Video;
-  int number = 1;     // among the streams of its kind in the video, from 1; of no meaning for new subtitles
+  int number = 1;     // counts the streams of its kind in the video from 1; unused for new subtitles
   std::string title;  // without the parentheses; may be empty
-  std::string path;   // of the video, or where the new subtitles are
+  std::string path;   // of the video, or of the file with the new subtitles
 
   bool operator==(const DivxMuxStream&) const = default;
 };
 
 struct DivxMuxArguments {
-  bool help = false;     // nothing else counts then
+  bool help = false;     // if set, nothing else counts
   bool version = false;  // the same
   bool hardware_profile = false;
-  std::vector<DivxMuxStream> streams;  // in the order of the command; just one is the video
+  std::vector<DivxMuxStream> streams;  // in the order of the command; exactly one is the video
   std::string output;
 
   const DivxMuxStream& Video() const;
   bool operator==(const DivxMuxArguments&) const = default;
 };
 
-// `arguments` come without the program's name. `environment_profile` counts where no --profile is given. An error says
+// `arguments` do not include the program's name. `environment_profile` is used if there is no --profile. The error says
 // what is wrong or missing.
 Result<DivxMuxArguments> ParseDivxMuxArguments(std::span<const std::string> arguments,
                                                const std::string& environment_profile = {});
 
-// The command as it stands in a script, "divxmux.exe -v (Video) "D:\m\movie.avi" ...": what ParseDivxMuxArguments
-// reads as `arguments` once the script's reader has taken it apart, except that runs of blanks in a title come out as
-// one. Paths stand in quotation marks unless they name new subtitles in the script's own folder. Neither paths nor
-// titles may hold a quotation mark or a line end.
+// The command for a script: divxmux.exe -v (Video) "D:\m\movie.avi" ... Split into words by the script's reader,
+// ParseDivxMuxArguments gives `arguments` again, except that several blanks in a row in a title become one. Paths are
+// quoted, except names of new subtitles in the script's own folder. Neither paths nor titles may contain a quotation
+// mark or a line end.
 std::string ComposeDivxMuxCommand(const DivxMuxArguments& arguments);
 
 }  // namespace captoria

@@ -15,9 +15,9 @@ namespace {
 
 constexpr std::size_t kMostCues = 200'000;
 constexpr std::size_t kLongestName = 255;
-constexpr int kLargestNumber = 16384;  // of a place or a size, far beyond any frame
+constexpr int kLargestNumber = 16384;  // for positions and sizes; far beyond any frame
 
-// Takes a line apart from its beginning; each step says whether it was there.
+// Reads a line from its beginning. Each step returns whether it found what it looked for.
 class LineScanner {
  public:
   explicit LineScanner(std::string_view line) : left_(line) {}
@@ -57,14 +57,14 @@ class LineScanner {
   std::string_view left_;
 };
 
-// Whether `name` can only mean a file in the list's own folder.
+// Whether `name` is a plain file name and so stays in the list's own folder.
 bool IsPlainName(std::string_view name) {
   const auto forbidden = [](char c) { return c == '/' || c == '\\' || c == ':' || IsControl(c); };
   return !name.empty() && name.size() <= kLongestName && name != "." && name.find("..") == name.npos &&
          std::ranges::none_of(name, forbidden);
 }
 
-// Each function reads its lines and says whether they were right; the first that is not leaves the error.
+// Each function reads its lines and returns whether they were right. The first wrong line sets the error.
 class ListParser {
  public:
   ListParser(std::string_view text, const std::string& path) : left_(text) { list_.path = path; }
@@ -144,7 +144,7 @@ class ListParser {
       list_.findings.push_back({.kind = FindingKind::SubtitleChanged,
                                 .file = list_.path,
                                 .line = number_,
-                                .message = "entry 0 is not seen, whatever its contrast"});
+                                .message = "entry 0 is never shown, whatever its contrast"});
     }
     return true;
   }
@@ -169,7 +169,7 @@ class ListParser {
     return true;
   }
 
-  // Empty lines may only stand at the end.
+  // Empty lines are allowed only at the end.
   bool Cues(bool (ListParser::*read)(LineScanner&, ListedCue&)) {
     bool ended = false;
     while (Next()) {
@@ -177,7 +177,7 @@ class ListParser {
         ended = true;
         continue;
       }
-      if (ended) return Fail("a cue stands behind an empty line");
+      if (ended) return Fail("a cue follows an empty line");
       if (list_.cues.size() == kMostCues) return Fail("there are more than " + std::to_string(kMostCues) + " cues");
       ListedCue cue;
       LineScanner line(line_);
@@ -221,7 +221,7 @@ class ListParser {
   }
 
   bool Check(const ListedCue& cue) {
-    if (!IsPlainName(cue.file)) return Fail("the bitmap is not named by a plain name without a folder");
+    if (!IsPlainName(cue.file)) return Fail("the name of the bitmap is not a plain file name");
     if (cue.width < 1 || cue.height < 1) return Fail("the rectangle is empty");
     if (cue.x + cue.width > list_.frame.width) {
       return Fail("the rectangle reaches beyond the " + std::to_string(list_.frame.width) + " columns of the frame");

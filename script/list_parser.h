@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The text of the two forms of list files, taken apart as it stands: cues in the order of their lines, times as
-// written.
+// Reads the text of the two forms of list files. The cues keep the order of their lines and their times.
 #pragma once
 
 #include <string>
@@ -13,10 +12,10 @@
 
 namespace captoria {
 
-// Damaged, with the line, for whatever is not of the form. `path` stands in the messages.
+// Damaged, with the line, if the text does not have the form. `path` is used in messages.
 Result<SubtitleList> ParseConverterList(std::string_view text, const std::string& path);
 
-// The same; the frame is 640 x 480, whatever height the cues imply.
+// The same for the muxer's form. The frame is always 640 x 480, whatever height the cues imply.
 Result<SubtitleList> ParseMuxList(std::string_view text, const std::string& path);
 
 }  // namespace captoria

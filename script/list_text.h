@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Writes the list files that script/list_parser.h reads: which bitmap is shown from when to when, and where on the
-// frame.
+// Writes the list files that script/list_parser.h reads: which bitmap is shown when, and where on the frame.
 #pragma once
 
 #include <array>
@@ -22,10 +21,10 @@ enum class ListForm {
 // The entries 1 to 3: letters, outline and shadow.
 using ListColors = std::array<Color, 3>;
 
-// A bitmap and its place; pixels of the frame.
+// A bitmap and its place on the frame, in pixels.
 struct ListEntry {
-  std::string_view bitmap;  // its file's name
-  std::string_view show;    // times as the track's list has them
+  std::string_view bitmap;  // the name of its file
+  std::string_view show;    // times as "00:00:01,000"
   std::string_view hide;
   int width = 0;
   int height = 0;
@@ -33,10 +32,10 @@ struct ListEntry {
   int y = 0;
 };
 
-// All before the first cue.
+// Everything before the first cue.
 std::string ListHeader(ListForm form, const ListColors& colors, VideoSystem system);
 
-// One line with its end.
+// The line of a cue, with its line end.
 std::string ListLine(ListForm form, const ListEntry& cue);
 
 }  // namespace captoria

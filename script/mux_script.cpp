@@ -20,8 +20,8 @@ constexpr std::size_t kMostLines = 10'000;
 
 bool IsContinuationByte(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
-// "C:" anywhere. Where there are no drives, the first line holds the first two characters of a folder ("/h"), which is
-// no name a tool can have.
+// "C:" on any line. On systems without drives the first line contains the first two characters of a folder ("/h"),
+// which cannot be the name of a tool.
 bool IsDrive(std::string_view line, std::size_t number) {
   const auto letter = line.empty() ? '\0' : LowerAscii(line.front());
   if (line.size() == 2 && line[1] == ':' && letter >= 'a' && letter <= 'z') return true;
@@ -30,7 +30,7 @@ bool IsDrive(std::string_view line, std::size_t number) {
          std::ranges::count_if(line, [](char c) { return !IsContinuationByte(c); }) <= 2;
 }
 
-// No value: a quotation mark has no partner.
+// No value if a quotation mark is not closed.
 std::optional<std::vector<std::string>> SplitWords(std::string_view line) {
   std::vector<std::string> words;
   bool in_word = false, quoted = false;
@@ -60,13 +60,13 @@ tl::unexpected<Error> LineFailure(std::size_t number, const std::string& message
 }
 
 Result<MuxScriptStep> ReadLine(std::string_view line, std::size_t number) {
-  if (line.find('\0') != line.npos) return LineFailure(number, "holds a zero byte");
-  if (line.find('\r') != line.npos) return LineFailure(number, "holds a CR that ends no line");
+  if (line.find('\0') != line.npos) return LineFailure(number, "contains a zero byte");
+  if (line.find('\r') != line.npos) return LineFailure(number, "contains a CR that ends no line");
   if (IsDrive(Trim(line), number)) {
     return MuxScriptStep{Kind::ChangeDrive, number, {std::string{Trim(line)}}};
   }
   auto words = SplitWords(line);
-  if (!words) return LineFailure(number, "a quotation mark has no partner");
+  if (!words) return LineFailure(number, "a quotation mark is not closed");
   if (EqualsIgnoringCase(words->front(), "cd")) {
     if (words->size() != 2 || words->back().empty()) return LineFailure(number, "cd needs one folder");
     return MuxScriptStep{Kind::ChangeFolder, number, {std::move(words->back())}};

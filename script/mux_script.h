@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The mux script "divxmux.bat": what is written into it, and what is read from it as a list of steps.
+// Writes the mux script "divxmux.bat" and reads it as a list of steps:
 //
 //     C:
 //     cd "C:\Captoria\tmp"
@@ -9,9 +9,8 @@
 //     divxmux.exe -v (Video) "D:\m\movie.avi" -s (Subtitle - en;02) aXsub0.xsub -o "D:\m\movie.divx"
 //     pause
 //
-// Nothing else is understood: no variable, no redirection, no second command in a line. Outside quotation marks a line
-// is words between blanks; what stands inside a pair is taken as it is, and the marks are dropped. So a title in
-// parentheses comes out as several words, which the tool joins.
+// There are no variables, no redirections and only one command a line. Blanks separate words, except between quotation
+// marks, which are dropped. So a title in parentheses is read as several words, which the tool joins.
 #pragma once
 
 #include <cstddef>
@@ -26,9 +25,9 @@ namespace captoria {
 
 struct MuxScriptStep {
   enum class Kind {
-    ChangeDrive,   // words: "C:", or the first two characters of a folder where there are no drives
+    ChangeDrive,   // words: "C:", or the first two characters of a folder on systems without drives
     ChangeFolder,  // words: the folder
-    RunTool,       // words: the tool's name, which is no path, and its arguments
+    RunTool,       // words: the tool's name without a folder, and its arguments
     Pause,         // no words
   };
 
@@ -39,8 +38,8 @@ struct MuxScriptStep {
   bool operator==(const MuxScriptStep&) const = default;
 };
 
-// Lines end at CR LF or LF; those without a word are passed over. Damaged, naming the line, for a line that is none of
-// the above or holds a zero byte, a lone CR or a quotation mark without its partner. TooLarge above 10,000 lines.
+// Lines end with CR LF or LF; empty lines are skipped. Damaged, naming the line, if a line has none of the forms above
+// or contains a zero byte, a CR that ends no line or an unclosed quotation mark. TooLarge above 10,000 lines.
 Result<std::vector<MuxScriptStep>> ParseMuxScript(std::string_view text);
 
 // The same for a file of at most 1 MiB; errors begin with `path`.
@@ -54,17 +53,17 @@ struct ConverterCall {
 };
 
 struct MuxScriptText {
-  std::string program_folder;  // of which the script gets the drive
+  std::string program_folder;  // the script begins with its drive
   std::string temp_folder;     // where the tools run
   std::vector<ConverterCall> converters;
   DivxMuxArguments mux;
   bool pause = false;  // at the end
 };
 
-// The text of a script. Every path in it can be quoted.
+// The text of a script. CanBeQuoted is true for every path in it.
 std::string ComposeMuxScript(const MuxScriptText& script);
 
-// Whether a script can carry `path` between quotation marks: it holds no such mark, line break or zero byte.
+// Whether `path` can stand between quotation marks: it contains no quotation mark, line end or zero byte.
 bool CanBeQuoted(std::string_view path);
 
 }  // namespace captoria

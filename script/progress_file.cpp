@@ -14,9 +14,9 @@
 namespace captoria {
 namespace {
 
-constexpr std::size_t kLineLength = 20 + 1 + 20 + 1;  // two numbers as wide as the largest, a blank and a line end
+constexpr std::size_t kLineLength = 20 + 1 + 20 + 1;  // two numbers of up to 20 digits, a blank and a line end
 
-// The number that `text` goes on with behind blanks; `text` is left with what follows it.
+// Removes blanks and a number from the beginning of `text`.
 std::optional<std::size_t> TakeNumber(std::string_view& text) {
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
   std::size_t number = 0;

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// How a tool tells the program that started it how far it is: a small file of one line, "DONE TOTAL", whose name comes
-// in an environment variable. Between the two there may be a script, a terminal window and a runner; a file needs none
-// of them to pass anything on.
+// A tool reports its progress to the program through a small file of one line, "DONE TOTAL". An environment variable
+// names the file. Between the two there may be a script, a terminal window and a runner; with a file, none of them has
+// to pass anything on.
 #pragma once
 
 #include <chrono>
@@ -17,16 +17,17 @@
 
 namespace captoria {
 
-// Holds the path of the progress file, absolute, since a tool runs in a folder of its own. Empty or unset: nobody asks.
+// Contains the path of the progress file, which is absolute because tools run in a folder of their own. If it is empty
+// or unset, the tool reports nothing.
 inline constexpr const char* kProgressVariable = "DIVXMUX_PROGRESS";
 
-// The tool's end. Progress is not worth failing for: where the file cannot be written, nothing is, and nobody is told.
+// The side of the tool. Progress is not worth failing for: if the file cannot be written, errors are ignored.
 class ProgressFile {
  public:
-  // Begins the file anew; with an empty path there is none. What the path leads to by a symbolic link is left alone.
+  // Empties the file. With an empty path there is no file. Symbolic links are not followed.
   explicit ProgressFile(const std::string& path) : file_(path) {}
 
-  // May be called as often as one likes: the first call writes, and then one in a tenth of a second.
+  // May be called as often as convenient: the first call writes, later ones at most every tenth of a second.
   void Write(std::size_t done, std::size_t total);
 
  private:
@@ -35,8 +36,8 @@ class ProgressFile {
   std::chrono::nanoseconds next_{0};
 };
 
-// The other end: done and total, 0 <= done <= total and total > 0. Nothing while there is no such file, or what it
-// holds is not (or not yet) such a line and that alone.
+// The side of the program: done and total, with 0 <= done <= total and total > 0. No value if there is no file or it
+// does not (or not yet) contain exactly one such line.
 std::optional<std::pair<std::size_t, std::size_t>> ReadProgress(const std::string& path);
 
 }  // namespace captoria

@@ -25,16 +25,16 @@ using SteadyTime = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds kLookEvery{50};
 constexpr std::chrono::seconds kBeginsWithin{5};  // captoria-run, after its terminal has handed it over
-constexpr std::chrono::seconds kEndsWithin{5};    // a tool that does not heed the request to end is killed before
+constexpr std::chrono::seconds kEndsWithin{5};    // longer than captoria-run waits before it kills a tool
 
-// A terminal's own process has another working folder, and every tool has.
+// Neither a terminal nor a tool need have our working folder.
 std::string WholePath(const fs::path& path) {
   std::error_code gone;  // our own folder
   const fs::path whole = fs::absolute(path, gone);
   return (gone ? path : whole).string();
 }
 
-// Passes on what the progress file says in place of what the wait itself knows.
+// Reports the numbers of the progress file instead of those of the wait, if there are any.
 class ToldProgress final : public JobProgress {
  public:
   ToldProgress(const std::string& file, JobProgress& progress) : file_(file), progress_(progress) {}
@@ -78,7 +78,7 @@ class ScriptInWindow final : public RunningScript {
     ToldProgress told(progress_file_, progress);
     const auto status = terminal_.Wait(told);
     if (!status) return status.error().kind == ErrorKind::Cancelled ? Stop(SteadyTime::now()) : status;
-    // A terminal that has failed has not handed anything over either.
+    // A terminal that failed did not hand the script to another process either.
     const auto begins_by = SteadyTime::now() + (*status == 0 ? kBeginsWithin : std::chrono::seconds{0});
     bool handed_over = false;
     for (; GoesOn(begins_by); std::this_thread::sleep_for(kLookEvery)) {
@@ -91,18 +91,18 @@ class ScriptInWindow final : public RunningScript {
   void LeaveRunning() override { std::move(terminal_).LeaveRunning(); }
 
  private:
-  // Whether captoria-run is at work or may still begin.
+  // Whether captoria-run is running or may still start.
   bool GoesOn(SteadyTime::time_point begins_by) {
     return log_.HasBegun() ? log_.IsLocked() : SteadyTime::now() < begins_by;
   }
 
-  // Where the terminal has been ended captoria-run was hung up on and needs a moment for its tools. Where the terminal
-  // was over before, captoria-run itself has to be asked.
+  // If the terminal was ended, captoria-run got a hang-up and needs a moment to end its tools. If the terminal had
+  // ended before, captoria-run itself has to be asked.
   tl::unexpected<Error> Stop(SteadyTime::time_point begins_by) {
     const auto ends_by = std::max(begins_by, SteadyTime::now()) + kEndsWithin;
     for (; GoesOn(begins_by); std::this_thread::sleep_for(kLookEvery)) {
       if (SteadyTime::now() > ends_by) {
-        return Failure(ErrorKind::Cancelled, "no longer waited for; the script goes on in its window");
+        return Failure(ErrorKind::Cancelled, "stopped waiting; the script still runs in its window");
       }
       if (log_.HasBegun()) log_.AskHolderToEnd(captoria_run_);
     }
@@ -115,7 +115,7 @@ class ScriptInWindow final : public RunningScript {
   LockWatch log_;
 };
 
-// Nothing where no window can be opened.
+// No value if no window can be opened.
 std::optional<std::string> FindTerminal(const Environment& environment) {
   const auto is_set = [&](const char* name) { return !environment(name).value_or("").empty(); };
   if (!is_set("DISPLAY") && !is_set("WAYLAND_DISPLAY")) return std::nullopt;
@@ -131,11 +131,12 @@ CaptoriaRun::CaptoriaRun(std::string program_folder, Environment environment)
 Result<std::unique_ptr<RunningScript>> CaptoriaRun::Start(const ScriptStart& start) {
   const std::string captoria_run = WholePath(fs::path(program_folder_) / "captoria-run");
   if (!FileExists(captoria_run)) {
-    return Failure(ErrorKind::NotFound, captoria_run + ": is missing; without it no script can be run");
+    return Failure(ErrorKind::NotFound, captoria_run + ": is missing; the tools cannot be started without it");
   }
   const std::string script = WholePath(start.script);
   const std::string progress_file = start.progress_file.empty() ? "" : WholePath(start.progress_file);
-  if (!progress_file.empty()) (void)RemoveFile(progress_file);  // at worst there is old progress until there is new
+  if (!progress_file.empty())
+    (void)RemoveFile(progress_file);  // if that fails, old progress is shown until there is new
   ProcessStart process_start{.program = captoria_run,
                              .arguments = {script},
                              .folder{},
@@ -149,12 +150,12 @@ Result<std::unique_ptr<RunningScript>> CaptoriaRun::Start(const ScriptStart& sta
     if (!process) return tl::unexpected(process.error());
     return std::make_unique<HiddenScript>(std::move(*process), progress_file);
   }
-  // An old log would be taken for that of a script that is already over.
+  // An old log would look like the log of a script that has already ended.
   const std::string log = (fs::path(script).parent_path() / kToolLogName).string();
   if (auto removed = RemoveFile(log); !removed) return tl::unexpected(removed.error());
   process_start.program = *terminal;
   process_start.arguments = {"-e", captoria_run, script};
-  process_start.ends_with_us = false;  // whoever looks at a window closes it
+  process_start.ends_with_us = false;  // the user closes the window
   auto process = Process::Start(process_start);
   if (!process) return tl::unexpected(process.error());
   return std::make_unique<ScriptInWindow>(std::move(*process), progress_file, log, captoria_run);

@@ -19,7 +19,7 @@ constexpr std::uint64_t kLargestList = std::uint64_t{16} << 20;
 constexpr int kPalHeight = HeightOf(VideoSystem::Pal);
 constexpr int kNtscHeight = HeightOf(VideoSystem::Ntsc);
 
-// How far a bitmap can reach below its frame: its height has 10 rows more than the place left for it, and is even.
+// How far a bitmap can extend below its frame: it is 10 rows higher than the room reserved for it, rounded up to even.
 constexpr int kOverhang = 11;
 
 std::string CueCount(std::size_t count) { return std::to_string(count) + (count == 1 ? " cue" : " cues"); }
@@ -43,7 +43,8 @@ void OrderTimes(SubtitleList& list) {
   }
   if (cut > 0) Add(list, CueCount(cut) + " cut short where the next one starts");
   if (brief > 0) {
-    Add(list, CueCount(brief) + " shown for a millisecond only, ending no later than it starts or the next one does");
+    Add(list, CueCount(brief) +
+                  " shown for only a millisecond: no time is left between the start and the end or the next cue");
   }
 }
 
@@ -73,7 +74,7 @@ void WarnOfHighCues(SubtitleList& list) {
       std::ranges::count_if(list.cues, [&](const ListedCue& cue) { return cue.height > list.frame.height; }));
   if (count == 0) return;
   Add(list, CueCount(count) + " higher than the frame of " + std::to_string(list.frame.height) +
-                " rows: what is below its bottom is not shown");
+                " rows; the part below the frame is not shown");
 }
 
 class ListedBitmaps final : public SubtitleSource {
@@ -112,8 +113,8 @@ class ListedBitmaps final : public SubtitleSource {
     picture.height = bmp->height;
     picture.pixels = std::move(bmp->pixels);
     std::copy_n(bmp->colors.begin(), std::min(bmp->colors.size(), picture.colors.size()), picture.colors.begin());
-    // Nobody sees entry 0. But readers that scale a picture, or keep colours for two pixels together, let it bleed into
-    // the edges of the letters; there the outline's colour does least harm.
+    // Entry 0 is transparent. But players that scale a picture, or store one colour for two pixels, mix it into the
+    // edges of the letters, where the outline's colour does the least harm.
     picture.colors[0] = picture.colors[2];
     for (std::uint8_t& pixel : picture.pixels) {
       if (pixel >= list_.shown.size()) {
@@ -125,7 +126,7 @@ class ListedBitmaps final : public SubtitleSource {
     return picture;
   }
 
-  // Brings the picture down to `height` rows as far as there are rows without a visible pixel at its two ends.
+  // Removes rows without a visible pixel, first at the bottom and then at the top, until `height` rows are left.
   static void LeaveOutClearRows(PlacedPicture& placed, int height) {
     SubtitlePicture& picture = placed.picture;
     const auto width = static_cast<std::ptrdiff_t>(picture.width);

@@ -86,7 +86,7 @@ bool IsToolName(std::string_view name) {
   return !name.empty() && std::ranges::all_of(name, [](char c) { return c == '-' || (c >= 'a' && c <= 'z'); });
 }
 
-// Reads a line that has the right form. Whether it had is seen by writing it again.
+// Writing the finding again shows whether the line had the exact form.
 std::optional<Finding> ReadFinding(std::string_view line) {
   std::string_view rest = line;
   const auto tool = TakeBefore(rest, ": "), severity = TakeBefore(rest, " ["), name = TakeBefore(rest, "]");
@@ -105,7 +105,7 @@ std::optional<Finding> ReadFinding(std::string_view line) {
 }
 
 void ReadLine(std::string_view line, ToolLog& log) {
-  // A tool that counts on a terminal leaves what it counted before the last carriage return.
+  // A tool that shows a counter leaves its old values before the last carriage return.
   while (line.ends_with('\r')) line.remove_suffix(1);
   line.remove_prefix(line.rfind('\r') + 1);
   if (Trim(line).empty()) return;
@@ -143,7 +143,7 @@ ToolLog ReadToolLog(const std::string& path) {
   const auto got = file->ReadAt(start, bytes);
   if (!got) return log;
   const std::string text{bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(*got)};
-  // The first line of a longer log may be cut off at its beginning.
+  // In a longer log the first line may have lost its beginning.
   for (std::size_t at = start == 0 ? 0 : text.find('\n') + 1; at < text.size();) {
     const auto end = std::min(text.find('\n', at), text.size());
     ReadLine(std::string_view{text}.substr(at, end - at), log);

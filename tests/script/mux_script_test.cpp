@@ -82,8 +82,8 @@ TEST_P(MuxScriptRefusal, NamesTheLine) {
 INSTANTIATE_TEST_SUITE_P(
     Lines, MuxScriptRefusal,
     testing::Values(Refusal{"OpenQuotation", "C:\r\nt \"a\r\nt b\"\r\n", "line 2: a quotation mark"},
-                    Refusal{"ZeroByte", std::string("C:\nt a\0b\n", 9), "line 2: holds a zero byte"},
-                    Refusal{"LoneCarriageReturn", "t a\rcd \"b\"\n", "line 1: holds a CR"},
+                    Refusal{"ZeroByte", std::string("C:\nt a\0b\n", 9), "line 2: contains a zero byte"},
+                    Refusal{"LoneCarriageReturn", "t a\rcd \"b\"\n", "line 1: contains a CR"},
                     Refusal{"ToolByPath", "C:\n../t a\n", "line 2: \"../t\" is not the name"},
                     Refusal{"ToolByWindowsPath", "\"C:\\a\\t.exe\" a\n", "line 1: "},
                     Refusal{"StartOfAFolderBelowTheFirstLine", "C:\n/h\n", "line 2: "},

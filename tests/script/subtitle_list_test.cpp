@@ -148,12 +148,12 @@ TEST_F(SubtitleListTest, ErrorsNameFileAndLine) {
       {"(0, 0, 255)", "(0, 0, 256)", "line 9: \"0 (R, G, B)\""},
       {"2 (0", "3 (0", "line 11:"},
       {"[LIST]\r\n", "", "line 14:"},
-      {"bmp00001", "../bmp00001", "line 15: the bitmap is not named by a plain name"},
-      {"bmp00001", "/etc/a", "line 15: the bitmap"},
-      {"bmp00001.bmp", "..", "line 15: the bitmap"},
-      {"bmp00001", "a\\b", "line 15: the bitmap"},
-      {"bmp00001", "c:a", "line 15: the bitmap"},
-      {"bmp00001", std::string(300, 'a'), "line 15: the bitmap"},
+      {"bmp00001", "../bmp00001", "line 15: the name of the bitmap"},
+      {"bmp00001", "/etc/a", "line 15: the name"},
+      {"bmp00001.bmp", "..", "line 15: the name"},
+      {"bmp00001", "a\\b", "line 15: the name"},
+      {"bmp00001", "c:a", "line 15: the name"},
+      {"bmp00001", std::string(300, 'a'), "line 15: the name"},
       {"00:00:01.000", "00:00:01,000", "line 15: the start time"},
       {"00:00:01.000", "99:59:59.999", "line 15: the cue starts too late"},
       {"00:00:03.500", "00:60:03.500", "line 15: the end time"},
@@ -165,7 +165,7 @@ TEST_F(SubtitleListTest, ErrorsNameFileAndLine) {
       {"469", "469 1", "line 15: width"},
       {"469", "", "line 15: width"},
       {"bmp00001.bmp ", "bmp00001.bmp", "line 15: the end time"},
-      {"469\r\n", "469\r\n\r\nbmp00001.bmp", "line 17: a cue stands behind an empty line"},
+      {"469\r\n", "469\r\n\r\nbmp00001.bmp", "line 17: a cue follows an empty line"},
   };
   for (const auto& [what, by, message] : faults) {
     const std::string path = folder_.Put("a.txt", Replaced(list, what, by));
@@ -258,7 +258,7 @@ TEST_F(ListedBitmap, TheMuxersListGivesPacketsAndItsFindings) {
   EXPECT_EQ((*source)->ShowTime(0), 1000);
   EXPECT_TRUE((*source)->Packet(0));
   EXPECT_EQ((*source)->Packet(1).error().kind, ErrorKind::NotFound);
-  EXPECT_THAT(Described(findings), ElementsAre(HasSubstr("a.txt: 1 cue shown for a millisecond")));
+  EXPECT_THAT(Described(findings), ElementsAre(HasSubstr("a.txt: 1 cue shown for only a millisecond")));
 }
 
 }  // namespace
