@@ -24,16 +24,17 @@ struct Options {
   std::string mode;
 };
 
-// What is said: a message or a finding.
+// `said` is a message or a finding.
 void Complain(const auto& said) { std::fprintf(stderr, "%s\n", ToolLine("bmptoxsub", said).c_str()); }
 
-// Nothing that is still to be read may be replaced.
+// The target must not replace a file that is still to be read.
 Result<void> CheckTarget(const Options& options, const SubtitleList& list) {
   if (!FileExists(options.out)) return {};
   bool source = IsSameFile(options.out, options.list);
   for (const ListedCue& cue : list.cues) source = source || IsSameFile(options.out, PathOf(list, cue));
   if (!source) return {};
-  return Failure(ErrorKind::Unwritable, options.out + ": is the list or one of its bitmaps and is not written over");
+  return Failure(ErrorKind::Unwritable,
+                 options.out + ": is the list or one of its bitmaps; choose another file to write");
 }
 
 Result<void> Convert(const Options& options) {
@@ -63,13 +64,13 @@ int main(int argc, char** argv) {
   app.set_version_flag("-V,--version", "Captoria " CAPTORIA_VERSION);
   app.footer("Exit status: 0 done, 1 failed, 2 wrong usage, 130 interrupted.");
   Options options;
-  app.add_option("LIST", options.list, "The list file; the bitmaps stand beside it")->required()->type_name("");
+  app.add_option("LIST", options.list, "The list file, with its bitmaps beside it")->required()->type_name("");
   app.add_option("OUT.xsub", options.out, "The file to write")->required()->type_name("");
-  app.add_option("PALMODE1", options.mode,
-                 "PALMODE1 moves the subtitles of a 576-line frame to their place on the 480-line frame")
+  app.add_option("PALMODE1", options.mode, "Move the subtitles from a 576-line frame to a 480-line frame")
       ->type_name("")
       ->check([](const std::string& mode) {
-        return EqualsIgnoringCase(mode, "PALMODE1") ? std::string{} : "\"" + mode + "\" is no mode; there is PALMODE1";
+        return EqualsIgnoringCase(mode, "PALMODE1") ? std::string{}
+                                                    : "\"" + mode + "\" is not a mode; the only mode is PALMODE1";
       });
   try {
     app.parse(argc, argv);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// captoria-run: runs a mux script where there is no command interpreter of that kind. It reads the few lines such a
-// script has and starts the tools itself, never through a shell.
+// captoria-run: runs a mux script on systems without a command interpreter for it. It reads the few kinds of lines that
+// such a script has and starts the tools directly, never through a shell.
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
@@ -41,8 +41,8 @@ std::string_view WithoutExe(std::string_view name) {
   return EndsIgnoringCase(name, kExe) ? name.substr(0, name.size() - kExe.size()) : name;
 }
 
-// The file of `folder` that `name` means. One spelled alike goes before one in another case, and that before one with
-// or without ".exe".
+// The file in `folder` that `name` means: the file of exactly that name, or else the same name in another case, or else
+// the same name with or without ".exe".
 std::optional<std::string> FindToolIn(const std::string& folder, std::string_view name) {
   std::optional<std::string> found;
   int best = 3;
@@ -62,10 +62,10 @@ bool IsWindowsProgram(const std::string& path) {
   return file && file->ReadExactly(0, start) && start[0] == 'M' && start[1] == 'Z';
 }
 
-// Waits for a line where a person can type one. False: interrupted.
+// Waits for Enter if a person can press it. False if interrupted.
 bool Pause() {
   if (!InputIsTerminal()) return true;
-  std::fputs("Press Enter to go on . . . ", stdout);
+  std::fputs("Press Enter to continue . . . ", stdout);
   std::fflush(stdout);
   return AwaitLine();
 }
@@ -73,13 +73,13 @@ bool Pause() {
 class ScriptRun {
  public:
   explicit ScriptRun(const std::string& script) {
-    std::error_code gone;  // our own folder, which leaves paths as they were given
+    std::error_code gone;  // if our folder was deleted, paths stay as they were given
     folder_ = fs::current_path(gone).string();
     script_ = (fs::path(folder_) / script).string();
     script_folder_ = fs::path(script_).parent_path().string();
   }
 
-  // The exit status: that of the first tool that fails, else of the last one.
+  // Returns the exit status of the first tool that fails, or else of the last tool.
   int Run() {
     const auto steps = ReadMuxScript(script_);
     if (!steps && steps.error().kind == ErrorKind::NotFound) return Complain(steps.error().message);
@@ -88,7 +88,7 @@ class ScriptRun {
 
     int status = 0;
     for (const MuxScriptStep& step : *steps) {
-      // A pause is kept after a failure too: it is what leaves time to read why.
+      // Pause after a failure too, so that there is time to read the reason.
       if (step.kind == Kind::Pause && !Pause()) return kExitInterrupted;
       if (status == 0 && step.kind == Kind::ChangeFolder) status = ChangeFolder(step);
       if (status == 0 && step.kind == Kind::RunTool) status = RunTool(step);
@@ -98,7 +98,7 @@ class ScriptRun {
   }
 
  private:
-  // A program that has started us through a terminal sees by the lock that we are at work.
+  // The lock shows a program that started us through a terminal that we are still running.
   void BeginLog() {
     const std::string path = JoinPath(script_folder_, kToolLogName);
     auto begun = LockedFile::Begin(path);
@@ -110,7 +110,7 @@ class ScriptRun {
     log_ = path;
   }
 
-  // On standard error and in the log, where whoever looks after a failure finds it behind the tools' own words.
+  // Writes to standard error and to the log, after the output of the tools.
   int Complain(const std::string& message) const {
     const std::string line = ToolLine("captoria-run", message) + "\n";
     std::fputs(line.c_str(), stderr);
@@ -124,7 +124,7 @@ class ScriptRun {
 
   int ChangeFolder(const MuxScriptStep& step) {
     const std::string folder = (fs::path(folder_) / step.words.front()).string();
-    if (!FolderExists(folder)) return Complain(step, folder + ": is no folder");
+    if (!FolderExists(folder)) return Complain(step, folder + ": is not a folder");
     folder_ = folder;
     return 0;
   }
@@ -139,7 +139,7 @@ class ScriptRun {
   int RunTool(const MuxScriptStep& step) const {
     const std::string& name = step.words.front();
     const auto tool = FindTool(name);
-    if (!tool) return Complain(step, name + ": is neither in " + folder_ + " nor beside the script or captoria-run");
+    if (!tool) return Complain(step, name + ": not found in " + folder_ + ", beside the script or beside captoria-run");
 
     ProcessStart start{.program = *tool,
                        .arguments{step.words.begin() + 1, step.words.end()},
@@ -150,7 +150,7 @@ class ScriptRun {
                        .ends_with_us = true};
     if (IsWindowsProgram(*tool)) {
       const auto wine = FindOnPath("wine", ProcessEnvironment());
-      if (!wine) return Complain(step, *tool + ": is a Windows program, and wine, which would run it, is not on PATH");
+      if (!wine) return Complain(step, *tool + ": is a Windows program; install wine to run it");
       start.program = *wine;
       start.arguments.insert(start.arguments.begin(), *tool);
     }
@@ -167,7 +167,7 @@ class ScriptRun {
   std::string folder_;  // where the next tool runs
   std::string script_;
   std::string script_folder_;
-  std::string log_;  // empty while there is none
+  std::string log_;  // empty if there is none
   std::optional<LockedFile> lock_;
 };
 
@@ -176,15 +176,15 @@ class ScriptRun {
 
 int main(int argc, char** argv) {
   using namespace captoria;
-  CLI::App app("Runs a mux script (divxmux.bat): its folder changes, its tools, its pause.", "captoria-run");
+  CLI::App app("Runs a mux script (divxmux.bat) and the tools that it names.", "captoria-run");
   app.set_version_flag("-V,--version", "captoria-run " CAPTORIA_VERSION);
   app.footer(
-      "A tool is looked up in the script's current folder, beside the script and beside\n"
-      "captoria-run, whatever the case of its name. What the tools write also goes to\n"
-      "divxmux.log beside the script.\n"
-      "Exit status: that of the last tool; 1 a step failed, 2 wrong usage, 130 interrupted.");
+      "Tools are looked up in the script's current folder, beside the script and beside\n"
+      "captoria-run, ignoring case. Their output also goes to divxmux.log beside the script.\n"
+      "Exit status: that of the tool that failed; 0 done, 1 a step failed, 2 wrong usage,\n"
+      "130 interrupted.");
   std::string script;
-  app.add_option("SCRIPT", script, "the script")->required();
+  app.add_option("SCRIPT", script, "The script to run")->required();
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// DivXMux.exe: puts a video, those of its other streams that are named, and new subtitle streams into one film.
+// DivXMux.exe: writes a film from the named streams of a video and new subtitle streams.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -23,7 +23,7 @@ namespace captoria {
 namespace {
 
 constexpr const char* kHelp =
-    R"(DivXMux puts subtitle pictures into a film, beside its untouched picture and sound.
+    R"(DivXMux adds subtitle pictures to a film and copies its video and audio unchanged.
 
   DivXMux.exe -v (TITLE) VIDEO [STREAM]... -o OUT
 
@@ -31,17 +31,17 @@ constexpr const char* kHelp =
   -a #N (TITLE) VIDEO   its audio stream number N, counted from 1
   -s #N (TITLE) VIDEO   its subtitle stream number N, counted from 1
   -s (TITLE) SOURCE     a new subtitle stream: an .xsub file, a list of bitmaps (.txt) or a VobSub index (.idx)
-  -o OUT                the film to write; a file of that name is replaced
-  --profile NAME        how headers of new subtitle streams are written: readers (what plays files, the default) or
-                        hardware (the form that a maker of players uses); also as DIVXMUX_PROFILE in the environment
+  -o OUT                the film to write; an existing file is replaced
+  --profile NAME        the form of the headers of new subtitle streams: readers (for programs that play files, the
+                        default) or hardware (for hardware players); also read from DIVXMUX_PROFILE
   --help, --version
 
-Streams get the order of the command; what is not named is left out. Titles stand in parentheses and may be empty: then
-a stream keeps its name.
+The film has the streams in the order of the command; other streams of the video are left out. Titles stand in
+parentheses. If a title is empty, the stream keeps its name.
 Exit status: 0 done, 1 failed, 2 wrong usage, 130 interrupted.
 )";
 
-// What is said: a message or a finding.
+// `said` is a message or a finding.
 void Complain(const auto& said) { std::fprintf(stderr, "%s\n", ToolLine("divxmux", said).c_str()); }
 
 bool IsSubtitle(const AviStream& stream) { return stream.IsXsub() || stream.header.type == "txts"; }
@@ -57,8 +57,8 @@ bool IsOfKind(const AviStream& stream, DivxMuxStream::Kind kind) {
   }
 }
 
-// Who counts streams by their names does not see a subtitle stream that is called something else. So the number goes by
-// all subtitle streams unless only the ones called "Subtitle..." have one of this very title there.
+// A caller that recognises streams by their names counts only the subtitle streams named "Subtitle...". So if the
+// stream of that number among those has exactly the wanted title, it is meant; otherwise all subtitle streams count.
 std::size_t FindStream(std::span<const AviStream> streams, const DivxMuxStream& wanted) {
   constexpr std::string_view kName = "subtitle";
   std::size_t by_kind = streams.size(), by_name = streams.size();
@@ -76,35 +76,35 @@ std::size_t FindStream(std::span<const AviStream> streams, const DivxMuxStream& 
 Result<MuxStream> SourceStream(const AviFile& film, const DivxMuxStream& wanted) {
   const std::string& path = film.File().Path();
   if (wanted.path != path && !IsSameFile(wanted.path, path)) {
-    return Failure(ErrorKind::Unsupported,
-                   wanted.path + ": is not the video; streams are taken from " + path + " only");
+    return Failure(ErrorKind::Unsupported, wanted.path + ": is not the video; streams can only be taken from " + path);
   }
   const std::size_t found = FindStream(film.Streams(), wanted);
   if (found < film.Streams().size()) {
     return MuxStream{.source_stream = static_cast<int>(found), .subtitle = nullptr, .title = wanted.title};
   }
-  if (wanted.kind == DivxMuxStream::Kind::Video) return Failure(ErrorKind::NotFound, path + ": holds no video stream");
+  if (wanted.kind == DivxMuxStream::Kind::Video)
+    return Failure(ErrorKind::NotFound, path + ": contains no video stream");
   const char* kind = wanted.kind == DivxMuxStream::Kind::Audio ? "audio" : "subtitle";
-  return Failure(ErrorKind::NotFound, path + ": holds no " + kind + " stream #" + std::to_string(wanted.number));
+  return Failure(ErrorKind::NotFound, path + ": contains no " + kind + " stream #" + std::to_string(wanted.number));
 }
 
 Result<std::shared_ptr<SubtitleSource>> OpenSubtitle(const std::string& path, Findings& findings) {
   if (EndsIgnoringCase(path, ".xsub")) return OpenXsubFile(path);
   if (EndsIgnoringCase(path, ".txt")) return OpenMuxList(path, &findings);
   if (EndsIgnoringCase(path, ".idx")) return OpenVobSub(path, &findings);
-  return Failure(ErrorKind::Unsupported, path + ": is none of .xsub, .txt and .idx, so its form is not known");
+  return Failure(ErrorKind::Unsupported, path + ": is not a .xsub, .txt or .idx file");
 }
 
 Result<MuxStream> NewStream(const DivxMuxStream& wanted, const std::string& output, Findings& findings) {
   if (IsSameFile(wanted.path, output)) {
-    return Failure(ErrorKind::Unwritable, output + ": holds the subtitles, it is not written over");
+    return Failure(ErrorKind::Unwritable, output + ": contains the subtitles; choose another file to write");
   }
   auto subtitle = OpenSubtitle(wanted.path, findings);
   if (!subtitle) return tl::unexpected(subtitle.error());
   return MuxStream{.source_stream = -1, .subtitle = std::move(*subtitle), .title = wanted.title};
 }
 
-// Shows progress on the terminal and passes it to the program that started this one.
+// Shows progress on the terminal and reports it to the program that started this one.
 class ReportedProgress final : public JobProgress {
  public:
   ReportedProgress(JobProgress& terminal, const std::string& file) : terminal_(terminal), file_(file) {}

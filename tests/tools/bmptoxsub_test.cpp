@@ -93,7 +93,7 @@ TEST_F(BmpToXsub, NothingThatIsReadIsWrittenOver) {
     out_ = folder_.File(std::string{"./"} + name);
     const auto run = Convert();
     EXPECT_EQ(run.status, 1);
-    EXPECT_THAT(run.err, HasSubstr("is not written over"));
+    EXPECT_THAT(run.err, HasSubstr("choose another file"));
     EXPECT_EQ(folder_.Get(name), before);
   }
   out_ = folder_.File("none/a.xsub");

@@ -115,7 +115,7 @@ TEST_F(CaptoriaRun, SaysWhatItCannotDo) {
     const char* message;
   };
   for (const auto& [lines, message] :
-       {Case{"none.exe\n", "line 3: none.exe: is neither in "}, Case{"cd \"sub\"\n", "my tmp/sub: is no folder"},
+       {Case{"none.exe\n", "line 3: none.exe: not found in "}, Case{"cd \"sub\"\n", "my tmp/sub: is not a folder"},
         Case{"plain\n", "plain: cannot be started: Permission denied"},
         Case{"/bin/true\n", "line 3: \"/bin/true\" is not the name of a tool"}}) {
     const auto run = Run(lines);
@@ -134,7 +134,7 @@ TEST_F(CaptoriaRun, WindowsProgramsAreLeftToWine) {
   ::setenv("PATH", folder_.File("bin").c_str(), 1);
   const auto without = Run("divxmux.exe -v ()\n");
   EXPECT_EQ(without.status, 1);
-  EXPECT_THAT(without.err, HasSubstr("divxmux.exe: is a Windows program, and wine"));
+  EXPECT_THAT(without.err, HasSubstr("divxmux.exe: is a Windows program; install wine"));
 
   std::filesystem::create_directory(folder_.File("bin"));
   PutTool("bin/wine", "echo \"$#\" \"$@\"");

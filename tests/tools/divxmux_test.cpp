@@ -109,12 +109,12 @@ TEST_F(DivxMuxProgram, TellsWhatFailed) {
   fails({"-v", "()", film_, "-a", "#3", "()", film_}, 1, "no audio stream #3");
   fails({"-v", "()", film_, "-s", "#1", "()", film_}, 1, "no subtitle stream #1");
   fails({"-v", "()", film_, "-a", "#1", "()", list_}, 1, "is not the video");
-  fails({"-v", "()", film_, "-s", "()", film_}, 1, "none of .xsub, .txt and .idx");
+  fails({"-v", "()", film_, "-s", "()", film_}, 1, "not a .xsub, .txt or .idx file");
   fails({"-v", "()", film_, "-s", "()", folder_.File("none.xsub")}, 1, "none.xsub");
   fails({"-v", "()", film_}, 1, "No such file or directory", "no/o.divx");
   const std::string film = folder_.Get("in film.avi"), list = folder_.Get("list.txt");
   fails({"-v", "()", film_}, 1, "is the source itself", "in film.avi");
-  fails({"-v", "()", film_, "-s", "()", list_}, 1, "holds the subtitles", "list.txt");
+  fails({"-v", "()", film_, "-s", "()", list_}, 1, "contains the subtitles", "list.txt");
   EXPECT_EQ(folder_.Get("in film.avi"), film);
   EXPECT_EQ(folder_.Get("list.txt"), list);
 }
