@@ -4,7 +4,6 @@
 #include "platform/desktop_entry.h"
 
 #include <gmock/gmock.h>
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -131,15 +130,6 @@ TEST_F(FileActionsTest, HalfAnOfferIsNone) {
     EXPECT_TRUE(actions_.Withdraw(action));
     std::filesystem::remove_all(folder_.File("data"));
   }
-}
-
-TEST_F(FileActionsTest, TheFolderIsTheUsersOwn) {
-  const FileAction action = ActionOf("/x");
-  constexpr const char* kBelow = "/.local/share/applications/org.example.Convert.desktop";
-  EXPECT_EQ(FileActions(EnvironmentOf({{"HOME", "/h"}})).EntryFile(action), std::string{"/h"} + kBelow);
-  EXPECT_EQ(FileActions(EnvironmentOf({{"HOME", "/h"}, {"XDG_DATA_HOME", "here"}})).EntryFile(action),
-            std::string{"/h"} + kBelow);
-  EXPECT_EQ(FileActions(EnvironmentOf({})).EntryFile(action), ::getpwuid(::getuid())->pw_dir + std::string{kBelow});
 }
 
 }  // namespace

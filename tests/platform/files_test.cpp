@@ -34,13 +34,6 @@ TEST(Files, AFullDiskKeepsTheOldFileAndLeavesNothingBeside) {
   EXPECT_EQ(FilesIn(folder), 1u);
 }
 
-TEST(Files, AFullDiskLeavesNoHalfCopy) {
-  const TestFolder folder;
-  const std::string from = folder.Put("from", std::string(200'000, 'x'));
-  WithFullDisk(100'000, [&] { EXPECT_FALSE(CopyWholeFile(from, folder.File("to"))); });
-  EXPECT_EQ(FilesIn(folder), 1u);
-}
-
 TEST(Files, WritingThroughALinkKeepsTheLinkAndThePermissions) {
   const TestFolder folder;
   const std::string target = folder.Put("target", "old");
@@ -52,20 +45,25 @@ TEST(Files, WritingThroughALinkKeepsTheLinkAndThePermissions) {
   EXPECT_EQ(static_cast<unsigned>(fs::status(target).permissions()), 0640u);
 }
 
-TEST(Files, CopyingAFileOntoItselfIsRefused) {
+TEST(Files, CopiesAreWholeAndStayExecutable) {
   const TestFolder folder;
-  const std::string path = folder.Put("a", "content");
-  fs::create_hard_link(path, folder.File("b"));
-  EXPECT_FALSE(CopyWholeFile(path, folder.File("b")));
-  EXPECT_EQ(folder.Get("a"), "content");
-}
-
-TEST(Files, CopiedToolsStayExecutable) {
-  const TestFolder folder;
-  const std::string from = folder.Put("tool", "#!");
+  const std::string from = folder.Put("tool", "#!" + std::string(200'000, 'x'));
   ASSERT_EQ(chmod(from.c_str(), 0755), 0);
+  WithFullDisk(100'000, [&] { EXPECT_FALSE(CopyWholeFile(from, folder.File("copy"))); });
+  EXPECT_EQ(FilesIn(folder), 1u);
   ASSERT_TRUE(CopyWholeFile(from, folder.File("copy")));
   EXPECT_EQ(access(folder.File("copy").c_str(), X_OK), 0);
+  EXPECT_EQ(folder.Get("copy"), folder.Get("tool"));
+  fs::create_hard_link(from, folder.File("same"));
+  for (const char* same : {"same", "./tool"}) EXPECT_FALSE(CopyWholeFile(from, folder.File(same))) << same;
+}
+
+TEST(Files, RemovingTakesFilesOnly) {
+  const TestFolder folder;
+  EXPECT_TRUE(RemoveFile(folder.Put("a", "")));
+  EXPECT_TRUE(RemoveFile(folder.File("a")));
+  EXPECT_FALSE(RemoveFile(folder.Path()));
+  EXPECT_EQ(FilesIn(folder), 0u);
 }
 
 TEST(Files, RenamingNeverReplaces) {

@@ -3,12 +3,9 @@
 
 #include "platform/folder_lock.h"
 
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <gtest/gtest.h>
 
 #include "platform/locked_file.h"
-#include "tests/support/other_process.h"
 #include "tests/support/test_folder.h"
 
 namespace captoria {
@@ -32,20 +29,6 @@ TEST(FolderLock, IsHeldByOneObjectUntilThatIsGone) {
   }
   EXPECT_TRUE(IsFree(other));
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
-}
-
-TEST(FolderLock, OfAProcessThatIsKilledIsFree) {
-  const TestFolder folder;
-  const pid_t child = ::fork();
-  if (child == 0) {
-    std::optional<FolderLock> lock;
-    while (!lock) lock = FolderLock::TryLock(folder.Path()).value();  // the parent may be looking just now
-    while (true) ::pause();
-  }
-  EXPECT_TRUE(Soon([&] { return !IsFree(folder); }));
-  ::kill(child, SIGKILL);
-  EXPECT_EQ(::waitpid(child, nullptr, 0), child);
-  EXPECT_TRUE(IsFree(folder));
 }
 
 TEST(FolderLock, LookingTakesNoLock) {

@@ -4,11 +4,6 @@
 #include "platform/output_file.h"
 
 #include <gmock/gmock.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
-#include <filesystem>
 
 #include "platform/input_file.h"
 #include "tests/support/full_disk.h"
@@ -49,25 +44,6 @@ TEST(OutputFile, LeavesNothingWhenItIsDroppedOrTheDiskIsFull) {
     EXPECT_FALSE(appended->Commit());
   });
   EXPECT_THAT(FilesIn(folder), IsEmpty());
-}
-
-TEST(OutputFile, LeavesNothingWhenTheProcessIsKilled) {
-  const TestFolder folder;
-  const pid_t child = fork();
-  if (child == 0) {
-    auto file = OutputFile::Create(folder.File("film"));
-    if (file) (void)file->Append(std::string(1'000'000, 'x'));
-    std::raise(SIGKILL);
-  }
-  int status = 0;
-  ASSERT_EQ(waitpid(child, &status, 0), child);
-  ASSERT_TRUE(WIFSIGNALED(status));
-  EXPECT_FALSE(FileExists(folder.File("film")));
-}
-
-TEST(OutputFile, NeedsAFolderToWriteInto) {
-  const TestFolder folder;
-  EXPECT_EQ(OutputFile::Create(folder.File("none/film")).error().kind, ErrorKind::Unwritable);
 }
 
 TEST(InputFile, ReadsPlacesAndKnowsItsEnd) {

@@ -4,6 +4,8 @@
 #include "platform/program_folder.h"
 
 #include <gtest/gtest.h>
+#include <pwd.h>
+#include <unistd.h>
 
 #include "tests/support/environment.h"
 #include "tests/support/test_folder.h"
@@ -11,58 +13,39 @@
 namespace captoria {
 namespace {
 
-// A folder that is not there cannot be written, for root either.
-constexpr const char* kReadOnly = "/nonexistent/bin";
-
-TEST(ProgramFolders, TheExecutablesFolderServesWhereItCanBeWritten) {
-  const TestFolder folder;
-  EXPECT_EQ(FindProgramFolders("", folder.Path(), EnvironmentOf({})).data, folder.Path());
+TEST(ProgramFolders, DataIsBesideTheProgramUnlessThatIsInstalledOrCannotBeWritten) {
+  // A folder that does not exist cannot be written, not even by root.
+  constexpr const char* kReadOnly = "/nonexistent/bin";
+  const TestFolder unpacked, installed, near_user_data;
+  unpacked.Put("lib/captoria/languages/a.xml", "");
+  installed.Put("share/captoria/languages/a.xml", "");
+  near_user_data.Put("share/captoria/Captoria.ini", "");
+  for (const TestFolder* folder : {&installed, &near_user_data})
+    ASSERT_TRUE(CreateFolder(folder->File("lib/captoria")));
+  struct Case {
+    const char* name;
+    std::string chosen, executable, xdg, data;
+  };
+  for (const auto& [name, chosen, executable, xdg, data] :
+       {Case{"unpacked", "", unpacked.File("lib/captoria"), "/x", unpacked.File("lib/captoria")},
+        Case{"installed", "", installed.File("lib/captoria"), "/x", "/x/captoria"},
+        Case{"near data of the user", "", near_user_data.File("lib/captoria"), "/x",
+             near_user_data.File("lib/captoria")},
+        Case{"read-only", "", kReadOnly, "/x", "/x/captoria"},
+        Case{"no data folder of the user", "", kReadOnly, "", "/h/.local/share/captoria"},
+        Case{"a relative one", "", kReadOnly, "rel", "/h/.local/share/captoria"},
+        Case{"chosen", "/chosen/", kReadOnly, "/x", "/chosen"}}) {
+    const auto folders =
+        FindProgramFolders(chosen, executable, EnvironmentOf({{"XDG_DATA_HOME", xdg}, {"HOME", "/h"}}));
+    EXPECT_EQ(folders.data, data) << name;
+    EXPECT_EQ(folders.executable, executable) << name;
+  }
+  const std::string home = ::getpwuid(::getuid())->pw_dir;
+  EXPECT_EQ(FindProgramFolders("", kReadOnly, EnvironmentOf({})).data, home + "/.local/share/captoria");
+  EXPECT_EQ(ShippedFolder({unpacked.File("lib/captoria"), "/x"}, "languages"), unpacked.File("lib/captoria/languages"));
+  EXPECT_EQ(ShippedFolder({installed.File("lib/captoria"), "/x"}, "languages"),
+            installed.File("share/captoria/languages"));
 }
-
-TEST(ProgramFolders, AnInstalledProgramKeepsItsDataWithTheUser) {
-  EXPECT_EQ(FindProgramFolders("", kReadOnly, EnvironmentOf({{"XDG_DATA_HOME", "/x"}, {"HOME", "/h"}})).data,
-            "/x/captoria");
-  EXPECT_EQ(FindProgramFolders("", kReadOnly, EnvironmentOf({{"HOME", "/h"}})).data, "/h/.local/share/captoria");
-  EXPECT_EQ(FindProgramFolders("", kReadOnly, EnvironmentOf({{"XDG_DATA_HOME", "rel"}, {"HOME", "/h"}})).data,
-            "/h/.local/share/captoria");
-}
-
-TEST(ProgramFolders, AChosenFolderWins) {
-  const auto folders = FindProgramFolders("/chosen", kReadOnly, EnvironmentOf({{"XDG_DATA_HOME", "/x"}}));
-  EXPECT_EQ(folders.data, "/chosen");
-  EXPECT_EQ(folders.executable, kReadOnly);
-}
-
-TEST(ProgramFolders, ShippedFilesAreBesideTheProgramUnlessItIsInstalled) {
-  const TestFolder folder;
-  const ProgramFolders folders{.executable = folder.File("lib/captoria"), .data = "/x"};
-  EXPECT_EQ(ShippedFolder(folders, "languages"), folder.File("lib/captoria/languages"));
-  folder.Put("share/captoria/languages/a.xml", "");
-  EXPECT_EQ(ShippedFolder(folders, "languages"), folder.File("share/captoria/languages"));
-}
-
-struct Place {
-  const char* name;
-  const char* shipped;  // a file near the program, which is in lib/captoria and can be written
-  const char* data;
-};
-
-class DataOfAProgram : public testing::TestWithParam<Place> {};
-
-TEST_P(DataOfAProgram, IsBesideItUnlessItIsInstalled) {
-  const TestFolder folder;
-  ASSERT_TRUE(CreateFolder(folder.File("lib/captoria")));
-  folder.Put(GetParam().shipped, "");
-  const auto folders = FindProgramFolders("", folder.File("lib/captoria"), EnvironmentOf({{"HOME", folder.Path()}}));
-  EXPECT_EQ(folders.data, folder.File(GetParam().data));
-}
-
-INSTANTIATE_TEST_SUITE_P(Places, DataOfAProgram,
-                         testing::Values(Place{"Installed", "share/captoria/languages/a.xml", ".local/share/captoria"},
-                                         Place{"Unpacked", "lib/captoria/languages/a.xml", "lib/captoria"},
-                                         Place{"UnpackedNearTheUsersData", "share/captoria/Captoria.ini",
-                                               "lib/captoria"}),
-                         [](const auto& row) { return std::string{row.param.name}; });
 
 }  // namespace
 }  // namespace captoria

@@ -30,23 +30,5 @@ TEST(TerminalPrompts, AnswersAreLinesAndAnEmptyOneTakesTheProposal) {
   EXPECT_EQ(prompts.AskFolder("Folder", "/start"), std::nullopt) << "the end of input cancels";
 }
 
-TEST(TerminalPrompts, FilesAreTypedALineEachUntilAnEmptyOne) {
-  std::istringstream in("/a.avi\n/b.avi\n\n/c.avi\n");
-  std::ostringstream messages;
-  TerminalPrompts prompts(in, messages, true);
-  EXPECT_EQ(prompts.AskFilesToOpen("Videos", {}, "/start"), (std::vector<std::string>{"/a.avi", "/b.avi"}));
-  EXPECT_EQ(prompts.AskFilesToOpen("Videos", {}, "/start"), std::vector<std::string>{"/c.avi"}) << "as does the end";
-}
-
-TEST(TerminalPrompts, ColoursAreTypedRedFirst) {
-  std::istringstream in("FF8000\nFF80001\nred\n\n");
-  std::ostringstream messages;
-  TerminalPrompts prompts(in, messages, true);
-  EXPECT_EQ(prompts.AskColor("Color", 0), 0x0080FFu);
-  EXPECT_EQ(prompts.AskColor("Color", 0), std::nullopt);
-  EXPECT_EQ(prompts.AskColor("Color", 0), std::nullopt);
-  EXPECT_EQ(prompts.AskColor("Color", 16711680), 16711680u);
-}
-
 }  // namespace
 }  // namespace captoria

@@ -43,27 +43,22 @@ TEST(ProgressFile, LeavesAloneWhatItMustNotWrite) {
   EXPECT_EQ(folder.Get("target"), "kept");
 }
 
-struct Line {
-  const char* name;
-  const char* content;
-  Told told;
-};
-
-class ProgressLine : public testing::TestWithParam<Line> {};
-
-TEST_P(ProgressLine, IsTakenWholeOrNotAtAll) {
+TEST(ProgressFile, ALineIsTakenWholeOrNotAtAll) {
+  struct Row {
+    const char* name;
+    const char* content;
+    Told told;
+  };
   const TestFolder folder;
-  EXPECT_EQ(ReadProgress(folder.Put("progress", GetParam().content)), GetParam().told);
+  for (const auto& [name, content, told] :
+       {Row{"NarrowNumbers", "3 8\n", Told({3, 8})}, Row{"LeadingZeros", "0003 0008\n", Told({3, 8})},
+        Row{"TheEnd", "8 8\n", Told({8, 8})}, Row{"Empty", "", {}}, Row{"NotYetEnded", "3 8", {}},
+        Row{"OneNumber", "3\n", {}}, Row{"MoreThanAll", "9 8\n", {}}, Row{"OfNothing", "0 0\n", {}},
+        Row{"Negative", "-1 8\n", {}}, Row{"Words", "three 8\n", {}}, Row{"MoreBehind", "3 8\n9", {}},
+        Row{"BeyondTheLargestNumber", "3 99999999999999999999\n", {}}}) {
+    EXPECT_EQ(ReadProgress(folder.Put("progress", content)), told) << name;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Lines, ProgressLine,
-    testing::Values(Line{"NarrowNumbers", "3 8\n", Told({3, 8})}, Line{"LeadingZeros", "0003 0008\n", Told({3, 8})},
-                    Line{"TheEnd", "8 8\n", Told({8, 8})}, Line{"Empty", "", {}}, Line{"NotYetEnded", "3 8", {}},
-                    Line{"OneNumber", "3\n", {}}, Line{"MoreThanAll", "9 8\n", {}}, Line{"OfNothing", "0 0\n", {}},
-                    Line{"Negative", "-1 8\n", {}}, Line{"Words", "three 8\n", {}}, Line{"MoreBehind", "3 8\n9", {}},
-                    Line{"BeyondTheLargestNumber", "3 99999999999999999999\n", {}}),
-    [](const auto& row) { return std::string{row.param.name}; });
 
 }  // namespace
 }  // namespace captoria

@@ -3,7 +3,6 @@
 
 // A mux script in a terminal window, with captoria-run itself at work in it. The terminals are shell scripts.
 #include <gtest/gtest.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 
 #include "script/script_runner.h"
@@ -56,17 +55,6 @@ TEST_F(ScriptInWindow, StoppingEndsItsToolsWhicheverTerminalItIsIn) {
     EXPECT_TRUE(IsOver(std::to_string(std::stoi(folder_.Get("id")))));
     EXPECT_FALSE(FileExists(folder_.File("ran")));
   }
-}
-
-TEST_F(ScriptInWindow, TheLogIsLockedAsLongAsTheScriptRunsAndNoLonger) {
-  PutProgram("a", "flock -n divxmux.log true && echo free >found || echo locked >found; sleep 100 & echo $! >id");
-  EXPECT_EQ(RunProgram("captoria-run", {folder_.Put("divxmux.bat", "/h\ncd \"" + folder_.Path() + "\"\na\n")}).status,
-            0);
-  EXPECT_EQ(folder_.Get("found"), "locked\n");
-  const int log = ::open(folder_.File("divxmux.log").c_str(), O_RDONLY | O_CLOEXEC);
-  EXPECT_EQ(::flock(log, LOCK_EX | LOCK_NB), 0) << "what a tool leaves behind does not hold it";
-  ::close(log);
-  ::kill(std::stoi(folder_.Get("id")), SIGKILL);
 }
 
 }  // namespace
