@@ -38,7 +38,7 @@ bool BeginsLikeNoKey(std::string_view content) {
   return content.empty() || content.front() == '[' || content.front() == ';' || content.front() == '#';
 }
 
-// The key of a line; empty when it has none.
+// The key of a line; empty if it has none.
 std::string_view KeyOf(std::string_view line) {
   const std::string_view content = Content(line);
   const auto equals = content.find('=');
@@ -61,8 +61,7 @@ std::string KeyName(std::size_t section, std::string_view key) {
 
 Result<IniDocument> IniDocument::Parse(std::string_view text) {
   if (const auto zero = text.find('\0'); zero != text.npos) {
-    return Failure(ErrorKind::Damaged,
-                   "byte " + std::to_string(zero + 1) + " is zero, which a settings text never holds");
+    return Failure(ErrorKind::Damaged, "byte " + std::to_string(zero + 1) + " is zero, so this is not a text file");
   }
   IniDocument document;
   if (text.starts_with(kByteOrderMark)) {
@@ -93,7 +92,7 @@ void IniDocument::AppendLine(std::string_view line) {
     return;
   }
   const std::string_view key = KeyOf(line);
-  // Lines without a key are kept as one run, so that a file of millions of them takes no more room than it has bytes.
+  // Lines without a key are kept together: an entry for each would take several times the size of a file of millions.
   std::string other = std::exchange(section.blank_tail, {});
   if (key.empty()) other += line;
   if (!other.empty()) {
@@ -133,7 +132,7 @@ bool IniDocument::Set(std::string_view section, std::string_view key, std::strin
   const std::size_t index = known ? *known : AddSection(section);
   if (const auto place = place_of_key_.find(KeyName(index, key)); place != place_of_key_.end()) {
     std::string& line = sections_[index].lines[place->second.line].text;
-    if (ValueOf(line) == Trim(value)) return true;  // blanks somebody put around it may stay
+    if (ValueOf(line) == Trim(value)) return true;  // keep the blanks that somebody put around it
     std::string changed{KeyOf(line)};
     changed.append("=").append(value).append(LineEnd(line));
     line = std::move(changed);
@@ -160,7 +159,7 @@ std::size_t IniDocument::AddSection(std::string_view name) {
   return sections_.size() - 1;
 }
 
-// Only the last line of a file can lack its end.
+// Only the last line of a file can lack a line end.
 void IniDocument::EndLine(std::string& text) const {
   if (!text.empty() && kLineBreaks.find(text.back()) == kLineBreaks.npos) text += line_end_;
 }

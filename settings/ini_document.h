@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// An INI text held line for line, as bytes. What an edit does not name comes out as it went in: comments, blank lines,
-// order, spelling, line ends (CR LF, LF or CR, mixed as they are) and a UTF-8 byte-order mark.
+// An INI text, kept line by line as bytes. An edit changes one line and keeps everything else: comments, blank lines,
+// order, spelling, line ends (CR LF, LF or CR, also mixed) and a UTF-8 byte-order mark.
 //
-// Names of sections and keys are compared without regard to ASCII case and to blanks around them. Where a section, or
-// a key within it, stands twice, the first one counts. A line that begins with ";" or "#" is a comment.
+// Names of sections and keys are compared without surrounding blanks and ignoring ASCII case. If a section occurs
+// twice, or a key occurs twice in its section, the first one counts. A line that begins with ";" or "#" is a comment.
 #pragma once
 
 #include <cstddef>
@@ -28,18 +28,19 @@ class IniDocument {
  public:
   IniDocument() = default;
 
-  // Damaged when `text` holds a zero byte: it is binary, UTF-16 or what a power cut left. Anything else is a document.
+  // Damaged if `text` contains a zero byte: it is binary, UTF-16 or left over from a power cut. Any other text is
+  // valid.
   static Result<IniDocument> Parse(std::string_view text);
 
-  // The text behind the first "=", without the blanks around it. Valid until the document changes.
+  // The text after the first "=", without surrounding blanks. Valid until the document changes.
   std::optional<std::string_view> Find(std::string_view section, std::string_view key) const;
 
-  // Replaces the key's line, or adds one behind the last line of the section that is not blank, or adds the section at
-  // the end. False, and nothing changed, for what a line cannot hold: a line break or zero byte anywhere, an empty
-  // name, "=" in a key, a key that begins with "[", ";" or "#", "]" in a section.
+  // Replaces the line of the key, or adds one after the section's last line that is not blank, or adds the section at
+  // the end. Returns false and changes nothing if a line cannot hold the texts: a line break or zero byte anywhere, an
+  // empty name, "=" in a key, a key that begins with "[", ";" or "#", "]" in a section.
   bool Set(std::string_view section, std::string_view key, std::string_view value);
 
-  // Removes every line of the key, so that no older value comes to light.
+  // Removes every line of the key. A second line left behind would become its value.
   void Erase(std::string_view section, std::string_view key);
 
   // Removes the section's keys; its header, comments and blank lines stay.
@@ -54,15 +55,15 @@ class IniDocument {
   std::string Text() const;
 
  private:
-  // One line with a key, or a run of lines without; whole, with line ends. Empty once erased.
+  // A line with a key, or several lines without one, with their line ends. Empty once erased.
   struct Line {
     std::string text;
     bool holds_key;
   };
   struct Section {
-    std::string header;       // the whole line; empty for what stands before the first section
+    std::string header;       // the whole line; empty for the lines before the first section
     std::vector<Line> lines;  // the last one is not blank
-    std::string blank_tail;   // the blank lines behind it
+    std::string blank_tail;   // the blank lines after them
   };
   struct Place {
     std::size_t section;
@@ -75,7 +76,7 @@ class IniDocument {
   std::size_t AddSection(std::string_view name);
   void EndLine(std::string& text) const;
 
-  std::string start_;             // the byte-order mark, when there is one
+  std::string start_;             // the byte-order mark, if there is one
   std::string line_end_{"\r\n"};  // of new lines
   bool line_end_seen_ = false;
   std::vector<Section> sections_{1};

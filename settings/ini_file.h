@@ -1,13 +1,14 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// One INI file and one of its sections, bound together: values by key, read anew from the file and written to it at
-// once, whole and synced. It starts with the program's own file, `<program folder>/Captoria.ini`, section "General".
+// Access to one section of one INI file. Every read reads the file again; every write replaces the whole file and syncs
+// it. An object starts with the program's own file, `<program folder>/Captoria.ini`, section "General".
 //
-// An operation on the section needs its name: with a blank one it tells the user so in a box and gives "", 0 or false.
-// A file that cannot be read gives the defaults, and Put is false rather than write over it.
+// An operation on the section needs a section name. If the name is blank, the operation shows a message box and returns
+// "", 0 or false. If the file cannot be read, Get returns the defaults, and Put returns false and does not overwrite
+// it.
 //
-// The file of profile texts that belongs to the system is not offered: the systems we run on have none.
+// A system-wide profile file is not supported: the systems we run on have none.
 #pragma once
 
 #include <functional>
@@ -42,29 +43,30 @@ class clsIniFile {
   bool DeleteStrEntry(std::string_view key);
   bool DeleteNumEntry(std::string_view key) { return DeleteStrEntry(key); }
 
-  // Removes the section's keys. The next operation on a section needs SetSectionName first.
+  // Removes the section's keys. Call SetSectionName before the next operation on a section.
   bool DeleteSection();
 
-  // Each entry as key, "=", value and a zero byte; or taken apart.
+  // Each entry as key, "=", value and a zero byte; or as key and value.
   std::string GetSectEntries() const;
   std::vector<IniEntry> GetSectEntriesEx() const;
 
   bool SectExist(std::string_view name) const;
 
-  // The names of all sections, each followed by a zero byte, and one more (two when there are none); or one by one.
+  // The names of all sections, each followed by a zero byte, and a final zero byte (two if there are none); or as a
+  // list.
   std::string GetSections() const;
   std::vector<std::string> GetSectionsEx() const;
 
-  // Whether such a file is there; a name without a point may have any extension.
+  // Whether the file exists. A name without a point stands for a file with any extension.
   static bool Exists(const std::string& name);
 
-  // Every Put is on the disk when it returns, so nothing is left to do here.
+  // Does nothing: every Put is on the disk when it returns.
   void FlushCache() const {}
 
-  // The whole file at one moment, for whoever wants many values.
+  // The whole file, for callers that want many values of the same moment.
   Result<IniDocument> Load() const;
 
-  // Many changes, all or none of them written.
+  // Makes several changes and writes all of them or none.
   Result<void> Update(const std::function<void(IniDocument&)>& edit);
 
  private:

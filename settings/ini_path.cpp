@@ -12,7 +12,7 @@ namespace {
 
 bool HasDrive(std::string_view path) { return path.size() >= 2 && path[1] == ':'; }
 
-// Systems without drives have one current folder, whatever letter is asked for.
+// Systems without drives have one current folder, whatever drive the path names.
 std::string CurrentFolder([[maybe_unused]] std::string_view path) {
   std::error_code gone;
 #ifdef _WIN32
@@ -39,7 +39,7 @@ std::string ExtractPath(std::string_view path) {
   const bool has_folder = path.find(separator) != path.npos;
   std::string folder = has_folder ? std::string{GetPathOnly(path)} : CurrentFolder(path);
   if (folder.ends_with(separator)) folder.pop_back();
-  // The root's name is its separator, where a root can go without a drive.
+  // A root without a drive is named by its separator alone.
   return folder.empty() && separator == '/' ? "/" : folder;
 }
 

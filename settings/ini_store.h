@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// An INI file read and changed as a whole. A file that is not there is an empty one; a file that cannot be read, or is
-// none of ours by its content, is never written over.
+// Reads and changes an INI file as a whole. A missing file counts as empty. A file that cannot be read, or whose
+// content is not an INI text, is never overwritten.
 #pragma once
 
 #include <cstdint>
@@ -16,25 +16,24 @@
 
 namespace captoria {
 
-// Some thousand times what the program writes; a larger file is something else.
+// Thousands of times what the program writes; a larger file is something else.
 constexpr std::uint64_t kLargestIniFile = std::uint64_t{16} << 20;
 
-// At most this many characters of a value are given back by IniRead.
+// IniRead returns at most this many characters of a value.
 constexpr std::size_t kLongestIniValue = 254;
 
 // Errors: Unreadable, Damaged, TooLarge.
 Result<IniDocument> ReadIniFile(const std::string& path);
 
-// Reads the file anew, lets `edit` change it and puts it in place whole and synced. A change that changes nothing does
-// not touch the disk.
+// Reads the file, calls `edit` and replaces the file, synced. Writes nothing if `edit` changes nothing.
 Result<void> EditIniFile(const std::string& path, const std::function<void(IniDocument&)>& edit);
 
-// A value, or the default when there is no such file, section or key: as text, cut to kLongestIniValue characters (of
-// UTF-8; a byte that is none counts as one), or with `numeric` as the whole number that leads the text.
+// The value, or the default if the file, section or key is missing: as text, cut to kLongestIniValue characters of
+// UTF-8 (an invalid byte counts as one), or with `numeric` as the whole number at the start of the text.
 std::variant<std::string, int> IniRead(std::string_view section, std::string_view key, std::string_view default_text,
                                        int default_number, bool numeric, const std::string& path);
 
-// Whether the value is in the file now.
+// Returns whether the file has the value now.
 bool IniWrite(std::string_view section, std::string_view key, std::string_view value, const std::string& path);
 
 }  // namespace captoria

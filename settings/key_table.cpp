@@ -11,7 +11,7 @@
 namespace captoria {
 namespace {
 
-// The value that `Path`, one pointer to member after the other, leads to.
+// Follows `Path`, a chain of pointers to members.
 template <typename Record, auto... Path>
 auto& Reach(Record& record) {
   return (record.*....*Path);
@@ -33,7 +33,7 @@ constexpr auto kFont = kStyle<&TrackStyle::font, Member>;
 template <auto Member>
 constexpr auto kTrackListFont = &Reach<TrackValues, &TrackValues::list_font, Member>;
 
-// Farther than any frame reaches, and near enough to be added up without fear.
+// Larger than any frame, and small enough that sums do not overflow.
 constexpr int kFarthest = 32767;
 constexpr int kLargestColor = 0xFFFFFF;
 constexpr std::string_view kListFontSize = "8";
@@ -48,9 +48,9 @@ using T = TrackStyle;
 // clang-format off
 constexpr auto kGlobalKeys = std::to_array<GlobalKey>({
     {"Lang", "English", kGlobal<&S::Lang>},  // language of the windows
-    {"UseBmpToXSub", "-1", kGlobal<&S::UseBmpToXSub>},  // make bitmaps 720 pixels wide for the converter, else 640 for the muxer alone
-    {keys::kDivXMuxPath, "", kGlobal<&S::DivXMuxPath>},  // file of the muxer, where the program's folder has none
-    {keys::kBmpToXSubPath, "", kGlobal<&S::bmpToxSubPath>},  // file of the bitmap converter, where the program's folder has none
+    {"UseBmpToXSub", "-1", kGlobal<&S::UseBmpToXSub>},  // make bitmaps 720 pixels wide for the converter, otherwise 640 for the muxer alone
+    {keys::kDivXMuxPath, "", kGlobal<&S::DivXMuxPath>},  // file of the muxer, used if the program's folder has none
+    {keys::kBmpToXSubPath, "", kGlobal<&S::bmpToxSubPath>},  // file of the bitmap converter, used if the program's folder has none
     {"UseRightToLeftLang0", "0", RightToLeft<0>},  // the first track is written from right to left
     {"UseRightToLeftLang1", "0", RightToLeft<1>},  // the second track is written from right to left
     {"UseRightToLeftLang2", "0", RightToLeft<2>},  // the third track is written from right to left
@@ -62,12 +62,12 @@ constexpr auto kGlobalKeys = std::to_array<GlobalKey>({
     {"BatchToRun", "", kGlobal<&S::BatchToRun>},  // command file to run after a subtitle file was loaded
     {"BackColor", "16711680", kGlobal<&S::BackColor>, 0, kLargestColor},  // background of the bitmaps: red + 256 x green + 65536 x blue
     {"Preview", "-1", kGlobal<&S::Preview>},  // show the preview
-    {"deleteTemp", "-1", kGlobal<&S::deleteTemp>},  // delete all temporary files when a film is made
-    {"deleteBmp", "0", kGlobal<&S::deleteBmp>},  // delete the temporary bitmaps when a film is made
-    {"deleteOther", "0", kGlobal<&S::deleteOther>},  // delete the other temporary files when a film is made
-    {keys::kReplaceDivX, "0", kGlobal<&S::ReplaceDivX>},  // replace a film of the same name, else make another name
-    {"FrameForPreview", "50", kGlobal<&S::FrameForPreview>, -1},  // number of the video frame behind the preview, -1 the first
-    {"ForceVideoHeight", "", kGlobal<&S::ForceVideoHeight>, 0, kFarthest},  // video height to reckon with in pixels, 0 for the video's own
+    {"deleteTemp", "-1", kGlobal<&S::deleteTemp>},  // delete all temporary files after a film was made
+    {"deleteBmp", "0", kGlobal<&S::deleteBmp>},  // delete the temporary bitmaps after a film was made
+    {"deleteOther", "0", kGlobal<&S::deleteOther>},  // delete the other temporary files after a film was made
+    {keys::kReplaceDivX, "0", kGlobal<&S::ReplaceDivX>},  // replace an existing film of the same name, otherwise choose another name
+    {"FrameForPreview", "50", kGlobal<&S::FrameForPreview>, -1},  // number of the video frame shown in the preview, -1 for the first
+    {"ForceVideoHeight", "", kGlobal<&S::ForceVideoHeight>, 0, kFarthest},  // video height in pixels to assume, 0 for the video's own
     {"UsePalMode1", "0", kGlobal<&S::UsePalMode1>},  // move the subtitles for PAL to NTSC conversion
     {"LoadSubManyTimes", "1", kGlobal<&S::LoadSubManyTimes>, 1},  // number of tracks a subtitle file is loaded into
     {"UnLoadSrt", "-1", kGlobal<&S::UnLoadSrt>},  // close all subtitle files when a video is opened
@@ -77,11 +77,11 @@ constexpr auto kGlobalKeys = std::to_array<GlobalKey>({
     {"LoadAviAuto", "-1", kGlobal<&S::LoadAviAuto>},  // open the video named like a loaded subtitle file from its folder
     {"LoadAviAutoFolder", "0", kGlobal<&S::LoadAviAutoFolder>},  // open the video named like a loaded subtitle file from the folder below
     {"LoadAviAutoFolderText", "", kGlobal<&S::LoadAviAutoFolderText>},  // that folder
-    {keys::kShowDos, "-1", kGlobal<&S::ShowDos>},  // show the tools at work in a console window
+    {keys::kShowDos, "-1", kGlobal<&S::ShowDos>},  // show the tools in a console window
     {keys::kShowDosPause, "-1", kGlobal<&S::ShowDosPause>},  // keep the console window open until a key is pressed
-    {keys::kWaitToEndDos, "-1", kGlobal<&S::WaitToEndDos>},  // wait for the tools and say how they ended
+    {keys::kWaitToEndDos, "-1", kGlobal<&S::WaitToEndDos>},  // wait for the tools and report how they ended
     {"ShowDosCombo", "0", kGlobal<&S::ShowDosCombo>, 0, kConsoleStyles - 1, Beyond::Default},  // style of the console window
-    {keys::kRunDivX, "0", kGlobal<&S::RunDivX>},  // play the film when it is made
+    {keys::kRunDivX, "0", kGlobal<&S::RunDivX>},  // play the film after it was made
     {"AutoShowAviInfo", "0", kGlobal<&S::AutoShowAviInfo>},  // show the streams of an opened video
     {"MiddlePos", "250", kGlobal<&S::MiddlePos>},  // top of the divider between the cues and the preview, twips
     {"FontNameL", kDefaultListFontName, kListFont<&Font::name>},  // font of the cue lists
@@ -93,14 +93,14 @@ constexpr auto kGlobalKeys = std::to_array<GlobalKey>({
     {"MainY", "150", kGlobal<&S::MainY>},  // top of the main window, twips
     {"MainWidth", "9000", kGlobal<&S::MainWidth>},  // width of the main window, twips
     {"MainHeight", "9000", kGlobal<&S::MainHeight>},  // height of the main window, twips
-    {keys::kShowWelcome, "-1", kGlobal<&S::ShowWelcome>},  // greet the user at the next start
+    {keys::kShowWelcome, "-1", kGlobal<&S::ShowWelcome>},  // show the welcome dialog at the next start
 });
 
 constexpr auto kTrackKeys = std::to_array<TrackKey>({
-    {"FitFont", "-1", kStyle<&T::FitFont>},  // make the font of cues beyond the safe viewing area smaller
+    {"FitFont", "-1", kStyle<&T::FitFont>},  // shrink the font of cues outside the safe viewing area
     {"VertPos", "40", kStyle<&T::VertPos>, -kFarthest, kFarthest},  // pixels above the bottom of the frame
-    {"HorPos", "0", kStyle<&T::HorPos>, kHorPosMin, kHorPosMax},  // pixels right of the centred place
-    {"InAlign", "1", kStyle<&T::InAlign>},  // alignment of the lines: 0 left, 1 centre, else right
+    {"HorPos", "0", kStyle<&T::HorPos>, kHorPosMin, kHorPosMax},  // pixels to the right of the centre
+    {"InAlign", "1", kStyle<&T::InAlign>},  // alignment of the lines: 0 left, 1 centre, otherwise right
     {"Language", "en ENGLISH", kStyle<&T::Language>},  // language of the stream: code, blank, name
     {"SubType", "2", kStyle<&T::SubType>, 1, kSubtitleTypes, Beyond::Default},  // type of the stream
     {"Color1R", "255", kStyle<&T::ForeColor, &Color::red>},  // red of the letters
@@ -127,7 +127,7 @@ constexpr auto kTrackKeys = std::to_array<TrackKey>({
 });
 // clang-format on
 
-// The rows of these names. A name that no row has does not compile.
+// The rows with these names. An unknown name does not compile.
 template <typename... Name>
 consteval auto Rows(Name... name) {
   const auto row = [](std::string_view wanted) { return &*std::ranges::find(kGlobalKeys, wanted, &GlobalKey::name); };
@@ -151,7 +151,8 @@ constexpr auto kOptionKeys =
          "AutoShowAviInfo", "FrameForPreview", "ForceVideoHeight", "UsePalMode1", "LoadSubManyTimes");
 
 constexpr std::size_t kListFontRows = 5;
-static_assert(kTrackKeys[kTrackKeys.size() - kListFontRows].name == "FontNameL", "a track's list font stands last");
+static_assert(kTrackKeys[kTrackKeys.size() - kListFontRows].name == "FontNameL",
+              "the rows of a track's list font come last");
 
 }  // namespace
 

@@ -33,14 +33,14 @@ inline constexpr std::string_view kShowWelcome = "ShowWelcome";
 inline constexpr std::string_view kWaitToEndDos = "WaitToEndDos";
 }  // namespace keys
 
-// What is kept of one track.
+// What the settings file keeps for one track.
 struct TrackValues {
   TrackStyle style;
   Font list_font;
 };
 
-// Reaches a value inside the record it belongs to. The type of the value says how it is read and written; a double is a
-// font size in points, a float a place on the screen in twips.
+// Returns a value inside its record. The type of the value decides how it is read and written: a double is a font size
+// in points, a float is a position on the screen in twips.
 template <typename Record>
 using Field = std::variant<bool& (*)(Record&), int& (*)(Record&), std::uint8_t& (*)(Record&), float& (*)(Record&),
                            double& (*)(Record&), std::string& (*)(Record&), Alignment& (*)(Record&)>;
@@ -68,7 +68,7 @@ using TrackKey = KeyRow<TrackValues>;
 std::span<const GlobalKey> GlobalKeys();
 std::span<const TrackKey> TrackKeys();
 
-// In the order they are written: with the tracks' styles, and by the options dialog.
+// In the order they are written: before the styles of the tracks, and by the options dialog.
 std::span<const GlobalKey* const> SessionKeys();
 std::span<const GlobalKey* const> OptionKeys();
 

@@ -16,10 +16,10 @@ namespace {
 
 struct ReadNumber {
   double value = 0;
-  std::size_t length = 0;  // of the text that made it; 0 where there is no number
+  std::size_t length = 0;  // of the text that was read; 0 if there is no number
 };
 
-// The power of ten of the first digit that is not 0, for a number that no double holds.
+// The power of ten of the first digit that is not 0, for a number that does not fit into a double.
 double Magnitude(std::string_view number) {
   const auto exponent_at = number.find_first_of("eE");
   const std::string_view digits = number.substr(0, exponent_at);
@@ -37,7 +37,7 @@ ReadNumber Read(std::string_view text) {
   const std::string_view trimmed = Trim(text);
   const std::size_t sign = trimmed.starts_with('+') || trimmed.starts_with('-') ? 1 : 0;
   const std::string_view number = trimmed.substr(sign);
-  // Only digits may follow, or names such as "inf" would be taken for numbers.
+  // A digit must follow, as std::from_chars also accepts names such as "inf".
   const std::size_t first_digit = number.starts_with('.') ? 1 : 0;
   if (number.size() <= first_digit || !IsDigit(number[first_digit])) return {};
 

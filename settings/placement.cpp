@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view kLetters = "lcr";  // in the order of Alignment
 
-// What stands behind the "|", taken apart.
+// The text after the "|", split.
 struct OwnPart {
   std::string_view position;
   std::optional<Alignment> alignment;

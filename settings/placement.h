@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Where one cue goes when it does not go where its track says. A cue keeps this as text, in its `Tag`: "18|55r" is
-// drawn at 18 points so that it fits, 55 pixels above the bottom of the frame, its lines flush right.
+// A cue's own placement, which overrides that of its track. The cue keeps it as text in its `Tag`: "18|55r" is drawn at
+// 18 points so that it fits, 55 pixels above the bottom of the frame, with its lines aligned right.
 //
-// The text before the first "|" is the fitting part; the own placement stands behind it. Whoever writes one of the two
-// leaves the other as it is.
+// The text before the first "|" is the fitting part, the text after it is the own placement. Writing one of them keeps
+// the other.
 #pragma once
 
 #include <optional>
@@ -24,32 +24,31 @@ constexpr Alignment AlignmentOf(int number) {
 // "l", "c" or "r", as placements write it.
 char LetterOf(Alignment alignment);
 
-// What a cue has of its own. For a value that is absent, the track's applies.
+// A cue's own values. If a value is absent, the track's applies.
 struct Placement {
   std::optional<int> position;         // whole pixels above the bottom of the frame
   std::optional<Alignment> alignment;  // of the lines within the text block
 };
 
-// The placement in `tag`; nothing of its own without a "|". A position that is no number, or none an int can hold, is
-// absent.
+// The placement in `tag`; empty without a "|". A position that is not a number, or too large for an int, is absent.
 Placement ReadPlacement(std::string_view tag);
 
-// `tag` with `placement` as its whole own placement: what is absent there is dropped here.
+// `tag` with its own placement replaced. A value that is absent in `placement` is removed.
 std::string WithPlacement(std::string_view tag, const Placement& placement);
 
-// The same with the text to stand behind the "|", for commands that may carry any text.
+// The same with any text to put after the "|", as commands may give it.
 std::string WithPlacementText(std::string_view tag, std::string_view own);
 
-// `tag` with another alignment. Its own position stays, letter by letter.
+// `tag` with another alignment. The text of its own position stays as it is.
 std::string WithOwnAlignment(std::string_view tag, Alignment alignment);
 
 std::string_view FittingPart(std::string_view tag);
 
-// `tag` with another fitting part, without "|" where it had none.
+// `tag` with another fitting part. Adds no "|".
 std::string WithFittingPart(std::string_view tag, std::string_view fitting);
 
-// The font size of the fitting part in points, 0 when the cue was not fitted. Its decimal point may be a comma, as
-// some locales write it.
+// The font size of the fitting part in points, 0 if the cue was not fitted. The decimal point may be a comma, as some
+// locales write it.
 double FittedSize(std::string_view tag);
 
 }  // namespace captoria

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What the program remembers apart from its tracks' styles. Every field is named for the key it is kept under, and the
-// key table (settings/key_table.h) says what it means and what it is by default.
+// What the program remembers apart from its tracks' styles. Every field has the name of its key; the key table
+// (settings/key_table.cpp) gives its meaning and its default.
 #pragma once
 
 #include <array>
@@ -12,7 +12,7 @@
 
 namespace captoria {
 
-// A player offers eight subtitle streams of a film, so as many tracks can be open, and as many are kept.
+// A player offers eight subtitle streams of a film, so at most eight tracks can be open and are remembered.
 constexpr int kMostTracks = 8;
 
 struct Settings {
@@ -20,7 +20,7 @@ struct Settings {
   bool UseBmpToXSub = false;
   std::string DivXMuxPath;
   std::string bmpToxSubPath;
-  std::array<bool, kMostTracks> right_to_left{};  // of the tracks by their index, open or not
+  std::array<bool, kMostTracks> right_to_left{};  // by track index, also of tracks that are not open
   std::string BatchToRun;
   int BackColor = 0;  // red + 256 x green + 65536 x blue
   bool Preview = false;
@@ -45,7 +45,7 @@ struct Settings {
   int ShowDosCombo = 0;
   bool RunDivX = false;
   bool AutoShowAviInfo = false;
-  float MiddlePos = 0;  // twips, as the four below
+  float MiddlePos = 0;  // twips, as are the four below
   Font list_font;       // of the current track's cue lists
   float MainX = 0;
   float MainY = 0;

@@ -9,7 +9,7 @@
 namespace captoria {
 namespace {
 
-// Somebody has to look at what keeps breaking the file long before there are so many.
+// Ends the search for a free name. Long before, somebody will have looked at what keeps damaging the file.
 constexpr int kMostSetAside = 1000;
 
 Result<std::string> SetAside(const std::string& path) {
@@ -32,9 +32,9 @@ OpenedSettings OpenSettingsFile(const std::string& path) {
 
   std::string report = document.error().message;
   if (const auto aside = SetAside(path)) {
-    report += ". It was put aside as " + *aside + "; the default settings apply.";
+    report += ". The file was renamed to " + *aside + ". The default settings apply.";
   } else {
-    report += ". The default settings apply and cannot be saved, as the file could not be put aside (" +
+    report += ". The default settings apply. Settings cannot be saved because the file could not be renamed (" +
               aside.error().message + ").";
   }
   return {{}, std::move(report)};

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The settings file as the program finds it when it starts. A file that cannot be used does not stop the program and is
-// not lost: it is put aside under a name of its own, and the defaults apply.
+// Opens the settings file at the start of the program. An unusable file does not stop the program and is not lost: it
+// is renamed, and the defaults apply.
 #pragma once
 
 #include <optional>
@@ -13,12 +13,12 @@
 namespace captoria {
 
 struct OpenedSettings {
-  IniDocument document;               // empty where there was no file or none that could be read
-  std::optional<std::string> report;  // what happened to an unusable file, naming both paths; for the caller to show
+  IniDocument document;               // empty if there was no usable file
+  std::optional<std::string> report;  // what happened to an unusable file, with both paths; for the user
 };
 
-// An unusable "Captoria.ini" becomes "Captoria.ini.damaged", or "Captoria.ini.damaged-2" and so on beside older ones.
-// Where its folder does not allow that it stays, and so does a folder of that name; nothing can be saved then.
+// Renames an unusable "Captoria.ini" to "Captoria.ini.damaged", or to "Captoria.ini.damaged-2" and so on if that
+// exists. If it cannot be renamed, or is a folder, it stays and nothing can be saved.
 OpenedSettings OpenSettingsFile(const std::string& path);
 
 }  // namespace captoria

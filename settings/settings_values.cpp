@@ -13,7 +13,7 @@ namespace captoria {
 namespace {
 
 constexpr double kLargestFont = 1000;  // points
-constexpr float kFarthestTwip = 1e6F;  // some hundred screens away
+constexpr float kFarthestTwip = 1e6F;  // a few hundred screens away
 
 int IntOf(std::string_view text) { return RoundToInt(NumberOfText(text)); }
 
@@ -68,7 +68,7 @@ void Load(const IniDocument& document, const KeyRow<Record>& row, std::string_vi
   std::visit([&](auto field) { Read(field(record), text, row); }, row.field);
 }
 
-// Saves values one after the other and remembers the keys that could not be stored.
+// Saves values and remembers the keys that could not be stored.
 class Saver {
  public:
   explicit Saver(IniDocument& document) : document_(document) {}
@@ -98,7 +98,7 @@ class Saver {
 };
 
 tl::unexpected<Error> UnknownKey(std::string_view key) {
-  return Failure(ErrorKind::Unsupported, std::string{key} + ": there is no setting of this name");
+  return Failure(ErrorKind::Unsupported, std::string{key} + ": there is no setting with this name");
 }
 
 // Whether the key may have this value.

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Settings between the document that holds them and the values the program works with. Nothing here touches a file: a
-// caller loads a document, and saves inside one clsIniFile::Update, so that a file has all of a save or nothing.
+// Converts settings between an INI document and the values that the program uses. Nothing here touches a file: callers
+// load a document, and save inside one clsIniFile::Update, so that a save is written whole or not at all.
 //
 // Reading never fails. A missing key gives its default, and a text without a number gives 0. A number beyond its range
 // gives the nearest one within, but the default if it chooses from a list. A font size of 0 or less gives the default.
@@ -22,17 +22,17 @@ namespace captoria {
 // The global settings (`LoadValues`).
 Settings LoadValues(const IniDocument& document);
 
-// The style last saved for the track of this index, 0 to 7. The right-to-left flag stays as it is, for it is kept with
+// The style last saved for the track with this index, 0 to 7. Leaves the right-to-left flag alone, which is kept with
 // the global settings.
 void LoadValuesForIndex(const IniDocument& document, int index, TrackStyle& style, Font& list_font);
 
 TrackStyle DefaultTrackStyle();
 
-// The saves give an error that names the keys whose texts cannot be stored (line breaks); the rest is saved all the
-// same. Keys and lines of others are not touched.
+// A save returns an error that names the keys whose texts cannot be stored (line breaks), and still saves the rest. It
+// leaves all other keys and lines alone.
 
 // `SaveValues`: language, window, right-to-left flags and the open tracks. An open track's flag and the current track's
-// list font come from `tracks`, whatever `settings` says; what is kept of tracks that are not open stays.
+// list font come from `tracks`, not from `settings`. The keys of tracks that are not open stay.
 Result<void> SaveValues(IniDocument& document, const Settings& settings, std::span<const TrackValues> tracks,
                         std::size_t current_track);
 
@@ -41,19 +41,20 @@ Result<void> SaveOptions(IniDocument& document, const Settings& settings);
 
 Result<void> SaveListFont(IniDocument& document, int index, const Font& list_font);
 
-// Puts one value into a document before it is loaded, as a command line's KEY=VALUE asks: "VertPos0", "60". Unsupported
-// when there is no such key, or when the key wants a number and the text is none.
+// Puts one value into a document before it is loaded, such as KEY=VALUE of a command line: "VertPos0", "60".
+// Unsupported if there is no such key, if the key needs a number and `value` is not one, or if `value` has a line
+// break.
 Result<void> ApplySetting(IniDocument& document, std::string_view key, std::string_view value);
 
-// One key and the value it fills, nothing else. `key` is the whole name, a track's with its index ("VertPos3"), though
-// nothing here looks at the index: the caller passes the style of that track. Unsupported if the record has no such
+// The functions below handle one key and its value, nothing else. `key` is the whole name, a track's with its index
+// ("VertPos3"). The index is not used: the caller passes the style of that track. Unsupported if the record has no such
 // key.
 
-// Gives the value what a load of `text` would give it. Unsupported as in ApplySetting.
+// Sets the value as a load of `text` would. Unsupported for the same reasons as ApplySetting.
 Result<void> SetKey(Settings& settings, std::string_view key, std::string_view text);
 Result<void> SetKey(TrackStyle& style, Font& list_font, std::string_view key, std::string_view text);
 
-// The text that stands for the value in a document; empty if the record has no such key.
+// The text of the value in a document; empty if the record has no such key.
 std::string TextOfKey(Settings settings, std::string_view key);
 std::string TextOfKey(const TrackStyle& style, const Font& list_font, std::string_view key);
 
