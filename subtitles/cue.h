@@ -13,7 +13,7 @@ struct SubtitleCue {
   std::string Number;     // decimal, 1 for the first kept cue
   std::string Show;       // HH:MM:SS,mmm
   std::string Hide;       // HH:MM:SS,mmm
-  std::string Text;       // UTF-8 lines joined by CR LF, none at the end; markup as the file has it
+  std::string Text;       // UTF-8 lines joined by CR LF, no CR LF at the end; markup as in the file
   std::string Tag;        // fitted font size and own placement (settings/placement.h); empty after reading
   bool Selected = false;  // chosen by the user or a select command
 };
@@ -26,7 +26,7 @@ inline int CountLines(std::string_view text) {
   return lines;
 }
 
-// The one row of a track whose file is a VobSub index: it carries no cues and is passed on as a file.
+// The only row of a track whose file is a VobSub index: the track has no cues and its file is passed on.
 inline SubtitleCue IdxPlaceholder() { return {.Number{}, .Show{}, .Hide = "idx file", .Text{}, .Tag{}}; }
 
 }  // namespace captoria

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::string_view kArrow = "-->";
 
-// Gives the lines of a text one after the other.
+// Splits a text into lines.
 class LineSplitter {
  public:
   explicit LineSplitter(std::string_view text)
@@ -28,20 +28,20 @@ class LineSplitter {
     line = text_.substr(start_, end - start_);
     has_arrow_ = arrow_ < end;
     start_ = end + (newline_ == return_ + 1 && end == return_ ? 2 : 1);
-    // Each is looked for only once it is passed, so that all three cost one walk over the text each.
+    // Each is searched for again only after passing it, so that each costs one walk over the text.
     if (return_ < start_) return_ = text_.find('\r', start_);
     if (newline_ < start_) newline_ = text_.find('\n', start_);
     if (arrow_ < start_) arrow_ = text_.find(kArrow, start_);
     return true;
   }
 
-  // Whether the line given last has an arrow in it.
+  // Whether the last line from Next contains an arrow.
   bool HasArrow() const { return has_arrow_; }
 
  private:
   std::string_view text_;
   std::size_t start_ = 0;
-  std::size_t return_;   // the next of its kind at or behind start_, or npos
+  std::size_t return_;   // the next one at or after start_, or npos
   std::size_t newline_;  // likewise
   std::size_t arrow_;    // likewise; an arrow never spans two lines
   bool has_arrow_ = false;
@@ -66,10 +66,10 @@ std::string Excerpt(std::string_view line) {
   return excerpt + (line.empty() ? "" : "...");
 }
 
-// Puts cues together from lines; the fields are those of the cue being collected.
+// Builds cues from lines. The fields belong to the cue being collected.
 class CueCollector {
  public:
-  // `expected` cues get their room at once: growing step by step costs a third of the whole time.
+  // Reserves room for `expected` cues: growing step by step takes a third of the whole time.
   explicit CueCollector(std::size_t expected) {
     cues_.reserve(expected);
     PreferLargePages(cues_.data(), expected * sizeof(SubtitleCue));
@@ -81,8 +81,8 @@ class CueCollector {
     text_ += kLineBreak;
   }
 
-  // Ends the cue being collected and begins the next, unless `line` does not hold two times: then that cue is lost with
-  // its end, and the reason is given.
+  // Ends the cue being collected and begins the next one. If `line` does not contain two times, returns the reason; the
+  // cue being collected is lost.
   std::optional<std::string> TimeLine(std::string_view line) {
     const auto arrow = line.find(kArrow);
     Milliseconds show{}, hide{};
@@ -114,8 +114,8 @@ class CueCollector {
   Milliseconds hide_{0};
 };
 
-// How many cues `text` may hold, by its beginning. A file that begins with nothing but arrows asks for no more room
-// than three times its size.
+// Estimates the number of cues in `text` from its beginning. A file that begins with nothing but arrows gets no more
+// room than three times its size.
 std::size_t ExpectedCues(std::string_view text) {
   const std::string_view beginning = text.substr(0, std::size_t{1} << 16);
   std::size_t arrows = 1;

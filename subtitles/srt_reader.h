@@ -3,10 +3,9 @@
 
 // Reads SubRip text into cues.
 //
-// The rule is that of the line before: the line directly above a time line ("a --> b") is the cue's index and never
-// text, whatever it holds; indices are not looked at and cues are numbered anew. Blank lines inside a cue are dropped,
-// a cue without text is dropped and takes no number, and text above the first time line (but for its last line) becomes
-// a cue at 00:00:00,000. Lines end at CR LF, CR or LF.
+// The line directly above a time line ("a --> b") is always the cue's index and never text. Indices are ignored and
+// cues are numbered from 1. Blank lines inside a cue are dropped, and a cue without text is dropped and gets no number.
+// Text above the first time line, except its last line, becomes a cue at 00:00:00,000. Lines end at CR LF, CR or LF.
 #pragma once
 
 #include <optional>
@@ -21,11 +20,11 @@ namespace captoria {
 // Why reading stopped before the end of the file.
 struct SrtProblem {
   std::size_t line = 0;  // counted from 1
-  std::string message;   // the reason, the line itself and what became of the cues before it
+  std::string message;   // the reason, the line itself and how many cues were kept
 };
 
 struct SrtReading {
-  std::vector<SubtitleCue> cues;  // those before the problem, when there is one
+  std::vector<SubtitleCue> cues;  // if there is a problem, those before it
   std::optional<SrtProblem> problem;
 };
 

@@ -15,7 +15,7 @@ namespace {
 constexpr std::uint64_t kLargestFile = std::uint64_t{512} << 20;
 constexpr std::size_t kSampleSize = std::size_t{128} << 10;
 
-// Appends `line` without what stands between "<" and ">" or "{" and "}".
+// Appends `line` without its tags, "<...>" and "{...}".
 void AppendWithoutTags(std::string_view line, std::string& sample) {
   while (!line.empty()) {
     const auto open = line.find_first_of("<{");

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A SubRip file from its bytes to its cues, whatever encoding it is in.
+// Reads SubRip files in any encoding.
 #pragma once
 
 #include <cstddef>
@@ -14,25 +14,25 @@
 namespace captoria {
 
 struct EncodingChoice {
-  int charset = 1;     // of the track's font; names the code page of a file that is not Unicode
-  std::string forced;  // an encoding's name when the user chose one; nothing is guessed then
+  int charset = 1;     // of the track's font; gives the code page of a file that is not Unicode
+  std::string forced;  // the encoding that the user chose; if set, nothing is guessed
 };
 
 struct SubtitleFile {
-  std::string encoding;         // as base/text_encoding.h names them
-  std::size_t undecodable = 0;  // bytes that had no meaning in it
+  std::string encoding;         // named as in base/text_encoding.h
+  std::size_t undecodable = 0;  // bytes that are invalid in it
   SrtReading reading;
 };
 
-// Reads `path`. A file that is at fault somewhere is no error here: the reading says where. An error is a file that
-// cannot be read, or one of more than 512 MiB, or an encoding that does not exist.
+// Reads `path`. A faulty time line is not an error here; the reading reports it. Errors: the file cannot be read or is
+// larger than 512 MiB, or the encoding is unknown.
 Result<SubtitleFile> ReadSubtitleFile(const std::string& path, const EncodingChoice& choice);
 
-// Whether the file is a VobSub index, which is told by its name alone.
+// Whether the file is a VobSub index, judged by its name alone.
 bool IsIdxFile(std::string_view path);
 
-// What a detector should look at: the lines of dialogue, without indices, time lines and tags. Fed with those it takes
-// most files for English. At most 128 KiB: enough to be sure, and quick for any file.
+// The part of a file for an encoding detector: the lines of dialogue without indices, time lines and tags, which would
+// make it take most files for English. At most 128 KiB: enough to be sure, and quick for any file.
 std::string DialogueSample(std::string_view bytes);
 
 }  // namespace captoria

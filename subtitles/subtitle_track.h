@@ -16,7 +16,7 @@
 
 namespace captoria {
 
-// How the file came to be these cues.
+// How the file was read.
 struct CueSource {
   std::string encoding;
   std::size_t undecodable = 0;
@@ -40,7 +40,7 @@ struct SubtitleTrack {
 
   bool HasFile() const { return !path.empty(); }
   bool IsIdx() const { return IsIdxFile(path); }
-  bool IsRendered() const { return HasFile() && !IsIdx(); }  // a VobSub file holds pictures already
+  bool IsRendered() const { return HasFile() && !IsIdx(); }  // a VobSub file already contains pictures
 };
 
 }  // namespace captoria

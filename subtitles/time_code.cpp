@@ -12,8 +12,8 @@
 namespace captoria {
 namespace {
 
-// Writes `value`, below 10 to the power of `digits`, and gives the end. A list of a hundred thousand cues has two
-// hundred thousand times, which printf would take longer over than reading the file.
+// Writes `value`, which is below 10 to the power of `digits`, and returns the end. A list of a hundred thousand cues
+// has two hundred thousand times; printf would take longer for them than reading the file.
 char* PutDigits(long long value, int digits, char* to) {
   for (int i = digits - 1; i >= 0; --i, value /= 10) to[i] = static_cast<char>('0' + value % 10);
   return to + digits;
@@ -56,13 +56,13 @@ int ReadTimeOfDay(std::string_view text) {
   return TimeOfDay(text.substr(0, first), text.substr(first + 1, second - first - 1), text.substr(second + 1));
 }
 
-// The same of "HH:MM:SS," with whatever behind it; -1 also for a time that is written in another way.
+// The same for the usual form "HH:MM:SS,"; -1 also for any other form.
 int ReadUsualTimeOfDay(std::string_view text) {
   if (text.size() < 9 || text[2] != ':' || text[5] != ':' || text[8] != ',') return -1;
   return TimeOfDay(text.substr(0, 2), text.substr(3, 2), text.substr(6, 2));
 }
 
-// The digits behind the decimal comma as milliseconds, 0 to 1000. Digits past the fourth cannot change the rounding.
+// The digits after the decimal comma as milliseconds, 0 to 1000. Digits after the fourth cannot change the rounding.
 int ReadFraction(std::string_view text) {
   int tenths = 0;  // of a millisecond
   int weight = 1000;
@@ -79,14 +79,15 @@ int ReadFraction(std::string_view text) {
 std::string FormatTimeCode(Milliseconds time) { return Format(time, ','); }
 
 std::string MakeTime(float seconds) {
-  // Beyond what 64 bits hold in milliseconds, or not a number: nothing that could be shown as a time.
+  // Not a number, or too large for milliseconds in 64 bits.
   if (!(seconds > 0) || seconds > 9e15F) return Format(Milliseconds{0}, '.');
   return Format(Milliseconds{std::llround(static_cast<double>(seconds) * 1000)}, '.');
 }
 
 std::optional<TimeFault> ReadTimeCode(std::string_view text, Milliseconds& time) {
   text = Trim(text);
-  // Nearly all times are of one form, and searching them for their marks would be a tenth of reading a file.
+  // Nearly all times have the usual form. Searching each for its separators would take a tenth of the time to read a
+  // file.
   std::size_t comma = 8;
   int time_of_day = ReadUsualTimeOfDay(text);
   if (time_of_day < 0) {

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The open tracks. There is always at least one and exactly one is current; a track is made behind the last one when
-// that holds a file, and tracks are only ever closed together.
+// The open tracks. There is always at least one, and exactly one is current. A new track is added after the last one if
+// that has a file. Tracks are only closed all together.
 #pragma once
 
 #include <array>
@@ -16,14 +16,14 @@ namespace captoria {
 
 class TrackSet {
  public:
-  // Gives a new track the style that was last saved for its index, 0 to 7. The right-to-left flag is not its to give:
-  // that is remembered here for all eight indices, whether or not their tracks are open.
+  // Gives a new track the style last saved for its index, 0 to 7, but not the right-to-left flag: the set remembers
+  // that for all eight indices, also for tracks that are not open.
   using StyleSource = std::function<void(int index, SubtitleTrack& track)>;
 
   int Count() const { return count_; }
   int CurrentIndex() const { return current_; }
 
-  // Whether there is room for another track, and so a tab "<New>".
+  // Whether there is room for another track, and therefore a tab "<New>".
   bool HasNewTab() const { return count_ < kMostTracks; }
 
   // The open tracks in tab order.
@@ -36,8 +36,8 @@ class TrackSet {
   // Makes an open track current; `index` is 0 to Count() - 1.
   void Select(int index);
 
-  // What choosing the last tab does: a new track becomes current when the last one holds a file and there is room;
-  // otherwise the last one becomes current.
+  // Chooses the last tab: adds a track and makes it current if the last one has a file and there is room; otherwise
+  // makes the last one current.
   void SelectLastTab(const StyleSource& style_of);
 
   // Closes all tracks (`UnloadAllSrts`); the first stays, empty, with its style.
