@@ -23,13 +23,13 @@ bool StartsIgnoringCase(std::string_view text, std::string_view start) {
   return EqualsIgnoringCase(text.substr(0, start.size()), start);
 }
 
-// Without the blanks around it. A tab is no blank here: it may be what a text begins with.
+// Without surrounding blanks. A tab does not count as a blank here, as a text may begin with one.
 std::string_view TrimBlanks(std::string_view text) {
   const auto first = text.find_first_not_of(' ');
   return first == text.npos ? std::string_view{} : text.substr(first, text.find_last_not_of(' ') + 1 - first);
 }
 
-// The first line of `text`, which is cut off with its line end.
+// Removes the first line of `text` with its line end, and returns it without.
 std::string_view TakeLine(std::string_view& text) {
   const std::string_view line = text.substr(0, text.find_first_of(kLineBreaks));
   text.remove_prefix(line.size());
@@ -37,7 +37,7 @@ std::string_view TakeLine(std::string_view& text) {
   return line;
 }
 
-// The text up to the next comma, trimmed, which is cut off with it; nothing when there is no comma.
+// Removes the text up to the next comma and the comma, and returns the text trimmed; nothing if there is no comma.
 std::optional<std::string_view> TakeField(std::string_view& text) {
   const auto comma = text.find(',');
   if (comma == text.npos) return std::nullopt;
@@ -53,7 +53,7 @@ struct MarkedText {
   bool for_all = false;
 };
 
-// What stands between the marks of a field, which are a character each.
+// The text between the quotation marks of a field. Any character counts as a mark.
 MarkedText TextIn(std::string_view field) {
   MarkedText marked;
   marked.for_all = field.ends_with('a') || field.ends_with('A');
@@ -94,7 +94,7 @@ Result<std::string> ReadText(const std::string& path, int charset) {
   auto bytes = ReadWholeFile(path, kLargestCommandFile);
   if (!bytes && bytes.error().kind == ErrorKind::TooLarge) {
     return Failure(ErrorKind::TooLarge,
-                   path + ": has more than 64 KiB, which no command file needs; choose another file");
+                   path + ": has more than 64 KiB, so it is not a command file; choose another file");
   }
   if (!bytes) return bytes;
   auto encoding = UnicodeEncodingOf(*bytes);

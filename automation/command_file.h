@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Command files (*.cbx): what is done to the cues of every newly loaded file, written down once. A text file with a
-// command a line, in order:
+// Command files (*.cbx) say what to do with the cues of every newly loaded file. They are text files with one command
+// per line, run in order:
 //
 //   # Dashes to the left
 //   Select 2, "-"A, ""
 //   PosAlignment 35, l
 //
-// A keyword stands at the very start of its line, in any case, with exactly one blank behind it. A line without one,
-// as the comment, says nothing.
+// A keyword begins its line, in any case, and exactly one blank follows it. Lines without a keyword, such as the
+// comment, are ignored.
 #pragma once
 
 #include <cstddef>
@@ -25,10 +25,10 @@
 
 namespace captoria {
 
-// Gives the selected cues a placement of their own (settings/placement.h) in place of the one they have. What it does
-// not give is taken away.
+// Replaces the own placement of the selected cues (settings/placement.h). A value that the command does not set is
+// removed.
 struct PlacementCommand {
-  int position = 0;       // whole pixels above the bottom of the frame; not checked against its height
+  int position = 0;       // whole pixels above the bottom of the frame, not checked against its height
   std::string alignment;  // "l", "c" or "r"; any other text is passed on as it is
   bool toChangePos = false;
   bool toChangeAl = false;
@@ -38,15 +38,16 @@ struct PlacementCommand {
 
 using Command = std::variant<SelectRule, PlacementCommand>;
 
-// The command of a line without its line end; nothing when the line holds none. Damaged, without a place, when the
-// commas between the fields are missing.
+// The command in a line without its line end; nothing if the line has no command. Damaged, with a message that names no
+// line, if a comma between the fields is missing.
 //
-// A field that is no number is 0 and one like "7x" is 7. The marks around a text are taken off whatever they are, and a
-// start text ends at the first comma.
+// A field that is not a number is 0, and "7x" is 7. The first and the last character of a text count as its quotation
+// marks, whatever they are. A start text ends at the first comma.
 std::optional<Result<Command>> ParseCommand(std::string_view line);
 
-// The line of a command: `Select 2, "-"A, ""`, `PosAlignment 35, c`. ParseCommand reads the same command from it, if a
-// start text has no comma, no text a line break, and an alignment is not empty and neither begins nor ends in a blank.
+// The line of a command: `Select 2, "-"A, ""`, `PosAlignment 35, c`. ParseCommand reads the same command back if the
+// start text has no comma, no text has a line break, and the alignment is not empty and neither begins nor ends with a
+// blank.
 std::string ComposeCommand(const SelectRule& rule);
 std::string ComposeCommand(const PlacementCommand& command);
 
@@ -55,27 +56,27 @@ struct CommandFileLine {
   Result<Command> command;
 };
 
-// The commands of a whole file's text, with lines that end in CR LF, CR or LF.
+// The commands in the text of a whole file. Lines end at CR LF, CR or LF.
 std::vector<CommandFileLine> ParseCommands(std::string_view text);
 
-// No file of ours is as large: it holds above a thousand commands.
+// Room for more than a thousand commands. A larger file is not a command file.
 inline constexpr std::size_t kLargestCommandFile = std::size_t{64} << 10;
 
-// Reads a command file in any encoding; `charset` is that of a font (base/text_encoding.h), which names the code
-// page of a file that is not Unicode. Errors: a file that cannot be read, or a TooLarge one.
+// Reads a command file in any encoding. `charset` is that of a font (base/text_encoding.h) and gives the code page of a
+// file that is not Unicode. Errors: the file cannot be read, or is TooLarge.
 Result<std::vector<CommandFileLine>> ReadCommandFile(const std::string& path, int charset = 1);
 
-// A command file as people edit it.
+// A command file in an editor.
 struct CommandFileText {
   std::string comment;
-  std::vector<std::string> lines;  // all others that are not blank, as the file has them
+  std::vector<std::string> lines;  // all other lines that are not blank, unchanged
 };
 
-// The same file for an editor. Of several comments it has the last.
+// Reads a command file for an editor. If it has several comments, gives the last one.
 Result<CommandFileText> ReadCommandFileText(const std::string& path, int charset = 1);
 
-// Writes UTF-8 with the comment as the first line, also when it is empty, in place of what `path` held; the old file
-// stays whole when that fails. A line break inside of the comment or a line becomes a blank.
+// Replaces the file at `path`: UTF-8, with the comment as the first line even if it is empty. If that fails, the old
+// file stays. A line break inside the comment or a line becomes a blank.
 Result<void> WriteCommandFile(const std::string& path, std::string_view comment, std::span<const std::string> lines);
 
 }  // namespace captoria

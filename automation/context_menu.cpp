@@ -10,19 +10,19 @@ namespace {
 
 constexpr const char* kVerb = "Create .divx with subs";
 
-// The key that holds the verbs of AVI files. It need not be there.
+// The key for the verbs of AVI files. It may not exist yet.
 Result<std::string> ShellKey(const RegistryClass& registry) {
   const std::string file_type = registry.ReadValue(".avi", "");
   if (file_type.empty()) return R"(.avi\shell)";
   if (registry.KeyExists(file_type)) return file_type + R"(\shell)";
-  return Failure(ErrorKind::NotFound, "the kind of file that .avi is, " + file_type + ", is not registered");
+  return Failure(ErrorKind::NotFound, ".avi files have the type " + file_type + ", which is not registered");
 }
 
 Result<std::string> VerbKey(const RegistryClass& registry) {
   return ShellKey(registry).map([](const std::string& shell) { return shell + "\\" + kVerb; });
 }
 
-// What the file manager runs. The program takes all that stands behind the switch for the path.
+// What the file manager runs. The program takes everything after the switch as the path.
 std::string CommandText(const std::string& executable) { return '"' + executable + R"(" /auto %1)"; }
 
 Result<void> AddVerb(RegistryClass& registry, const std::string& executable) {
@@ -44,7 +44,7 @@ Result<void> RemoveVerb(RegistryClass& registry) {
 }
 
 FileAction ActionOf(const std::string& executable) {
-  // Named after the program's domain, for the folder is shared by all programs of the user.
+  // Named after the program's domain, as all programs of the user share the folder.
   return {.id = "org.captoria.Captoria.Convert",
           .name = kVerb,
           .icon = "org.captoria.Captoria",

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// "Create .divx with subs" at the right click on an AVI file: the file manager starts the program unattended.
+// The entry "Create .divx with subs" in the context menu of AVI files: the file manager starts the program, which runs
+// unattended.
 #pragma once
 
 #include <string>
@@ -13,33 +14,33 @@
 
 namespace captoria {
 
-// Whether the verb is registered for the class that ".avi" names, or for ".avi" where it names none. False when the
-// class named is not there.
+// Whether the verb is registered for the class that ".avi" names, or for ".avi" itself if it names no class. False if
+// the named class does not exist.
 bool IsAtRightClick(const RegistryClass& registry);
 
-// Makes IsAtRightClick equal `add`, with a command that starts `executable`, a whole path. Does nothing when it is
-// equal already, whatever program the command there starts, nor when the class named is not there. A failure is not
-// told: IsAtRightClick tells what came of it. Where ".avi" is not there either, it is made for the verb.
+// Adds or removes the verb, so that IsAtRightClick equals `add`. The command starts `executable`, an absolute path.
+// Does nothing if they are already equal, whatever program the command starts, or if the named class does not exist.
+// Creates ".avi" for the verb if needed. Failures are not reported; IsAtRightClick shows the outcome.
 void PutAtRightClick(RegistryClass& registry, const std::string& executable, bool add);
 
 // The program to start in `folder`: "/opt/captoria/Captoria", "C:\Tools\Captoria.exe".
 std::string VerbProgram(std::string_view folder);
 
-// The verb where the registry is the program's own and no file manager reads it: registered there and offered on the
-// desktop, both for this program. What names another copy, such as one that was moved since, is not registered and
-// does not hinder Register.
+// The entry on systems where the registry is a file of the program, which no file manager reads. It counts as
+// registered if both the registry and the desktop entry name this program. An entry of another copy, such as one that
+// was moved, does not count, and Register replaces it.
 class ContextMenuEntry {
  public:
-  // `registry` has to outlive it. `executable` is a whole path.
+  // `registry` must outlive this object. `executable` is an absolute path.
   ContextMenuEntry(RegistryClass& registry, FileActions actions, std::string executable)
       : registry_(registry), actions_(std::move(actions)), executable_(std::move(executable)) {}
 
   bool IsRegistered() const;
 
-  // Nothing is written when it is registered. Fails as the registry and the desktop do, and then it is not.
+  // Writes nothing if already registered. If the registry or the desktop fails, nothing stays registered.
   Result<void> Register();
 
-  // Also what names another copy. Whatever can be removed is.
+  // Removes the entries of any copy of the program, as far as possible.
   Result<void> Unregister();
 
  private:

@@ -8,8 +8,8 @@
 namespace captoria {
 namespace {
 
-// Greek writes a small sigma in another way at the end of a word, and a capital one does not say which it is to become.
-// As one letter, what was typed as "ΟΣ" finds the cues that end in "ος".
+// Greek has another form of the small sigma at the end of a word, and a capital sigma can become either. As one letter,
+// "ΟΣ" as typed finds the cues that end with "ος".
 char32_t OneSigma(char32_t character) {
   constexpr char32_t kFinalSigma = 0x3C2, kSigma = 0x3C3;
   return character == kFinalSigma ? kSigma : character;
@@ -25,7 +25,7 @@ std::u32string CharactersOf(std::string_view text) {
   return characters;
 }
 
-// Whether `test` holds for each line of `text`.
+// Whether every line of `text` passes `test`.
 template <typename Test>
 bool AllLines(std::string_view text, const Test& test) {
   while (true) {
@@ -57,7 +57,7 @@ CueMatcher::CueMatcher(const SelectRule& rule, CaseRule case_rule)
       end_for_all_(rule.txtToEndForAll),
       case_rule_(case_rule) {}
 
-// Characters of the cue are read one by one until one differs: most cues differ in the first.
+// Reads the characters of the cue one by one until one differs: most cues differ in the first.
 bool CueMatcher::Starts(std::string_view text) const {
   return std::ranges::all_of(start_, [&](char32_t wanted) {
     if (text.empty()) return false;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Choosing cues by their shape: how many lines they have, what they start with and what they end with. "Two lines, each
-// with a dash before it" finds the dialogues of a file.
+// Selects cues by their number of lines and by the texts they start and end with. "Two lines that each start with a
+// dash" finds the dialogues of a file.
 #pragma once
 
 #include <cstddef>
@@ -15,27 +15,27 @@
 
 namespace captoria {
 
-// What a cue must have. Capital letters in either text match nothing: it is for whoever makes the rule to write them
-// small.
+// What a cue must have. A capital letter in either text never matches: whoever makes a rule converts its texts to lower
+// case.
 struct SelectRule {
   int NumOfLines = 0;             // 0 or less: any number
   std::string txtToStart;         // in lower case; empty: anything
   bool txtToStartForAll = false;  // every line starts so, not only the first
-  std::string txtToEnd;           // in lower case, its last character first; empty: anything
+  std::string txtToEnd;           // in lower case, in reverse order; empty: anything
   bool txtToEndForAll = false;    // every line ends so, not only the last
 
   bool operator==(const SelectRule&) const = default;
 };
 
-// `text` with its characters in the opposite order, as a rule keeps the end of a cue.
+// `text` with its characters in reverse order, as in `txtToEnd`.
 std::string ReversedCharacters(std::string_view text);
 
-// A rule made ready to be asked of many cues.
+// A rule prepared for matching many cues.
 class CueMatcher {
  public:
   CueMatcher(const SelectRule& rule, CaseRule case_rule);
 
-  // Whether a cue of this text has all that the rule asks for. A rule that asks for nothing is met by no cue.
+  // Whether a cue with this text meets the whole rule. An empty rule matches no cue.
   bool Matches(std::string_view text) const;
 
  private:
@@ -48,7 +48,7 @@ class CueMatcher {
   CaseRule case_rule_;
 };
 
-// Selects the cues that meet the rule, and no others, whatever was selected before. Gives how many they are.
+// Selects exactly the cues that match the rule, and returns their number.
 std::size_t SelectCues(std::span<SubtitleCue> cues, const SelectRule& rule, CaseRule case_rule);
 
 }  // namespace captoria

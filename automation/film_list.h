@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The videos of a batch conversion, in the order they were added. Paths are bytes.
+// The films to convert in one run, in the order they were added. Paths are bytes.
 #pragma once
 
 #include <cstddef>
@@ -15,13 +15,13 @@ class FilmList {
  public:
   const std::vector<std::string>& Files() const { return files_; }
 
-  // At the end, unless the list holds the path already, in whatever case of ASCII letters.
+  // Appends the path, unless the list already contains it, ignoring ASCII case.
   void AddFile(const std::string& path);
 
-  // Every "*.avi" of the folder, by the bytes of their names; also what the list holds already.
+  // Appends every "*.avi" of the folder, sorted by the bytes of the names, even if the list already contains it.
   void AddFolder(const std::string& folder);
 
-  // What was dropped: a video, or a folder for the videos in it. What is listed already, or is no video, is left out.
+  // Appends a dropped video, or the videos in a dropped folder. Ignores other files and videos already in the list.
   void AddDropped(const std::string& path);
 
   void Remove(std::size_t index) { files_.erase(files_.begin() + static_cast<std::ptrdiff_t>(index)); }
