@@ -147,22 +147,5 @@ TEST_F(CommandFileOnDisk, IsReadInTheCodePageOfTheFontOrInUnicode) {
   EXPECT_EQ(start(std::string("\xFF\xFEs\0e\0l\0e\0c\0t\0 \0,\0\"\0\xCC\x03\"\0,\0", 26)), "ό");
 }
 
-TEST_F(CommandFileOnDisk, WhatIsNoCommandFileIsRefusedOrIgnored) {
-  std::string binary;
-  std::mt19937 random(1);
-  for (int i = 0; i < 60000; ++i) binary += static_cast<char>(random());
-  folder_.Put("a.cbx", binary);
-  const auto lines = ReadCommandFile(file_);
-  ASSERT_TRUE(lines);
-  EXPECT_THAT(*lines, IsEmpty());
-
-  folder_.Put("a.cbx", std::string(10 << 20, '\n'));
-  const auto large = ReadCommandFile(file_);
-  ASSERT_FALSE(large);
-  EXPECT_EQ(large.error().kind, ErrorKind::TooLarge);
-  EXPECT_THAT(large.error().message, HasSubstr(file_ + ": has more than 64 KiB"));
-  EXPECT_FALSE(ReadCommandFile(folder_.Path()));
-}
-
 }  // namespace
 }  // namespace captoria

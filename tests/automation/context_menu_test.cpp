@@ -63,13 +63,6 @@ TEST(PutAtRightClick, AVerbWithoutItsCommandGoesToo) {
   EXPECT_FALSE(IsAtRightClick(registry));
 }
 
-TEST(PutAtRightClick, ARefusalIsSeenInTheState) {
-  const TestFolder folder;
-  FileRegistry registry(folder.Put("file", "") + "/keys");
-  PutAtRightClick(registry, kProgram, true);
-  EXPECT_FALSE(IsAtRightClick(registry));
-}
-
 TEST(VerbProgram, IsNamedAsItsSystemNamesPrograms) {
   EXPECT_EQ(VerbProgram("/opt/my tools"), "/opt/my tools/Captoria");
   EXPECT_EQ(VerbProgram("C:\\My Tools"), kProgram);

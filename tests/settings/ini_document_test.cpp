@@ -49,6 +49,7 @@ INSTANTIATE_TEST_SUITE_P(
         Edit{"HeaderWithoutEndGetsOne", "[A]", "A", "y", "2", "[A]\r\ny=2\r\n"},
         Edit{"NewSectionBehindBlanksWithoutEnd", "[A]\nx=1\n ", "B", "y", "2", "[A]\nx=1\n \n[B]\ny=2\n"},
         Edit{"CaseAndSpellingAreTheFiles", "[GENERAL]\nLANG=a\n", "general", "lang", "b", "[GENERAL]\nLANG=b\n"},
+        Edit{"BlanksInAHeaderDoNotCount", "[ A ]\nx=1\n", "A", "x", "2", "[ A ]\nx=2\n"},
         Edit{"BlanksAroundAnEqualValueStay", "[A]\n x =  42  \n", "A", "x", "42", "[A]\n x =  42  \n"},
         Edit{"BlanksGoWithTheOldValue", "[A]\n x =  42  \n", "A", "x", "7", "[A]\nx=7\n"},
         Edit{"MixedLineEndsStay", "[A]\r\nx=1\ny=2\r\nz=3\r;end", "A", "y", "9", "[A]\r\nx=1\ny=9\r\nz=3\r;end"},

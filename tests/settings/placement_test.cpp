@@ -46,14 +46,6 @@ TEST(Placement, AligningKeepsFittingPartAndPosition) {
   EXPECT_EQ(WithOwnAlignment("9|+007 l", Center), "9|+007 c") << "the position stays as it is written";
 }
 
-TEST(Placement, WhatIsNotWrittenIsDropped) {
-  EXPECT_EQ(WithPlacement("12|40l", {25, {}}), "12|25");
-  EXPECT_EQ(WithPlacement("12|40l", {{}, Center}), "12|c");
-  EXPECT_EQ(WithPlacement("12|40l", {25, Center}), "12|25c");
-  EXPECT_EQ(WithPlacement("12|40l", {}), "12|");
-  EXPECT_EQ(WithPlacement("7", {25, Center}), "7|25c");
-}
-
 TEST(Placement, FittedSizeMayHaveAComma) {
   EXPECT_EQ(FittedSize("12,75|40l"), 12.75);
   EXPECT_EQ(FittedSize("18"), 18);

@@ -24,13 +24,20 @@ TrackValues TrackOf(const IniDocument& document, int index) {
   return track;
 }
 
-// The value of a key, as the text that a save would write for it.
-std::string TextOf(const IniDocument& document, std::string_view key) {
-  const auto of_track = FindTrackKey(key);
-  if (!of_track) return TextOfKey(LoadValues(document), key);
-  const TrackValues track = TrackOf(document, of_track->index);
-  return TextOfKey(track.style, track.list_font, key);
-}
+// The values of a document and of one of its tracks.
+struct Values {
+  explicit Values(const IniDocument& document) : settings(LoadValues(document)), track(TrackOf(document, 0)) {}
+
+  Result<void> Set(std::string_view key, std::string_view text) {
+    return FindTrackKey(key) ? SetKey(track.style, track.list_font, key, text) : SetKey(settings, key, text);
+  }
+  std::string Text(std::string_view key) const {
+    return FindTrackKey(key) ? TextOfKey(track.style, track.list_font, key) : TextOfKey(settings, key);
+  }
+
+  Settings settings;
+  TrackValues track;
+};
 
 void SaveEverything(IniDocument& document, const IniDocument& source, std::size_t tracks) {
   const Settings settings = LoadValues(source);
@@ -57,8 +64,8 @@ struct Reading {
 class SettingsReading : public testing::TestWithParam<Reading> {};
 
 TEST_P(SettingsReading, BringsTheValueIntoItsRange) {
-  EXPECT_EQ(TextOf(Parsed(std::string{GetParam().key} + "=" + GetParam().text + "\n"), GetParam().key),
-            GetParam().value);
+  const Values values(Parsed(std::string{GetParam().key} + "=" + GetParam().text + "\n"));
+  EXPECT_EQ(values.Text(GetParam().key), GetParam().value);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -75,6 +82,9 @@ INSTANTIATE_TEST_SUITE_P(
         Reading{"FractionOfAPoint", "FontSize0", "12.75", "12.75"}, Reading{"HugeFont", "FontSizeL", "1e300", "1000"},
         Reading{"WindowFraction", "MainX", "-75.5", "-75.5"}, Reading{"HugeWindow", "MainWidth", "1e99", "1000000"},
         Reading{"WhiteBeyond", "BackColor", "99999999", "16777215"},
+        Reading{"FontBelowAPoint", "FontSize0", "0.3", "1"}, Reading{"CharsetAboveAByte", "FontCharset0", "300", "255"},
+        Reading{"FrameBeforeTheFirst", "FrameForPreview", "-2", "-1"},
+        Reading{"NegativeHeight", "ForceVideoHeight", "-5", "0"},
         Reading{"TypeZeroIsNotInTheList", "SubType0", "0", "2"}, Reading{"FirstType", "SubType0", "1", "1"},
         Reading{"LastType", "SubType0", "17", "17"}, Reading{"TypeBehindTheList", "SubType0", "18", "2"},
         Reading{"LastConsoleStyle", "ShowDosCombo", "4", "4"},
@@ -91,12 +101,12 @@ std::string OtherText(const KeyRow<Record>& key) {
   return std::to_string(number == 255 ? 254 : number + 1);
 }
 
-// Each key of a settings file with two tracks, and a value that is not its default.
-std::map<std::string, std::string> OtherTexts() {
+// A value that is not the default for each key.
+std::map<std::string, std::string> OtherTexts(int tracks) {
   std::map<std::string, std::string> texts;
   for (const GlobalKey& key : GlobalKeys()) texts[std::string{key.name}] = OtherText(key);
   for (const TrackKey& key : TrackKeys()) {
-    for (int i = 0; i < 2; ++i) texts[NameForTrack(key, i)] = OtherText(key);
+    for (int i = 0; i < tracks; ++i) texts[NameForTrack(key, i)] = OtherText(key);
   }
   return texts;
 }
@@ -108,7 +118,7 @@ IniDocument DocumentOf(const std::map<std::string, std::string>& texts) {
 }
 
 TEST(SettingsValues, EveryKeySurvivesSavingAndLoading) {
-  const auto wanted = OtherTexts();
+  const auto wanted = OtherTexts(2);
   ASSERT_EQ(wanted.size(), 47u + 2 * 27u);
 
   const std::string foreign = "; mine\n[Other]\nLang=x\n\n[general]\n#Lang=y\nTheirs = 1\n";
@@ -122,44 +132,24 @@ TEST(SettingsValues, EveryKeySurvivesSavingAndLoading) {
   EXPECT_EQ(saved.Text(), once);
 }
 
-TEST(SettingsValues, StylesOfTracksThatAreNotOpenStay) {
-  const Settings settings = LoadValues(IniDocument{});
-  std::vector<TrackValues> three(3, TrackOf(IniDocument{}, 0));
-  three[2].style.VertPos = 77;
-  three[2].style.RightToLeft = true;
-  three[1].list_font.name = "Sans";
+TEST(SettingsValues, TheListFontOnScreenIsThatOfTheCurrentTrack) {
+  std::vector<TrackValues> tracks(3, TrackOf({}, 0));
+  tracks[1].list_font.name = "Sans";
   IniDocument document;
-  ASSERT_TRUE(SaveValues(document, settings, three, 1));
+  ASSERT_TRUE(SaveValues(document, LoadValues({}), tracks, 1));
   EXPECT_EQ(LoadValues(document).list_font.name, "Sans");
-
-  const std::vector<TrackValues> two(2, TrackOf(IniDocument{}, 0));
-  ASSERT_TRUE(SaveValues(document, LoadValues(document), two, 0));
-  EXPECT_EQ(TrackOf(document, 2).style.VertPos, 77);
-  EXPECT_TRUE(LoadValues(document).right_to_left[2]);
-  EXPECT_EQ(TrackOf(document, 3).style.VertPos, 40);
 }
 
 TEST(SettingsValues, SettingAKeyLeavesEveryOtherValueAlone) {
-  const auto texts = OtherTexts();
-  const IniDocument other = DocumentOf(texts);
-  for (const GlobalKey& row : GlobalKeys()) {
+  const auto texts = OtherTexts(1);
+  const IniDocument document = DocumentOf(texts);
+  for (const auto& [set, other_text] : texts) {
     auto wanted = texts;
-    wanted[std::string{row.name}] = TextOf({}, row.name);
-    Settings settings = LoadValues(other);
-    ASSERT_TRUE(SetKey(settings, row.name, wanted[std::string{row.name}])) << row.name;
-    for (const GlobalKey& key : GlobalKeys()) {
-      EXPECT_EQ(TextOfKey(settings, key.name), wanted[std::string{key.name}]) << row.name << " changed " << key.name;
-    }
-  }
-  for (const TrackKey& row : TrackKeys()) {
-    auto wanted = texts;
-    wanted[NameForTrack(row, 1)] = TextOf({}, NameForTrack(row, 1));
-    auto [style, list_font] = TrackOf(other, 1);
-    ASSERT_TRUE(SetKey(style, list_font, NameForTrack(row, 1), wanted[NameForTrack(row, 1)])) << row.name;
-    for (const TrackKey& key : TrackKeys()) {
-      EXPECT_EQ(TextOfKey(style, list_font, NameForTrack(key, 1)), wanted[NameForTrack(key, 1)])
-          << row.name << " changed " << key.name;
-    }
+    wanted[set] = Values(IniDocument{}).Text(set);
+    EXPECT_NE(wanted[set], other_text) << set;
+    Values values(document);
+    ASSERT_TRUE(values.Set(set, wanted[set])) << set;
+    for (const auto& [key, text] : wanted) EXPECT_EQ(values.Text(key), text) << set << " changed " << key;
   }
 }
 
@@ -173,30 +163,11 @@ TEST(SettingsValues, AKeyIsSetByTheRulesOfReadingAndSavedAlone) {
   TrackStyle style = DefaultTrackStyle();
   style.RightToLeft = true;
   Font list_font;
-  ASSERT_TRUE(SetKey(style, list_font, "HorPos3", "999"));
+  LoadValuesForIndex({}, 3, style, list_font);
   EXPECT_TRUE(style.RightToLeft) << "is kept with the global settings";
+  ASSERT_TRUE(SetKey(style, list_font, "HorPos3", "999"));
   ASSERT_TRUE(SaveKey(document, style, list_font, "HorPos3"));
   EXPECT_EQ(document.Text(), "[General]\nLang=x\nRunDivX=-1\nHorPos3=200\n");
-}
-
-TEST(SettingsValues, ATextThatCannotBeStoredIsNamedAndTheRestIsSaved) {
-  Settings settings = LoadValues({});
-  settings.BatchToRun = "two\nlines";
-  settings.LoadSubManyTimes = 3;
-  IniDocument document;
-  const auto saved = SaveOptions(document, settings);
-  ASSERT_FALSE(saved);
-  EXPECT_THAT(saved.error().message, HasSubstr("BatchToRun"));
-  EXPECT_EQ(LoadValues(document).LoadSubManyTimes, 3);
-  EXPECT_THAT(document.Text(), Not(HasSubstr("BatchToRun")));
-}
-
-TEST(SettingsValues, AListFontIsSavedForATrackThatIsNotOpen) {
-  IniDocument document;
-  ASSERT_TRUE(SaveListFont(document, 4, {"Sans", 9.5, true, false, 177}));
-  EXPECT_EQ(document.Text(),
-            "[General]\r\nFontNameL4=Sans\r\nFontSizeL4=9.5\r\nFontBoldL4=-1\r\nFontItalicL4=0\r\n"
-            "FontCharsetL4=177\r\n");
 }
 
 TEST(SettingsValues, AnOverrideTakesKnownKeysAndFittingValues) {
@@ -219,9 +190,7 @@ TEST(SettingsValues, AnOverrideTakesKnownKeysAndFittingValues) {
     ASSERT_FALSE(applied) << key;
     EXPECT_THAT(applied.error().message, testing::StartsWith(key));
     EXPECT_EQ(document.Text(), "");
-    Settings settings = LoadValues({});
-    auto [style, list_font] = TrackOf({}, 0);
-    EXPECT_FALSE(SetKey(settings, key, value) || SetKey(style, list_font, key, value)) << key;
+    EXPECT_FALSE(Values(IniDocument{}).Set(key, value)) << key;
   }
   IniDocument document;
   EXPECT_FALSE(SaveKey(document, Settings{}, "VertPos0") || SaveKey(document, TrackStyle{}, Font{}, "Lang"));

@@ -31,34 +31,19 @@ TEST(TrackSet, AnEmptyLastTrackIsReselectedInsteadOfMakingAnother) {
   EXPECT_EQ(tracks.CurrentIndex(), 1);
 }
 
-TEST(TrackSet, ANewTrackHasTheStyleOfItsIndex) {
-  TrackSet tracks;
-  OpenTracks(tracks, 3);
-  EXPECT_EQ(tracks.CurrentIndex(), 2);
-  EXPECT_EQ(tracks.Current().style.VertPos, 102);
-}
-
-TEST(TrackSet, TheEighthTrackIsTheLastAndIsChosenAgain) {
-  TrackSet tracks;
-  OpenTracks(tracks, 8);
-  EXPECT_FALSE(tracks.HasNewTab());
-  tracks.Select(3);
-  tracks.SelectLastTab(StyleOfIndex);
-  EXPECT_EQ(tracks.Count(), 8);
-  EXPECT_EQ(tracks.CurrentIndex(), 7);
-}
-
 TEST(TrackSet, UnloadingKeepsTheFirstStyleAndEveryRightToLeftFlag) {
   TrackSet tracks;
   OpenTracks(tracks, 3);
   tracks.Current().style.RightToLeft = true;
   tracks.Open()[0].style.VertPos = 7;
+  tracks.Open()[0].list_font.name = "Sans";
   tracks.Open()[0].cues.resize(5);
   tracks.UnloadAllSrts();
   EXPECT_EQ(tracks.Count(), 1);
   EXPECT_FALSE(tracks.Current().HasFile());
   EXPECT_TRUE(tracks.Current().cues.empty());
   EXPECT_EQ(tracks.Current().style.VertPos, 7);
+  EXPECT_EQ(tracks.Current().list_font.name, "Sans");
 
   OpenTracks(tracks, 3);
   EXPECT_TRUE(tracks.Current().style.RightToLeft) << "remembered for index 2";

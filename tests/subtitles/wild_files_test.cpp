@@ -60,6 +60,13 @@ INSTANTIATE_TEST_SUITE_P(Srt, WildFile, testing::ValuesIn(Names()), [](const aut
   return name;
 });
 
+TEST(DialogueSample, HasNoIndicesTimesAndTags) {
+  EXPECT_EQ(DialogueSample("1\r\n00:00:01,000 --> 00:00:02,000\r\n<i>a</i> {\\an8}b<\n\n 42\n4 c"), "a b\n4 c\n");
+  std::string text;
+  while (text.size() < 300'000) text += "Hello\n";
+  EXPECT_LE(DialogueSample(text).size(), 128u * 1024 + 6);
+}
+
 TEST(WildFile, AreAtLeastForty) { EXPECT_GE(Names().size(), 40u); }
 
 }  // namespace
