@@ -132,12 +132,14 @@ TEST(SettingsValues, EveryKeySurvivesSavingAndLoading) {
   EXPECT_EQ(saved.Text(), once);
 }
 
-TEST(SettingsValues, TheListFontOnScreenIsThatOfTheCurrentTrack) {
+TEST(SettingsValues, ListFontAndRightToLeftComeFromTheTracks) {
   std::vector<TrackValues> tracks(3, TrackOf({}, 0));
   tracks[1].list_font.name = "Sans";
+  tracks[2].style.RightToLeft = true;
   IniDocument document;
   ASSERT_TRUE(SaveValues(document, LoadValues({}), tracks, 1));
-  EXPECT_EQ(LoadValues(document).list_font.name, "Sans");
+  EXPECT_EQ(LoadValues(document).list_font.name, "Sans") << "of the current track";
+  EXPECT_TRUE(LoadValues(document).right_to_left[2]);
 }
 
 TEST(SettingsValues, SettingAKeyLeavesEveryOtherValueAlone) {
