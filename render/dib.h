@@ -35,10 +35,6 @@ class cDIB {
   int Width() const { return width_; }
   int Height() const { return height_; }
 
-  // Of the file: four bits a pixel, rows padded to four bytes.
-  int BytesPerScanLine() const { return (4 * width_ + 31) / 32 * 4; }
-  int Size() const { return BytesPerScanLine() * height_; }
-
   // The pixels of row `y` from the top, an entry 0 to 15 each.
   std::span<std::uint8_t> Row(int y) { return {RowStart(y), static_cast<std::size_t>(width_)}; }
   std::span<const std::uint8_t> Row(int y) const {

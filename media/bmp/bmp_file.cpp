@@ -11,12 +11,18 @@
 namespace captoria {
 namespace {
 
-constexpr std::size_t kFileHeader = 14;
+constexpr std::uint16_t kMagic = 0x4D42;  // "BM"
+constexpr std::uint32_t kFileHeader = 14;
 constexpr std::uint32_t kInfoHeader = 40;      // BITMAPINFOHEADER; later versions begin with the same fields
 constexpr std::uint32_t kLongestHeader = 124;  // BITMAPV5HEADER
 constexpr std::int64_t kLongestSide = 16384;
 constexpr std::int64_t kMostPixels = std::int64_t{1} << 24;
+constexpr std::uint32_t kTableEntry = 4;  // blue, green, red, unused
+constexpr std::uint32_t kUncompressed = 0;
 constexpr std::uint64_t kLargestFile = std::uint64_t{32} << 20;
+
+// Rows are padded to four bytes.
+constexpr std::size_t RowBytes(std::size_t width, unsigned bits) { return (width * bits + 31) / 32 * 4; }
 
 // The fields of the two headers that matter here.
 struct Headers {
@@ -31,13 +37,13 @@ struct Headers {
 
   bool TopDown() const { return height < 0; }
   std::int64_t Rows() const { return TopDown() ? -height : height; }
-  std::size_t RowBytes() const { return (static_cast<std::size_t>(width) * bits + 31) / 32 * 4; }
+  std::size_t RowBytes() const { return captoria::RowBytes(static_cast<std::size_t>(width), bits); }
 };
 
 Result<Headers> ReadHeaders(ByteReader& in, const std::string& name) {
   const auto damaged = [&](const char* how) { return Failure(ErrorKind::Damaged, name + ": " + how); };
   Headers headers;
-  if (in.U16() != 0x4D42) return damaged("is no BMP file");
+  if (in.U16() != kMagic) return damaged("is no BMP file");
   in.Skip(8);
   headers.rows_at = in.U32();
   headers.header_size = in.U32();
@@ -65,7 +71,8 @@ Result<void> CheckHeaders(const Headers& headers, const std::string& name) {
     return fail(ErrorKind::Unsupported, "has " + std::to_string(headers.bits) +
                                             " bits a pixel; only bitmaps with a colour table (1, 4 or 8) can be used");
   }
-  if (headers.compression != 0) return fail(ErrorKind::Unsupported, "is compressed, which is not supported");
+  if (headers.compression != kUncompressed)
+    return fail(ErrorKind::Unsupported, "is compressed, which is not supported");
   if (headers.width > kLongestSide || headers.Rows() > kLongestSide || headers.width * headers.Rows() > kMostPixels) {
     return fail(ErrorKind::TooLarge, "is a bitmap of " + std::to_string(headers.width) + " x " +
                                          std::to_string(headers.Rows()) + " pixels, which is too large");
@@ -91,6 +98,13 @@ void UnpackRows(ByteView packed, const Headers& headers, BmpFile& bmp) {
     UnpackRow(packed.subspan(i * headers.RowBytes(), headers.RowBytes()), headers.bits,
               std::span{bmp.pixels}.subspan(y * width, width));
   }
+}
+
+// `packed` is all 0 before.
+void PackRow(std::span<const std::uint8_t> row, std::uint8_t* packed) {
+  const std::size_t pairs = row.size() / 2;
+  for (std::size_t i = 0; i < pairs; ++i) packed[i] = static_cast<std::uint8_t>(row[2 * i] << 4 | row[2 * i + 1]);
+  if (row.size() % 2 != 0) packed[pairs] = static_cast<std::uint8_t>(row.back() << 4);
 }
 
 }  // namespace
@@ -129,6 +143,32 @@ Result<BmpFile> ReadBmp(const std::string& path) {
   const auto content = ReadWholeFile(path, kLargestFile);
   if (!content) return tl::unexpected(content.error());
   return ParseBmp({reinterpret_cast<const std::uint8_t*>(content->data()), content->size()}, path);
+}
+
+Bytes FormatBmp(const BmpPicture& picture) {
+  constexpr std::uint16_t kPlanes = 1, kBits = 4;
+  constexpr std::uint32_t kRowsAt = kFileHeader + kInfoHeader + kTableEntry * decltype(picture.colors)::extent;
+  const auto width = static_cast<std::uint32_t>(picture.size.width);
+  const auto height = static_cast<std::uint32_t>(picture.size.height);
+  const std::size_t row_bytes = RowBytes(width, kBits);
+  const auto rows_size = static_cast<std::uint32_t>(row_bytes * height);
+
+  ByteWriter headers;
+  headers.U16(kMagic).U32(kRowsAt + rows_size).Zeros(4).U32(kRowsAt);
+  headers.U32(kInfoHeader).U32(width).U32(height).U16(kPlanes).U16(kBits).U32(kUncompressed).U32(rows_size);
+  headers.Zeros(16);  // resolution and number of colours: not given
+  for (const Color& color : picture.colors) headers.U8(color.blue).U8(color.green).U8(color.red).U8(0);
+
+  Bytes bytes = headers.Take();
+  bytes.resize(kRowsAt + rows_size);
+  std::uint8_t* packed = bytes.data() + kRowsAt;
+  for (std::size_t y = height; y-- > 0; packed += row_bytes) PackRow(picture.pixels.subspan(y * width, width), packed);
+  return bytes;
+}
+
+Result<void> WriteBmp(const std::string& path, const BmpPicture& picture) {
+  const Bytes bytes = FormatBmp(picture);
+  return WriteWholeFile(path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()}, Sync::No);
 }
 
 }  // namespace captoria

@@ -1,15 +1,18 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A BMP file with a colour table: 1, 4 or 8 bits a pixel, not compressed, rows from the bottom or from the top.
+// BMP files with a colour table. Read: 1, 4 or 8 bits a pixel, not compressed, rows from the bottom or from the top.
+// Written: 4 bits a pixel, rows from the bottom.
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "base/bytes.h"
 #include "base/color.h"
+#include "base/geometry.h"
 #include "base/result.h"
 
 namespace captoria {
@@ -27,5 +30,18 @@ Result<BmpFile> ReadBmp(const std::string& path);
 
 // The same for bytes in memory; `name` stands in the messages.
 Result<BmpFile> ParseBmp(ByteView bytes, const std::string& name);
+
+// A picture to be written.
+struct BmpPicture {
+  Size size;  // both sides at least 1
+  std::span<const Color, 16> colors;
+  std::span<const std::uint8_t> pixels;  // entry numbers below 16, rows from the top
+};
+
+// Replaces the file `path`, whole or not at all.
+Result<void> WriteBmp(const std::string& path, const BmpPicture& picture);
+
+// The same in memory.
+Bytes FormatBmp(const BmpPicture& picture);
 
 }  // namespace captoria

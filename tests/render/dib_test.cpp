@@ -13,43 +13,6 @@ namespace {
 
 using testing::ElementsAre;
 
-std::uint32_t Number(const std::string& bytes, std::size_t at, int size) {
-  std::uint32_t value = 0;
-  for (int i = size - 1; i >= 0; --i)
-    value = value << 8 | static_cast<unsigned char>(bytes[at + static_cast<std::size_t>(i)]);
-  return value;
-}
-
-TEST(Dib, SavesTheSizesOfAnEvenBitmap) {
-  const TestFolder folder;
-  cDIB dib;
-  ASSERT_TRUE(dib.Create(312, 50));
-  ASSERT_TRUE(dib.Save(folder.File("a.bmp")));
-  const std::string bytes = folder.Get("a.bmp");
-  EXPECT_EQ(bytes.size(), 7918u);
-  EXPECT_EQ(Number(bytes, 2, 4), 7918u);
-  EXPECT_EQ(Number(bytes, 10, 4), 118u);
-  EXPECT_EQ(Number(bytes, 14, 4), 40u);
-  EXPECT_EQ(Number(bytes, 18, 4), 312u);
-  EXPECT_EQ(Number(bytes, 22, 4), 50u);
-  EXPECT_EQ(Number(bytes, 26, 2), 1u);
-  EXPECT_EQ(Number(bytes, 28, 2), 4u);
-  EXPECT_EQ(Number(bytes, 34, 4), 7800u);
-}
-
-TEST(Dib, SavesRowsFromTheBottomWithTheLeftPixelInTheHighNibble) {
-  const TestFolder folder;
-  cDIB dib;
-  ASSERT_TRUE(dib.Create(3, 2));
-  dib.SetColorInPalette16({255, 0, 0}, 1);
-  dib.Row(0)[0] = 1;
-  dib.Row(1)[2] = 2;
-  ASSERT_TRUE(dib.Save(folder.File("a.bmp")));
-  const std::string bytes = folder.Get("a.bmp");
-  EXPECT_EQ(bytes.substr(54 + 4, 4), (std::string{"\0\0\xFF\0", 4})) << "the colour table is blue, green, red";
-  EXPECT_EQ(bytes.substr(118), (std::string{"\x00\x20\0\0\x10\0\0\0", 8}));
-}
-
 TEST(Dib, RefusesWhatIsNoBitmap) {
   cDIB dib;
   EXPECT_FALSE(dib.Create(0, 10));

@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
+
 #include "tests/support/test_folder.h"
 
 namespace captoria {
@@ -102,6 +104,20 @@ TEST(BmpFile, RefusesWhatBreaksOffAnywhere) {
     EXPECT_FALSE(ParseBmp(ByteView{whole}.first(size), "a.bmp")) << size;
   }
   EXPECT_EQ(ReadBmp(TestFolder().File("none.bmp")).error().kind, ErrorKind::NotFound);
+}
+
+TEST(BmpFile, WhatIsWrittenIsReadAgain) {
+  std::array<Color, 16> colors;
+  for (std::uint8_t i = 0; i < 16; ++i) colors[i] = {i, static_cast<std::uint8_t>(2 * i), 255};
+  const std::vector<std::uint8_t> pixels{1, 2, 15, 0, 7, 3};
+  const TestFolder folder;
+  ASSERT_TRUE(WriteBmp(folder.File("a.bmp"), {{3, 2}, colors, pixels}));
+  const auto bmp = ReadBmp(folder.File("a.bmp"));
+  ASSERT_TRUE(bmp) << bmp.error().message;
+  EXPECT_EQ(bmp->width, 3);
+  EXPECT_EQ(bmp->height, 2);
+  EXPECT_THAT(bmp->colors, testing::ElementsAreArray(colors));
+  EXPECT_EQ(bmp->pixels, pixels);
 }
 
 }  // namespace
