@@ -45,8 +45,7 @@ void FontSurface::SelectFont(const Font& font) {
   fonts_.push_back({font, shaper_.Metrics()});
 }
 
-const FontSurface::Run& FontSurface::RunOf(std::string_view text, TextFlags flags) {
-  const bool right_to_left = (flags & kRightToLeftReading) != 0;
+const FontSurface::Run& FontSurface::RunOf(std::string_view text, bool right_to_left) {
   std::string key = std::to_string(font_) + (right_to_left ? 'r' : 'l');
   key += text;
   if (const auto known = runs_.find(key); known != runs_.end()) return known->second;
@@ -65,10 +64,10 @@ const FontSurface::Run& FontSurface::RunOf(std::string_view text, TextFlags flag
   return runs_.emplace(std::move(key), std::move(run)).first->second;
 }
 
-Rect FontSurface::Measure(std::string_view text, const Rect& rect, TextFlags flags) {
-  if (text.empty()) return {rect.left, rect.top, rect.left, rect.top};
-  const Run& run = RunOf(text, flags);
-  return {rect.left, rect.top, rect.left + run.shaped.width, rect.top + run.metrics.Height()};
+Size FontSurface::Measure(std::string_view text, bool right_to_left) {
+  if (text.empty()) return {};
+  const Run& run = RunOf(text, right_to_left);
+  return {run.shaped.width, run.metrics.Height()};
 }
 
 const Coverage& FontSurface::MaskOf(const Run& run, const Rect& wanted) {
@@ -84,19 +83,19 @@ const Coverage& FontSurface::MaskOf(const Run& run, const Rect& wanted) {
   return mask_.coverage;
 }
 
-Coverage FontSurface::CoverageOf(std::string_view text, const Rect& rect, int margin, TextFlags flags) {
+Coverage FontSurface::CoverageOf(std::string_view text, const Rect& rect, int margin, bool right_to_left) {
   const Rect visible = Intersection(rect, {-margin, -margin, dib_.Width() + margin, dib_.Height() + margin});
   if (text.empty() || IsEmpty(visible)) return {};
   const Rect wanted = visible.Moved(-rect.left, -rect.top);
-  return MaskOf(RunOf(text, flags), wanted).Clipped(visible, rect.left, rect.top);
+  return MaskOf(RunOf(text, right_to_left), wanted).Clipped(visible, rect.left, rect.top);
 }
 
-void FontSurface::Draw(std::string_view text, const Rect& rect, TextFlags flags) {
-  CoverageOf(text, rect, 0, flags).Paint(dib_, dib_.NearestEntry(text_color_));
+void FontSurface::Draw(std::string_view text, const Rect& rect, bool right_to_left) {
+  CoverageOf(text, rect, 0, right_to_left).Paint(dib_, dib_.NearestEntry(text_color_));
 }
 
-void FontSurface::DrawSpread(std::string_view text, const Rect& rect, int width, TextFlags flags) {
-  CoverageOf(text, rect, width, flags).Spread(width).Paint(dib_, dib_.NearestEntry(text_color_));
+void FontSurface::DrawSpread(std::string_view text, const Rect& rect, int width, bool right_to_left) {
+  CoverageOf(text, rect, width, right_to_left).Spread(width).Paint(dib_, dib_.NearestEntry(text_color_));
 }
 
 }  // namespace captoria

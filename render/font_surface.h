@@ -22,9 +22,9 @@ class FontSurface final : public TextSurface {
   FontSurface(std::shared_ptr<FontCollection> collection, cDIB& dib);
 
   void SelectFont(const Font& font) override;
-  Rect Measure(std::string_view text, const Rect& rect, TextFlags flags) override;
-  void Draw(std::string_view text, const Rect& rect, TextFlags flags) override;
-  void DrawSpread(std::string_view text, const Rect& rect, int width, TextFlags flags) override;
+  Size Measure(std::string_view text, bool right_to_left) override;
+  void Draw(std::string_view text, const Rect& rect, bool right_to_left) override;
+  void DrawSpread(std::string_view text, const Rect& rect, int width, bool right_to_left) override;
   Color TextColor() const override { return text_color_; }
   void SetTextColor(const Color& color) override { text_color_ = color; }
   void SetColorInPalette16(const Color& color, int index) override { dib_.SetColorInPalette16(color, index); }
@@ -53,13 +53,13 @@ class FontSurface final : public TextSurface {
     LineMetrics metrics;
   };
 
-  const Run& RunOf(std::string_view text, TextFlags flags);
+  const Run& RunOf(std::string_view text, bool right_to_left);
 
   // The coverage of at least the part `wanted` of `run`.
   const Coverage& MaskOf(const Run& run, const Rect& wanted);
 
   // The coverage of the run drawn at `rect`, clipped to it and to what can show within `margin` pixels of the bitmap.
-  Coverage CoverageOf(std::string_view text, const Rect& rect, int margin, TextFlags flags);
+  Coverage CoverageOf(std::string_view text, const Rect& rect, int margin, bool right_to_left);
 
   cDIB& dib_;
   TextShaper shaper_;

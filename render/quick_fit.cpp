@@ -28,12 +28,12 @@ std::size_t StyleTagLength(std::string_view text, std::size_t at) {
 
 }  // namespace
 
-QuickFit::QuickFit(TextSurface& surface, const Font& font, const Rect& area) : surface_(surface), font_(font) {
+QuickFit::QuickFit(TextSurface& surface, const Font& font, const Size& area) : surface_(surface), font_(font) {
   surface_.SelectFont(font_);
   const int line_height = LineHeight(surface_);
   // Kerning draws letters together far more often than apart; an eighth more than the sum is beyond any font.
-  width_ = area.Width() - area.Width() / 8;
-  most_lines_ = line_height > 0 ? area.Height() / line_height + 1 : 0;
+  width_ = area.width - area.width / 8;
+  most_lines_ = line_height > 0 ? area.height / line_height + 1 : 0;
   for (Advances& advances : advances_) advances.fill(kUnknown);
 }
 
@@ -44,7 +44,7 @@ int QuickFit::Measure(std::string_view letter, bool tagged) {
     font.bold = font.bold != ((style & 1) != 0);
     font.italic = font.italic != ((style & 2) != 0);
     surface_.SelectFont(font);
-    widest = std::max(widest, surface_.Measure(letter, {}, kCenter | kCalculateRectangle).Width());
+    widest = std::max(widest, surface_.Measure(letter, false).width);
   }
   return widest;
 }

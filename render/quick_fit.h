@@ -16,7 +16,7 @@ namespace captoria {
 class QuickFit {
  public:
   // `surface` outlives the object. Its selected font is changed.
-  QuickFit(TextSurface& surface, const Font& font, const Rect& area);
+  QuickFit(TextSurface& surface, const Font& font, const Size& area);
 
   // True when `text` fits the area beyond doubt: it has no tags, all of its letters are Latin, Greek or Cyrillic, and
   // the sum of their widths leaves room to spare for whatever a font adds between two letters. False says nothing.

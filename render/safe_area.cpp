@@ -40,14 +40,14 @@ class AreaTest {
  public:
   AreaTest(SubtitleBitmap& bitmap, const TrackStyle& style) : surface_(bitmap.Surface()), font_(style.font) {
     bitmap.SetDibProp(style, 2);
-    area_ = {0, 0, bitmap.Frame().width, bitmap.Dib().Height()};
+    area_ = {bitmap.Frame().width, bitmap.Dib().Height()};
   }
 
-  const Rect& Area() const { return area_; }
+  const Size& Area() const { return area_; }
 
   TextFit Test(std::string_view text) {
     surface_.SelectFont(font_);  // a text must not fit or not by what the one before it left behind
-    return StyledTextFits(surface_, text, area_, font_, false);
+    return StyledTextFits(surface_, text, area_, font_);
   }
 
   void SetSize(double points) { font_.size = points; }
@@ -55,7 +55,7 @@ class AreaTest {
  private:
   TextSurface& surface_;
   Font font_;
-  Rect area_;
+  Size area_;
 };
 
 void Fit(SubtitleTrack& track, AreaTest& test) {

@@ -23,14 +23,9 @@ constexpr Wide kFarthest = 1 << 29;
 
 int Near(Wide coordinate) { return static_cast<int>(std::clamp(coordinate, -kFarthest, kFarthest)); }
 
-Rect Near(const Rect& rect) { return {Near(rect.left), Near(rect.top), Near(rect.right), Near(rect.bottom)}; }
-
 int Saturated(Wide size) {
   return static_cast<int>(std::clamp<Wide>(size, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
-
-Wide WidthOf(const Rect& rect) { return Wide{rect.right} - rect.left; }
-Wide HeightOf(const Rect& rect) { return Wide{rect.bottom} - rect.top; }
 
 enum class Rules { Drawing, Sizing };
 
@@ -102,7 +97,6 @@ class Drawing {
       : surface_(surface),
         rect_(rect),
         style_(style),
-        flags_(style.right_to_left ? kRightToLeftReading : 0),
         base_color_(surface.TextColor()),
         running_(style.font, Rules::Drawing) {}
 
@@ -120,7 +114,6 @@ class Drawing {
   TextSurface& surface_;
   const Rect& rect_;
   const DrawingStyle& style_;
-  TextFlags flags_;
   Color base_color_;
   RunningStyle running_;
 };
@@ -170,15 +163,14 @@ void Drawing::TakeColors(const MarkupRun& run, Color& color, Color& next) {
 
 Wide Drawing::LineWidth(std::string_view line) {
   Wide width = 0;
-  WalkDrawnLine(line, [&](std::string_view text, const Color&) {
-    width += WidthOf(surface_.Measure(text, Near(rect_), kCenter | kCalculateRectangle | flags_));
-  });
+  WalkDrawnLine(
+      line, [&](std::string_view text, const Color&) { width += surface_.Measure(text, style_.right_to_left).width; });
   return width;
 }
 
 // Half a pixel goes to the even neighbour.
 Wide Drawing::LineLeft(Wide line_width, Wide block_width) const {
-  Wide twice = 2 * Wide{rect_.left} + WidthOf(rect_);
+  Wide twice = Wide{rect_.left} + rect_.right;
   switch (style_.alignment) {
     case Alignment::Left:
       twice -= block_width;
@@ -198,7 +190,7 @@ void Drawing::DrawLine(std::string_view line, Wide left, Wide top) {
   WalkDrawnLine(line, [&](std::string_view text, const Color& color) {
     const Rect at{Near(left), Near(top), Near(rect_.right), Near(rect_.bottom)};
     DrawRun(text, at, color);
-    left += WidthOf(surface_.Measure(text, at, kCalculateRectangle | flags_));
+    left += surface_.Measure(text, style_.right_to_left).width;
   });
 }
 
@@ -207,12 +199,12 @@ void Drawing::DrawRun(std::string_view text, const Rect& at, const Color& color)
     const int outline = style_.shadow_bevel > 0 ? style_.outline_width : -style_.outline_width;
     const int offset = Near(Wide{style_.shadow_bevel} + outline);
     surface_.SetTextColor(style_.shadow_color);
-    surface_.Draw(text, at.Moved(offset, offset), flags_);
+    surface_.Draw(text, at.Moved(offset, offset), style_.right_to_left);
   }
   surface_.SetTextColor(style_.outline_color);
-  surface_.DrawSpread(text, at, style_.outline_width, flags_);
+  surface_.DrawSpread(text, at, style_.outline_width, style_.right_to_left);
   surface_.SetTextColor(color);
-  surface_.Draw(text, at, flags_);
+  surface_.Draw(text, at, style_.right_to_left);
 }
 
 struct Sizing {
@@ -223,10 +215,7 @@ struct Sizing {
 };
 
 // Begins with the font that is selected already; only what stands behind the first tag has a font of its own.
-Sizing SizeStyledText(TextSurface& surface, std::string_view text, const Rect& rect, const Font& font,
-                      bool word_break) {
-  const TextFlags flags = kCenter | kCalculateRectangle | (word_break ? kWordBreak : 0);
-  const Rect from = Near(rect);
+Sizing SizeStyledText(TextSurface& surface, std::string_view text, const Font& font) {
   RunningStyle style(font, Rules::Sizing);
   Sizing sizing;
   for (const std::string_view line : SplitStyledLines(text)) {
@@ -234,9 +223,9 @@ Sizing SizeStyledText(TextSurface& surface, std::string_view text, const Rect& r
     WalkLine(surface, line, style, [&](const MarkupRun& run) {
       if (run.attributes) sizing.has_font_tag = true;
       if (run.text.empty()) return;
-      const Rect taken = surface.Measure(run.text, from, flags);
-      width += WidthOf(taken);
-      sizing.line_height = HeightOf(taken);
+      const Size size = surface.Measure(run.text, false);
+      width += size.width;
+      sizing.line_height = size.height;
     });
     sizing.widest = std::max(sizing.widest, width);
     ++sizing.lines;
@@ -246,23 +235,21 @@ Sizing SizeStyledText(TextSurface& surface, std::string_view text, const Rect& r
 
 }  // namespace
 
-int LineHeight(TextSurface& surface) { return surface.Measure("Haik", {}, kCenter | kCalculateRectangle).Height(); }
+int LineHeight(TextSurface& surface) { return surface.Measure("Haik", false).height; }
 
 void DrawStyledText(TextSurface& surface, std::string_view text, const Rect& rect, const DrawingStyle& style) {
   Drawing(surface, rect, style).Draw(text);
 }
 
-Size MeasureStyledText(TextSurface& surface, std::string_view text, const Rect& rect, const Font& font,
-                       bool word_break) {
-  const Sizing sizing = SizeStyledText(surface, text, rect, font, word_break);
+Size MeasureStyledText(TextSurface& surface, std::string_view text, const Font& font) {
+  const Sizing sizing = SizeStyledText(surface, text, font);
   return {Saturated(sizing.widest), Saturated(sizing.line_height * sizing.lines)};
 }
 
-TextFit StyledTextFits(TextSurface& surface, std::string_view text, const Rect& rect, const Font& font,
-                       bool word_break) {
-  const Sizing sizing = SizeStyledText(surface, text, rect, font, word_break);
+TextFit StyledTextFits(TextSurface& surface, std::string_view text, const Size& area, const Font& font) {
+  const Sizing sizing = SizeStyledText(surface, text, font);
   const Wide height = (sizing.lines - 1) * sizing.line_height;
-  return {.fits = height <= HeightOf(rect) && sizing.widest <= WidthOf(rect), .has_font_tag = sizing.has_font_tag};
+  return {.fits = height <= area.height && sizing.widest <= area.width, .has_font_tag = sizing.has_font_tag};
 }
 
 }  // namespace captoria

@@ -42,16 +42,14 @@ void DrawStyledText(TextSurface& surface, std::string_view text, const Rect& rec
 
 // The room `text` takes by the sizing rules: the width of its widest line and the height of all its lines, 0 when
 // nothing was measured.
-Size MeasureStyledText(TextSurface& surface, std::string_view text, const Rect& rect, const Font& font,
-                       bool word_break);
+Size MeasureStyledText(TextSurface& surface, std::string_view text, const Font& font);
 
 struct TextFit {
   bool fits = false;
   bool has_font_tag = false;  // an opening <font ...> tag that is closed by ">"
 };
 
-// Whether `text` fits `rect` by the sizing rules, where the height counts one line less than there are.
-TextFit StyledTextFits(TextSurface& surface, std::string_view text, const Rect& rect, const Font& font,
-                       bool word_break);
+// Whether `text` fits `area` by the sizing rules, where the height counts one line less than there are.
+TextFit StyledTextFits(TextSurface& surface, std::string_view text, const Size& area, const Font& font);
 
 }  // namespace captoria

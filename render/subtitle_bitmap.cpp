@@ -63,7 +63,7 @@ void SubtitleBitmap::Prepare(const TrackStyle& style, int width, int lines) {
 void SubtitleBitmap::RenderCueBitmap(std::string_view text, const TrackStyle& style) {
   const int outline = style.OutlineWidth, bevel = style.ShadowBevel, offset = std::abs(bevel);
   surface_.SelectFont(style.font);  // sizing begins with the font that is selected
-  const int text_width = MeasureStyledText(surface_, text, {}, style.font, false).width;
+  const int text_width = MeasureStyledText(surface_, text, style.font).width;
   const std::int64_t width = std::int64_t{offset} + text_width + outline + outline + kWidthBesideText;
   Prepare(style, Clamped(width, frame_.width), CountLines(text));
 

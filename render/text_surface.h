@@ -8,7 +8,8 @@
 #include <string_view>
 
 #include "base/color.h"
-#include "settings/track_style.h"
+#include "base/font.h"
+#include "base/geometry.h"
 
 namespace captoria {
 
@@ -25,15 +26,6 @@ struct Rect {
   bool operator==(const Rect&) const = default;
 };
 
-// How a piece of text is laid out; combined by "|". Text is never broken into lines here, so left and centre differ
-// only in name, but a surface is told which of them its caller works with.
-using TextFlags = unsigned;
-inline constexpr TextFlags kLeft = 0;
-inline constexpr TextFlags kCenter = 0x1;
-inline constexpr TextFlags kWordBreak = 0x10;
-inline constexpr TextFlags kCalculateRectangle = 0x400;
-inline constexpr TextFlags kRightToLeftReading = 0x20000;
-
 class TextSurface {
  public:
   virtual ~TextSurface() = default;
@@ -41,20 +33,15 @@ class TextSurface {
   // The font of all measuring and drawing from now on.
   virtual void SelectFont(const Font& font) = 0;
 
-  // The rectangle `text` takes when drawn from the left top corner of `rect`: as wide as its advance, as high as the
-  // selected font's lines; an empty text has no height.
-  virtual Rect Measure(std::string_view text, const Rect& rect, TextFlags flags) = 0;
+  // The size of `text` when drawn: its advance, and the height of the selected font's lines. An empty text has no size.
+  virtual Size Measure(std::string_view text, bool right_to_left) = 0;
 
   // Draws `text` in the text colour from the left top corner of `rect`, clipped to it.
-  virtual void Draw(std::string_view text, const Rect& rect, TextFlags flags) = 0;
+  virtual void Draw(std::string_view text, const Rect& rect, bool right_to_left) = 0;
 
   // Draws `text` once for every place up to `width` pixels from `rect` in both directions, the unmoved one included,
-  // each clipped to the rectangle moved along. A surface that can do this faster may, with the same pixels.
-  virtual void DrawSpread(std::string_view text, const Rect& rect, int width, TextFlags flags) {
-    for (int dx = -width; dx <= width; ++dx) {
-      for (int dy = -width; dy <= width; ++dy) Draw(text, rect.Moved(dx, dy), flags);
-    }
-  }
+  // each clipped to the rectangle moved along.
+  virtual void DrawSpread(std::string_view text, const Rect& rect, int width, bool right_to_left) = 0;
 
   virtual Color TextColor() const = 0;
   virtual void SetTextColor(const Color& color) = 0;

@@ -20,30 +20,27 @@ class RecordingSurface : public TextSurface {
   std::vector<std::string> drawn;
   std::vector<std::string> measured;
   std::vector<std::string> palette;  // "3=FF8000"
-  TextFlags draw_flags = 0;          // of the last call
-  std::vector<TextFlags> measure_flags;
+  std::vector<bool> right_to_left;   // of each call
   Rect drawn_at;
-  bool expands_spreads = false;  // notes the single draws of an outline instead
   Font font;
 
   void SelectFont(const Font& selected) override { font = selected; }
 
-  Rect Measure(std::string_view text, const Rect& rect, TextFlags flags) override {
+  Size Measure(std::string_view text, bool reading) override {
     measured.push_back(Styled(text));
-    measure_flags.push_back(flags);
+    right_to_left.push_back(reading);
     const int advance = (font.bold ? 12 : 10) + (font.italic ? 1 : 0);
-    const int height = text.empty() ? 0 : static_cast<int>(font.size);
-    return {rect.left, rect.top, rect.left + advance * static_cast<int>(text.size()), rect.top + height};
+    return {advance * static_cast<int>(text.size()), text.empty() ? 0 : static_cast<int>(font.size)};
   }
 
-  void Draw(std::string_view text, const Rect& rect, TextFlags flags) override {
+  void Draw(std::string_view text, const Rect& rect, bool reading) override {
     drawn.push_back(Place(text, rect));
-    draw_flags = flags;
+    right_to_left.push_back(reading);
     drawn_at = rect;
   }
 
-  void DrawSpread(std::string_view text, const Rect& rect, int width, TextFlags flags) override {
-    if (expands_spreads) return TextSurface::DrawSpread(text, rect, width, flags);
+  void DrawSpread(std::string_view text, const Rect& rect, int width, bool reading) override {
+    right_to_left.push_back(reading);
     drawn.push_back(std::to_string(width) + "*" + Place(text, rect));
   }
 

@@ -99,7 +99,7 @@ TEST_F(SafeArea, WhatSurelyFitsDoesFit) {
     TrackStyle style = DefaultTrackStyle();
     style.font.name = font;
     bitmap.SetDibProp(style, 2);
-    const Rect area{0, 0, 720, bitmap.Dib().Height()};
+    const Size area{720, bitmap.Dib().Height()};
     QuickFit quick(bitmap.Surface(), style.font, area);
     int sure = 0;
     for (int i = 0; i < 400; ++i) {
@@ -108,7 +108,7 @@ TEST_F(SafeArea, WhatSurelyFitsDoesFit) {
       if (!quick.SurelyFits(text)) continue;
       ++sure;
       bitmap.Surface().SelectFont(style.font);
-      EXPECT_TRUE(StyledTextFits(bitmap.Surface(), text, area, style.font, false).fits) << text;
+      EXPECT_TRUE(StyledTextFits(bitmap.Surface(), text, area, style.font).fits) << text;
     }
     EXPECT_GT(sure, 40);
   }

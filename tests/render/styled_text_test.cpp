@@ -124,7 +124,7 @@ class SizedRuns : public testing::TestWithParam<SizedRow> {};
 TEST_P(SizedRuns, FollowTheSizingRules) {
   RecordingSurface surface;
   surface.SelectFont(TestFont(GetParam().own_style));
-  const Size size = MeasureStyledText(surface, GetParam().text, kArea, TestFont(GetParam().own_style), false);
+  const Size size = MeasureStyledText(surface, GetParam().text, TestFont(GetParam().own_style));
   EXPECT_EQ(surface.measured, GetParam().runs);
   EXPECT_EQ(size.width, GetParam().width);
   EXPECT_EQ(size.height, GetParam().height);
@@ -150,24 +150,16 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(Sizing, FirstRunHasTheFontThatWasSelected) {
   RecordingSurface surface;
   surface.SelectFont(TestFont("b"));
-  MeasureStyledText(surface, "a<i>b", kArea, TestFont(), false);
+  MeasureStyledText(surface, "a<i>b", TestFont());
   EXPECT_THAT(surface.measured, ElementsAre("a/b", "b/i"));
 }
 
 TEST(Sizing, LastHeightThatWasMeasuredCountsForAllLines) {
   RecordingSurface surface;
   surface.font.size = 50;  // the selected one; that of the track is 20 points
-  EXPECT_EQ(MeasureStyledText(surface, "a", kArea, TestFont(), false).height, 50);
+  EXPECT_EQ(MeasureStyledText(surface, "a", TestFont()).height, 50);
   surface.font.size = 50;
-  EXPECT_EQ(MeasureStyledText(surface, "a</b>b</b>\r\n", kArea, TestFont(), false).height, 40);
-}
-
-TEST(Sizing, WordBreakIsPassedOn) {
-  RecordingSurface surface;
-  MeasureStyledText(surface, "a", kArea, TestFont(), false);
-  StyledTextFits(surface, "a", kArea, TestFont(), true);
-  EXPECT_THAT(surface.measure_flags,
-              ElementsAre(kCenter | kCalculateRectangle, kCenter | kCalculateRectangle | kWordBreak));
+  EXPECT_EQ(MeasureStyledText(surface, "a</b>b</b>\r\n", TestFont()).height, 40);
 }
 
 struct FitRow {
@@ -182,8 +174,7 @@ class Fitting : public testing::TestWithParam<FitRow> {};
 TEST_P(Fitting, CountsOneLineLess) {
   RecordingSurface surface;
   surface.SelectFont(TestFont());
-  const Rect rect{5, 7, 5 + GetParam().width, 7 + GetParam().height};
-  const TextFit fit = StyledTextFits(surface, GetParam().text, rect, TestFont(), false);
+  const TextFit fit = StyledTextFits(surface, GetParam().text, {GetParam().width, GetParam().height}, TestFont());
   EXPECT_EQ(fit.fits, GetParam().fits);
   EXPECT_EQ(fit.has_font_tag, GetParam().has_font_tag);
 }
@@ -280,29 +271,12 @@ INSTANTIATE_TEST_SUITE_P(Styles, Layers,
                                                    "b/b@5,-5 110000", "3*b/b@10,0 002200", "b/b@10,0 FFFFFF"}}),
                          RowName);
 
-TEST(Outline, IsEightyOneDrawsAtWidthFour) {
-  RecordingSurface surface;
-  surface.expands_spreads = true;
-  DrawingStyle style = TestStyle();
-  style.outline_width = 4;
-  DrawStyledText(surface, "a", {0, 0, 10, 23}, style);
-  ASSERT_EQ(surface.drawn.size(), 82u);
-  EXPECT_EQ((std::set<std::string>{surface.drawn.begin(), surface.drawn.end()}.size()), 82u);
-  EXPECT_EQ(surface.drawn[0], "a/@-4,-4 002200");
-  EXPECT_EQ(surface.drawn[1], "a/@-4,-3 002200");
-  EXPECT_EQ(surface.drawn[80], "a/@4,4 002200");
-  EXPECT_EQ(surface.drawn[81], "a/@0,0 FFFFFF");
-}
-
 TEST(Drawing, RightToLeftIsAskedOfTheSurface) {
   RecordingSurface surface;
   DrawingStyle style = TestStyle();
   style.right_to_left = true;
   DrawStyledText(surface, "a", kArea, style);
-  EXPECT_EQ(surface.draw_flags, kRightToLeftReading);
-  EXPECT_THAT(surface.measure_flags,
-              ElementsAre(kCenter | kCalculateRectangle, kCenter | kCalculateRectangle | kRightToLeftReading,
-                          kCalculateRectangle | kRightToLeftReading));
+  EXPECT_THAT(surface.right_to_left, ElementsAre(false, true, true, true, true)) << "all but the height of a line";
 }
 
 TEST(Drawing, PlacesBeyondAnIntStayOutsideThePicture) {
@@ -310,26 +284,22 @@ TEST(Drawing, PlacesBeyondAnIntStayOutsideThePicture) {
   constexpr int kHigh = std::numeric_limits<int>::max();
   for (const Rect& rect : {Rect{kLow, kLow, kLow, kLow}, Rect{kHigh, kHigh, kHigh, kHigh}}) {
     RecordingSurface surface;
-    surface.expands_spreads = true;
     DrawingStyle style = TestStyle();
     style.shadow_bevel = rect.left;
-    style.outline_width = 1;
     DrawStyledText(surface, "abc\r\nd", rect, style);
     EXPECT_EQ(surface.drawn_at.left > 0, rect.left > 0);
     EXPECT_GT(std::abs(surface.drawn_at.left), 100'000'000);
-    EXPECT_FALSE(StyledTextFits(surface, "a", rect, TestFont(), false).fits);
   }
   RecordingSurface surface;
   surface.font.size = kHigh / 4;
-  EXPECT_EQ(MeasureStyledText(surface, "a\r\n\r\n\r\n\r\n\r\n", kArea, TestFont(), false).height, kHigh);
-  EXPECT_TRUE(StyledTextFits(surface, "a", {kLow, kLow, kHigh, kHigh}, TestFont(), false).fits);
+  EXPECT_EQ(MeasureStyledText(surface, "a\r\n\r\n\r\n\r\n\r\n", TestFont()).height, kHigh);
 }
 
 class ForgetfulSurface : public RecordingSurface {
  public:
-  Rect Measure(std::string_view, const Rect& rect, TextFlags) override { return rect; }
-  void Draw(std::string_view, const Rect&, TextFlags) override {}
-  void DrawSpread(std::string_view, const Rect&, int, TextFlags) override {}
+  Size Measure(std::string_view, bool) override { return {10, 20}; }
+  void Draw(std::string_view, const Rect&, bool) override {}
+  void DrawSpread(std::string_view, const Rect&, int, bool) override {}
   void SetColorInPalette16(const Color&, int) override {}
 };
 
@@ -347,7 +317,7 @@ TEST_P(LongLine, TakesTimeInProportion) {
   while (text.size() < GetParam().size) text += GetParam().piece;
   ForgetfulSurface surface;
   const auto start = std::chrono::steady_clock::now();
-  MeasureStyledText(surface, text, kArea, TestFont(), false);
+  MeasureStyledText(surface, text, TestFont());
   DrawStyledText(surface, text, kArea, TestStyle());
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds{5});
 }

@@ -90,10 +90,15 @@ class PlainSurface final : public TextSurface {
  public:
   explicit PlainSurface(FontSurface& surface) : surface_(surface) {}
   void SelectFont(const Font& font) override { surface_.SelectFont(font); }
-  Rect Measure(std::string_view text, const Rect& rect, TextFlags flags) override {
-    return surface_.Measure(text, rect, flags);
+  Size Measure(std::string_view text, bool right_to_left) override { return surface_.Measure(text, right_to_left); }
+  void Draw(std::string_view text, const Rect& rect, bool right_to_left) override {
+    surface_.Draw(text, rect, right_to_left);
   }
-  void Draw(std::string_view text, const Rect& rect, TextFlags flags) override { surface_.Draw(text, rect, flags); }
+  void DrawSpread(std::string_view text, const Rect& rect, int width, bool right_to_left) override {
+    for (int dx = -width; dx <= width; ++dx) {
+      for (int dy = -width; dy <= width; ++dy) Draw(text, rect.Moved(dx, dy), right_to_left);
+    }
+  }
   Color TextColor() const override { return surface_.TextColor(); }
   void SetTextColor(const Color& color) override { surface_.SetTextColor(color); }
   void SetColorInPalette16(const Color& color, int index) override { surface_.SetColorInPalette16(color, index); }
@@ -135,9 +140,8 @@ TEST(SubtitleBitmap, IsSizedByTheText) {
   TrackStyle style = Style();
   style.OutlineWidth = 2;
   style.ShadowBevel = -3;
-  bitmap.SetDibProp(style, 1);
-  const int line = bitmap.Surface().Measure("Haik", {}, 0).Height();
-  const int width = MeasureStyledText(bitmap.Surface(), "Some text", {}, style.font, false).width;
+  const int line = bitmap.LineHeight(style.font);
+  const int width = MeasureStyledText(bitmap.Surface(), "Some text", style.font).width;
   bitmap.RenderCueBitmap("Some text\r\nab", style);
   const int expected_width = 3 + width + 4 + 4, expected_height = 2 * line + 25;
   EXPECT_EQ(bitmap.Dib().Width(), expected_width + expected_width % 2);
