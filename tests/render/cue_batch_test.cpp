@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <latch>
+
 #include "settings/settings_values.h"
 #include "tests/support/test_folder.h"
 
@@ -35,12 +37,30 @@ TEST(CueBatch, GivesTheSameFilesOnAnyNumberOfThreads) {
   const auto shared = RenderCues(fonts, BatchInto(many, cues), 5, progress);
   ASSERT_TRUE(alone && shared);
   EXPECT_EQ(alone->fonts.fonts, shared->fonts.fonts);
+  EXPECT_EQ(alone->sizes, shared->sizes);
   for (std::size_t i = 0; i < cues.size(); ++i) {
-    EXPECT_EQ(alone->sizes[i].width, shared->sizes[i].width);
     const std::string name = BitmapFileName(0, i + 1);
     EXPECT_FALSE(one.Get(name).empty());
     EXPECT_TRUE(one.Get(name) == many.Get(name)) << name;
   }
+}
+
+TEST(CueBatch, ReportsTheMissingCharactersOfEveryThread) {
+  // No cue is saved before a second thread is about to save one as well, so both have something to report.
+  std::vector<SubtitleCue> cues(32);
+  cues.front().Text = "\xF3\xB0\x80\x81";  // of a private plane, as is the other
+  cues.back().Text = "\xF3\xB0\x80\x82";
+  const TestFolder folder;
+  CueBatch batch = BatchInto(folder, cues);
+  std::latch both(2);
+  batch.path_of = [&](std::size_t i) {
+    if (i % 16 == 0) both.arrive_and_wait();
+    return folder.File(BitmapFileName(0, i + 1));
+  };
+  NoProgress progress;
+  const auto rendered = RenderCues(FontCollection::Open().value(), batch, 2, progress);
+  ASSERT_TRUE(rendered);
+  EXPECT_EQ(rendered->fonts.missing, (std::set<char32_t>{0xF0001, 0xF0002}));
 }
 
 class StopAfter final : public JobProgress {

@@ -3,15 +3,13 @@
 
 #include "render/dib.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "render/coverage.h"
 #include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
-
-using testing::ElementsAre;
 
 TEST(Dib, RefusesWhatIsNoBitmap) {
   cDIB dib;
@@ -55,17 +53,6 @@ TEST(Coverage, SpreadIsTheUnionOfAllMoves) {
     }
     for (int y = 0; y < 30; ++y) EXPECT_TRUE(std::ranges::equal(spread.Row(y), moved.Row(y))) << width << " " << y;
   }
-}
-
-TEST(Coverage, BitsLandWhereTheyAreToldAndAreCutAtTheArea) {
-  Coverage coverage({0, 0, 4, 2});
-  const std::uint8_t bits[] = {0b10110000, 0b11110000};
-  coverage.AddBits(bits, 4, 2, 1, 1, -1);
-  cDIB dib;
-  dib.Create(4, 2);
-  coverage.Paint(dib, 2);
-  EXPECT_THAT(dib.Row(0), ElementsAre(0, 2, 2, 2));
-  EXPECT_THAT(dib.Row(1), ElementsAre(0, 0, 0, 0));
 }
 
 TEST(Colors, HaveRedInTheLowByteOfTheirNumber) {

@@ -52,22 +52,25 @@ TEST_F(SafeArea, AWiderFrameTakesWiderCues) {
 
 TEST_F(SafeArea, ACueGetsTheLargestSizeThatFitsAndKeepsItsPlacement) {
   SubtitleTrack track = TrackWith({kWide, "short", kWide});
+  track.cues[0].Tag = "|250";
   track.cues[2].Tag = "5|40l";
   EXPECT_EQ(Check(track).outside, 2);
-  EXPECT_EQ(track.cues[0].Tag, "14") << "40 letters of 0.944 em: 19 pixels, 14 points";
+  EXPECT_EQ(track.cues[0].Tag, "14|250") << "40 letters of 0.944 em: 19 pixels, 14 points";
   EXPECT_EQ(track.cues[1].Tag, "");
   EXPECT_EQ(track.cues[2].Tag, "14|40l");
+  EXPECT_EQ(track.outside.at(0).row, 0u);
   EXPECT_EQ(track.outside.at(1).row, 2u);
   EXPECT_EQ(track.style.font.size, 22);
 }
 
-TEST_F(SafeArea, OldFittedSizesGoAndNothingBelowFivePointsIsTried) {
-  SubtitleTrack track = TrackWith({"short", std::string(2000, 'W')});
+TEST_F(SafeArea, OldFittedSizesGoAndFivePointsAreTheSmallest) {
+  SubtitleTrack track = TrackWith({"short", std::string(107, 'W'), std::string(95, 'W')});
   track.cues[0].Tag = "18|c";
   track.cues[1].Tag = "18";
-  EXPECT_EQ(Check(track).outside, 1);
+  EXPECT_EQ(Check(track).outside, 2);
   EXPECT_EQ(track.cues[0].Tag, "|c");
-  EXPECT_EQ(track.cues[1].Tag, "");
+  EXPECT_EQ(track.cues[1].Tag, "") << "would fit at 4 points";
+  EXPECT_EQ(track.cues[2].Tag, "5") << "letters of 7 pixels";
 }
 
 TEST_F(SafeArea, FractionalSizesAreFittedFromTheirRoundedSizeDown) {
