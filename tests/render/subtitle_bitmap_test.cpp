@@ -108,6 +108,25 @@ TEST(FontSurface, SpreadingAMaskDrawsWhatSingleDrawsWould) {
   }
 }
 
+TEST(FontSurface, ARunIsWholeWhereverItIsDrawnNext) {
+  const std::string text(40, 'n');  // wider than the bitmap
+  cDIB drawn, expected;
+  for (cDIB* dib : {&drawn, &expected}) {
+    dib->Create(220, 64);
+    dib->SetColorInPalette16(kWhite, 1);
+  }
+  FontSurface surface(Fonts(), drawn), fresh(Fonts(), expected);
+  for (FontSurface* each : {&surface, &fresh}) {
+    each->SelectFont(Style().font);
+    each->SetTextColor(kWhite);
+  }
+  surface.Draw(text, {-300, 0, 220, 64}, false);
+  drawn.Cls({});
+  surface.Draw(text, {0, 0, 220, 64}, false);
+  fresh.Draw(text, {0, 0, 220, 64}, false);
+  for (int y = 0; y < drawn.Height(); ++y) ASSERT_TRUE(std::ranges::equal(drawn.Row(y), expected.Row(y))) << y;
+}
+
 TEST(SubtitleBitmap, IsSizedByTheText) {
   SubtitleBitmap bitmap(Fonts(), {720, kBlue});
   TrackStyle style = Style();
@@ -203,6 +222,19 @@ TEST(FontReport, NamesTheFontsUsedAndTheCharactersNoFontHas) {
   EXPECT_THAT(bitmap.Report().fonts, Contains(Key("No Such Font")));
   EXPECT_THAT(bitmap.Report().fonts.at("No Such Font"), testing::Not(IsEmpty()));
   EXPECT_THAT(bitmap.Report().missing, ElementsAre(0xF0001)) << "of a private plane";
+}
+
+TEST(SubtitleBitmap, CharactersNoFontHasAreHollowBoxes) {
+  SubtitleBitmap bitmap(Fonts(), {720, kBlue});
+  bitmap.RenderCueBitmap("\xF3\xB0\x80\x81", With([](TrackStyle& s) { s.OutlineWidth = s.ShadowBevel = 0; }));
+  std::vector<std::ptrdiff_t> rows;  // letters' pixels in each row that has any
+  for (int y = 0; y < bitmap.Dib().Height(); ++y) {
+    if (const auto count = std::ranges::count(bitmap.Dib().Row(y), 1); count > 0) rows.push_back(count);
+  }
+  ASSERT_GT(rows.size(), 5u);
+  EXPECT_GT(rows.front(), 5);
+  EXPECT_EQ(rows.back(), rows.front());
+  EXPECT_EQ(std::ranges::count(rows, 2), std::ssize(rows) - 2);
 }
 
 TEST(StyleOfCue, HeedsTheFittedSizeOnlyWhenTheTrackFits) {
