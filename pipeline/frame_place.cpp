@@ -21,7 +21,7 @@ Point PlaceOnFrame(const Size& frame, const TrackStyle& style, std::string_view 
 }
 
 int ListedHeight(int height) {
-  // 100 rows are listed as 98. Nothing is lost: the last five lie below the text.
+  // 100 rows are listed as 98. Nothing is lost, as the last five rows are below the text.
   return height == 100 ? 98 : height;
 }
 

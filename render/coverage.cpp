@@ -54,7 +54,7 @@ Coverage Coverage::Clipped(const Rect& clip, int dx, int dy) const {
 
 Coverage Coverage::Spread(int width) const {
   if (width == 0 || IsEmpty(area_)) return *this;
-  // A square is a horizontal line spread vertically, so two passes of 2w+1 do for (2w+1) x (2w+1).
+  // A square is a horizontal line spread vertically, so two passes of 2w+1 steps replace (2w+1) x (2w+1) steps.
   Coverage across({area_.left - width, area_.top, area_.right + width, area_.bottom});
   for (int y = area_.top; y < area_.bottom; ++y) {
     for (int dx = 0; dx <= 2 * width; ++dx) Merge(Row(y), across.Row(y) + dx, area_.Width());

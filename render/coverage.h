@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Which pixels a piece of drawing covers, within a rectangle. A byte a pixel: the loops below become vector code, which
-// makes copying a run's mask about as fast as copying memory.
+// The pixels of a rectangle that a drawing covers. Each pixel takes a byte, so that the compiler turns the loops into
+// vector code and copying a run's mask is about as fast as copying memory.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,7 @@
 
 namespace captoria {
 
-// What two rectangles share; without area when they share nothing.
+// The part that two rectangles share; empty if they share nothing.
 Rect Intersection(const Rect& a, const Rect& b);
 inline bool IsEmpty(const Rect& rect) { return rect.right <= rect.left || rect.bottom <= rect.top; }
 
@@ -26,16 +26,16 @@ class Coverage {
 
   const Rect& Area() const { return area_; }
 
-  // Covers what is set in a bitmap of one bit a pixel, highest bit first, rows `pitch` bytes apart, whose left top
-  // corner lies at `left`, `top`. What falls outside the area is lost.
+  // Covers the pixels that are set in a bitmap of one bit per pixel, highest bit first, with rows `pitch` bytes apart
+  // and its top left corner at `left`, `top`. Pixels outside the area are ignored.
   void AddBits(const std::uint8_t* bits, int width, int rows, int pitch, int left, int top);
 
   void AddRectangle(const Rect& rect);
 
-  // The part within `clip`, moved by `dx` and `dy`.
+  // The coverage moved by `dx` and `dy`, as far as it is inside `clip`.
   Coverage Clipped(const Rect& clip, int dx, int dy) const;
 
-  // Everything within `width` pixels of what is covered, in both directions: the union of all moves by up to `width`.
+  // Every pixel within `width` pixels of a covered one in both directions: the union of all moves by up to `width`.
   Coverage Spread(int width) const;
 
   // Sets the covered pixels of `dib` to `entry`.

@@ -12,7 +12,7 @@
 namespace captoria {
 namespace {
 
-// Cues a worker takes at once: few enough that all end together.
+// Cues that a worker takes at a time: few enough that all workers end at about the same time.
 constexpr std::size_t kPortion = 16;
 
 // What the workers share.
@@ -69,7 +69,7 @@ class SharedBatch {
   std::mutex mutex_;  // for all below
   std::size_t done_ = 0;
   std::optional<Error> error_;
-  RenderedBatch result_;  // its sizes need no lock: each belongs to one cue
+  RenderedBatch result_;  // the sizes need no lock: one worker alone writes that of a cue
 };
 
 }  // namespace

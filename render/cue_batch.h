@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Many cues to bitmap files, on all cores. Every file is the same whatever the number of cores.
+// Draws many cues into bitmap files on several threads. The files do not depend on the number of threads.
 #pragma once
 
 #include <cstddef>
@@ -21,9 +21,9 @@ namespace captoria {
 
 struct CueBatch {
   std::span<const SubtitleCue> cues;
-  TrackStyle style;  // of their track; each cue's tag is heeded
+  TrackStyle style;  // of their track; the tag of a cue overrides it for that cue
   BitmapFrame frame;
-  std::function<std::string(std::size_t index)> path_of;  // of the file for a cue; called from any thread
+  std::function<std::string(std::size_t index)> path_of;  // the file for a cue; called from any thread
 };
 
 struct RenderedBatch {
@@ -31,12 +31,12 @@ struct RenderedBatch {
   FontReport fonts;
 };
 
-// "bmp" and the track's index, then the cue's number with at least four digits: the first cue of the first track is
-// "bmp00001.bmp".
+// "bmp", the track's index and the cue's number with at least four digits: "bmp00001.bmp" for the first cue of the
+// first track.
 std::string BitmapFileName(int track, std::size_t cue_number);
 
-// Draws and saves every cue. On an error or when `progress` says stop (Cancelled), files already written stay, and
-// which those are is not defined. `threads` is at least 1.
+// Draws and saves every cue on `threads` threads, at least 1. After an error, or if `progress` asks to stop
+// (Cancelled), an unspecified part of the files has been written and is not removed.
 Result<RenderedBatch> RenderCues(const std::shared_ptr<FontCollection>& fonts, const CueBatch& batch, unsigned threads,
                                  JobProgress& progress);
 

@@ -14,7 +14,7 @@ constexpr const char* kWithoutColourFonts =
     "<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM \"fonts.dtd\"><fontconfig><selectfont><rejectfont><pattern>"
     "<patelt name=\"color\"><bool>true</bool></patelt></pattern></rejectfont></selectfont></fontconfig>";
 
-// A config that cannot be loaded is freed again by its owner.
+// The caller owns `config`, also if it cannot be loaded.
 bool Load(FcConfig* config, const char* addition) {
   if (config == nullptr || FcConfigParseAndLoad(config, nullptr, FcTrue) == FcFalse) return false;
   if (addition != nullptr) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The fonts of this machine, found once and shared by every thread that draws.
+// The fonts of this machine. They are found once and shared by all drawing threads.
 #pragma once
 
 #include <memory>
@@ -9,22 +9,22 @@
 
 #include "base/result.h"
 
-// Fontconfig's own name for what is kept here; its header stays out of ours.
+// Fontconfig's type, declared here so that its header is not needed.
 struct _FcConfig;
 
 namespace captoria {
 
 class FontCollection {
  public:
-  // Unreadable when the font configuration cannot be loaded, NotFound on a machine without any font: films without a
-  // letter on their subtitles would be no use to anybody.
+  // Unreadable if the font configuration cannot be loaded; NotFound if no font is installed, as every subtitle would be
+  // empty.
   static Result<std::shared_ptr<FontCollection>> Open();
 
-  // Fonts that are outlines. Colour fonts are left out, as outlines make the better four-colour bitmap wherever another
-  // font has the character.
+  // The outline fonts. An outline makes a better four-colour bitmap than a picture of a colour font, so colour fonts
+  // are only used for characters that no outline font has.
   _FcConfig* Outlines() const { return outlines_.get(); }
 
-  // All fonts: for what no outline font has. Loaded when first asked for; safe from any thread.
+  // All fonts, colour fonts included. Loaded at the first call; may be called from any thread.
   _FcConfig* All();
 
  private:

@@ -9,7 +9,7 @@
 namespace captoria {
 namespace {
 
-// Enough for every run of any sensible cue, so that nothing of it is laid out twice.
+// Enough for all runs of any sensible cue, so that no run is laid out twice.
 constexpr std::size_t kMostRunBytes = std::size_t{2} << 20;
 
 void AddGlyph(const PlacedGlyph& placed, const LineMetrics& metrics, Coverage& coverage) {
@@ -20,7 +20,7 @@ void AddGlyph(const PlacedGlyph& placed, const LineMetrics& metrics, Coverage& c
                      baseline - glyph.top);
     return;
   }
-  // A character that no font has shows as a hollow box.
+  // A character that no font has is drawn as a hollow box.
   const Rect box{placed.x + 1, baseline - metrics.ascent * 3 / 4, placed.x + static_cast<int>(placed.glyph) - 1,
                  baseline};
   coverage.AddRectangle({box.left, box.top, box.right, box.top + 1});
@@ -72,12 +72,12 @@ Size FontSurface::Measure(std::string_view text, bool right_to_left) {
 
 const Coverage& FontSurface::MaskOf(const Run& run, const Rect& wanted) {
   if (mask_.run == &run && Intersection(wanted, mask_.covered) == wanted) return mask_.coverage;
-  // A little more than asked for, so that the run's shadow and outline, a few pixels off, need no other.
+  // A little more than asked for: the run's shadow and outline are a few pixels away and can use the same mask.
   constexpr int kMore = 64;
   mask_.run = &run;
   mask_.covered = {wanted.left - kMore, wanted.top - kMore, wanted.right + kMore, wanted.bottom + kMore};
   const int height = run.metrics.Height();
-  // Glyphs of other fonts may rise above the line or hang below it.
+  // Glyphs of fallback fonts may reach above and below the line.
   mask_.coverage = Coverage(Intersection(mask_.covered, {-height, -height, run.shaped.width + height, 2 * height}));
   for (const PlacedGlyph& glyph : run.shaped.glyphs) AddGlyph(glyph, run.metrics, mask_.coverage);
   return mask_.coverage;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The surface that subtitles are really drawn on: fonts into a cDIB, without any smoothing.
+// The surface that draws subtitles: text in real fonts, without smoothing, into a cDIB.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +18,7 @@ namespace captoria {
 
 class FontSurface final : public TextSurface {
  public:
-  // `dib` outlives the surface and may be created anew at any time.
+  // `dib` must outlive the surface. It may be created again at any time.
   FontSurface(std::shared_ptr<FontCollection> collection, cDIB& dib);
 
   void SelectFont(const Font& font) override;
@@ -29,7 +29,7 @@ class FontSurface final : public TextSurface {
   void SetTextColor(const Color& color) override { text_color_ = color; }
   void SetColorInPalette16(const Color& color, int index) override { dib_.SetColorInPalette16(color, index); }
 
-  // Of everything measured or drawn so far.
+  // Covers everything measured or drawn so far.
   const FontReport& Report() const { return shaper_.Report(); }
 
  private:
@@ -39,15 +39,15 @@ class FontSurface final : public TextSurface {
     LineMetrics metrics;  // of the chosen font
   };
 
-  // What the run that was drawn last covers. Its shadow, its outline and its letters are drawn one after the other, so
-  // one mask is all there is to keep.
+  // The coverage of the run that was drawn last. Its shadow, outline and letters are drawn one after the other, so one
+  // mask is enough.
   struct Mask {
     const Run* run = nullptr;
-    Rect covered;       // the part of the run that was turned into coverage, from the left end of the line's top
-    Coverage coverage;  // of that part
+    Rect covered;  // the part of the run that `coverage` shows; its origin is the top left corner of the line
+    Coverage coverage;
   };
 
-  // A font that was selected before, with its metrics.
+  // A font that has been selected at least once.
   struct KnownFont {
     Font font;
     LineMetrics metrics;
@@ -55,20 +55,21 @@ class FontSurface final : public TextSurface {
 
   const Run& RunOf(std::string_view text, bool right_to_left);
 
-  // The coverage of at least the part `wanted` of `run`.
+  // The coverage of at least the part `wanted` of `run`; valid until the next call.
   const Coverage& MaskOf(const Run& run, const Rect& wanted);
 
-  // The coverage of the run drawn at `rect`, clipped to it and to what can show within `margin` pixels of the bitmap.
+  // The coverage of `text` drawn at `rect`, clipped to the rectangle and to the bitmap with a margin of `margin`
+  // pixels.
   Coverage CoverageOf(std::string_view text, const Rect& rect, int margin, bool right_to_left);
 
   cDIB& dib_;
   TextShaper shaper_;
   Color text_color_;
   std::vector<KnownFont> fonts_;
-  std::size_t font_ = 0;         // the selected one
-  std::size_t shaper_font_ = 0;  // the one the shaper has; changed only when something has to be laid out
+  std::size_t font_ = 0;         // index of the selected font
+  std::size_t shaper_font_ = 0;  // index of the shaper's font, which changes only when text has to be laid out
   std::unordered_map<std::string, Run> runs_;
-  std::size_t runs_size_ = 0;  // roughly, bytes
+  std::size_t runs_size_ = 0;  // estimated bytes
   Mask mask_;
 };
 

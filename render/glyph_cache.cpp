@@ -31,8 +31,8 @@ GlyphBitmap Copied(const FT_GlyphSlot slot) {
   return glyph;
 }
 
-// A glyph of a colour font reduced to lines: its edge and whatever is dark inside. Filled whole, every face, flag and
-// heart would be the same blob.
+// A glyph of a colour font reduced to lines: its edge and the dark parts inside. If it were filled, every face, flag
+// and heart would look like the same blob.
 class ColourPicture {
  public:
   ColourPicture(const FT_Bitmap& bitmap, double scale) : bitmap_(bitmap), scale_(scale) {
@@ -59,7 +59,7 @@ class ColourPicture {
 
   static int Brightness(const Pixel& pixel) { return (pixel.red * 3 + pixel.green * 6 + pixel.blue) / 10; }
 
-  // The mean of the pixels that the pixel `x`, `y` of the smaller picture stands for.
+  // The mean of the original pixels that pixel `x`, `y` of the smaller picture represents.
   Pixel Sample(int x, int y) const {
     const auto bound = [this](int place, unsigned end) {
       return std::min(static_cast<unsigned>(place / scale_), end - 1);
@@ -108,7 +108,7 @@ GlyphFace::GlyphFace(FT_LibraryRec_* library, _FcPattern* pattern) {
     if (matrix != nullptr) SetSlant(face_, *matrix);
   } else if (face_->num_fixed_sizes > 0) {
     FT_Select_Size(face_, face_->num_fixed_sizes - 1);
-    // Of pictures of one size the matcher tells that size, and by the matrix how much smaller they are wanted.
+    // If a font has pictures of a single size, the matcher gives that size, and the wanted scale in the matrix.
     const double wanted = size * (matrix != nullptr ? matrix->yy : 1);
     strike_scale_ = wanted / std::max(1.0, static_cast<double>(face_->size->metrics.y_ppem));
   }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Glyphs as bitmaps of one bit a pixel, hinted and unsmoothed, drawn by FreeType once each.
+// Glyphs as bitmaps of one bit per pixel. FreeType draws each glyph once, hinted and without smoothing.
 #pragma once
 
 #include <cstdint>
@@ -15,18 +15,17 @@ struct _FcPattern;
 
 namespace captoria {
 
-// Where a glyph covers pixels, relative to its origin on the baseline.
+// The pixels that a glyph covers, relative to its origin on the baseline.
 struct GlyphBitmap {
-  int left = 0;  // of the first column, to the right
-  int top = 0;   // of the first row, upwards
+  int left = 0;  // from the origin to the first column
+  int top = 0;   // from the baseline up to the first row
   int width = 0;
   int rows = 0;
-  int pitch = 0;  // bytes a row; the highest bit is the leftmost pixel
+  int pitch = 0;  // bytes per row; the highest bit is the leftmost pixel
   std::vector<std::uint8_t> bits;
 };
 
-// One font file at one size, with the slant and weight that the font matcher asks to be made up where the file has
-// none.
+// A font file at one size. If the font matcher asks for a slant or weight that the file lacks, it is synthesised.
 class GlyphFace {
  public:
   GlyphFace(FT_LibraryRec_* library, _FcPattern* pattern);
@@ -34,7 +33,7 @@ class GlyphFace {
   GlyphFace& operator=(const GlyphFace&) = delete;
   ~GlyphFace();
 
-  // Valid as long as the face. A glyph that cannot be drawn is empty.
+  // Valid as long as the face exists. A glyph that cannot be drawn is empty.
   const GlyphBitmap& Glyph(std::uint32_t index);
 
  private:
@@ -42,9 +41,9 @@ class GlyphFace {
   GlyphBitmap FromOutline();
   GlyphBitmap FromColours() const;
 
-  FT_FaceRec_* face_ = nullptr;  // null when the file cannot be opened
+  FT_FaceRec_* face_ = nullptr;  // null if the file cannot be opened
   bool embolden_ = false;
-  double strike_scale_ = 1;  // wanted size by that of the colour bitmaps
+  double strike_scale_ = 1;  // the wanted size divided by the size of the colour bitmaps
   std::unordered_map<std::uint32_t, GlyphBitmap> glyphs_;
 };
 

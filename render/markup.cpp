@@ -17,8 +17,8 @@ constexpr std::string_view kColorAttribute = "color=";
 
 bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
-// The first six characters of `text` that are neither quotes nor "#". A character of several bytes is left as its
-// first one: it is no digit, and takes the place of one.
+// The first six characters of `text` that are neither quotes nor "#". A character of several bytes is represented by
+// its first byte, which takes the place of a digit and is not one.
 std::string ColorDigits(std::string_view text) {
   std::string digits;
   for (const char c : text) {
@@ -83,7 +83,7 @@ std::optional<MarkupRun> MarkupReader::Next() {
   return run;
 }
 
-// Gives the place behind the tag.
+// Returns the position after the tag.
 std::size_t MarkupReader::TakeFontTag(std::size_t start, MarkupRun& run) {
   const std::size_t inside = start + kTags[static_cast<std::size_t>(MarkupTag::Font)].size();
   const std::size_t bracket = closing_bracket_.From(inside);

@@ -23,16 +23,16 @@ enum class MarkupTag { Bold, Italic, BoldEnd, ItalicEnd, Font, FontEnd, None };
 struct MarkupRun {
   std::string_view text;                       // may be empty
   MarkupTag tag = MarkupTag::None;             // what ends the run; None: the line does
-  bool bold_ahead = false;                     // the line has a <b> at the end of the run or anywhere behind it
+  bool bold_ahead = false;                     // the line has a <b> at the end of the run or later
   std::optional<std::string_view> attributes;  // of a <font ...> tag that is closed by ">"
 };
 
-// Finds the places of one text in another from left to right. All its answers together take one pass over the line.
+// Finds the occurrences of a text in a line from left to right. All calls together take one pass over the line.
 class ForwardSearch {
  public:
   ForwardSearch(std::string_view line, std::string_view wanted) : line_(line), wanted_(wanted) {}
 
-  // The first place at `from` or behind it, npos when there is none. `from` never decreases from call to call.
+  // The first occurrence at `from` or later, npos if there is none. `from` must not decrease from call to call.
   std::size_t From(std::size_t from);
 
  private:
@@ -42,13 +42,13 @@ class ForwardSearch {
   bool searched_ = false;
 };
 
-// Reads a line run by run. Every tag that is reached counts, wherever it stands; a <font that is never closed by ">"
-// is cut out up to its blank and the rest is text.
+// Reads a line run by run. Tags need no partner. If a <font ...> tag is not closed by ">", only "<font " is removed and
+// the rest is text.
 class MarkupReader {
  public:
   explicit MarkupReader(std::string_view line);
 
-  // No value behind the last run. An empty line has no runs.
+  // No value after the last run. An empty line has no runs.
   std::optional<MarkupRun> Next();
 
  private:
@@ -61,8 +61,9 @@ class MarkupReader {
   ForwardSearch closing_bracket_;
 };
 
-// The colour in the attributes of a <font ...> tag, which have to begin with it: color=#FF8000, with or without "#" and
-// double quotes. Six digits are read, and digits that are none or missing leave their part of the colour smaller.
+// The colour in the attributes of a <font ...> tag, which must begin with it: color=#FF8000, with or without "#" and
+// double quotes. Six characters are read as three pairs of digits; a pair ends at the first character that is not a
+// hexadecimal digit, and a missing pair is 0.
 std::optional<Color> FontTagColor(std::string_view attributes);
 
 }  // namespace captoria

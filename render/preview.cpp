@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kPixel = 4;  // bytes
 
-// `over` / `under`, rounded to the nearest whole number and a half to the even one. `under` is above 0.
+// `over` / `under`, rounded to the nearest whole number, halves to the even one. `under` is above 0.
 std::int64_t DivideToEven(std::int64_t over, std::int64_t under) {
   std::int64_t whole = over / under, rest = over % under;
   if (rest < 0) {
@@ -44,7 +44,7 @@ std::uint8_t* PixelAt(VideoFrame& frame, std::int64_t x, std::int64_t y) {
 
 Point PlaceOnPreview(const Size& frame, const Size& bitmap, int hor_pos, int slider_value, int slider_maximum) {
   std::int64_t x = std::int64_t{hor_pos} + (frame.width - bitmap.width) / 2;
-  // The right edge comes last: of a bitmap wider than the picture, the end of the lines is what stays in sight.
+  // The right edge comes last: if a bitmap is wider than the picture, the end of the lines stays visible.
   x = std::max<std::int64_t>(x, 0);
   x = std::min<std::int64_t>(x, frame.width - bitmap.width);
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What a cue will look like: its bitmap by itself, and laid over a picture of the film. All lengths are pixels.
+// Shows what a cue will look like: its bitmap alone, and over a picture of the film. All lengths are in pixels.
 #pragma once
 
 #include "base/color.h"
@@ -11,16 +11,16 @@
 
 namespace captoria {
 
-// The top left corner of a bitmap on a picture of the film. `hor_pos` moves it right of the centred place; it stays on
-// the picture unless it is wider. `slider_value` of `slider_maximum` is how far up it stands: 0 puts it on the bottom
-// edge, the maximum under the top edge. A maximum below 1 is no range, and the bitmap stands on the bottom edge.
+// The top left corner of a bitmap on a picture of the film. `hor_pos` moves it to the right of the centre; it stays on
+// the picture unless it is wider. `slider_value` moves it up: 0 puts it on the bottom edge, `slider_maximum` under the
+// top edge. If the maximum is below 1, the bitmap is put on the bottom edge.
 Point PlaceOnPreview(const Size& frame, const Size& bitmap, int hor_pos, int slider_value, int slider_maximum);
 
-// Draws `bitmap` with its top left corner `at` there, as far as it lies on the picture. What has the colour
-// `back_color` is not drawn, whichever entry it is: text of that colour disappears.
+// Draws the part of `bitmap` that is on the picture if its top left corner is at `at`. Pixels of the colour
+// `back_color` are not drawn, whatever their entry: text of that colour disappears.
 void Overlay(VideoFrame& frame, const cDIB& bitmap, Point at, const Color& back_color);
 
-// The bitmap by itself, every pixel opaque. No pixels when there is no bitmap.
+// The bitmap alone, every pixel opaque. Has no pixels if there is no bitmap.
 VideoFrame ImageOf(const cDIB& bitmap);
 
 }  // namespace captoria

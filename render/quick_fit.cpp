@@ -12,13 +12,13 @@
 namespace captoria {
 namespace {
 
-// Letters that stand on their own. Combining marks move or widen others.
+// Whether the letter takes its own width wherever it occurs. Combining marks move or widen other letters.
 bool IsSimple(std::size_t code) {
   const bool combining = (code >= 0x300 && code < 0x370) || (code >= 0x483 && code < 0x48A);
   return code >= ' ' && code != 0x7F && code != 0xAD && !combining;
 }
 
-// The length of a tag for bold or italic that begins at `at`; 0 when there is none.
+// The length of the tag for bold or italic at `at`; 0 if there is no such tag.
 std::size_t StyleTagLength(std::string_view text, std::size_t at) {
   for (const std::string_view tag : {"<b>", "<i>", "</b>", "</i>"}) {
     if (text.substr(at).starts_with(tag)) return tag.size();
@@ -31,7 +31,7 @@ std::size_t StyleTagLength(std::string_view text, std::size_t at) {
 QuickFit::QuickFit(TextSurface& surface, const Font& font, const Size& area) : surface_(surface), font_(font) {
   surface_.SelectFont(font_);
   const int line_height = LineHeight(surface_);
-  // Kerning draws letters together far more often than apart; an eighth more than the sum is beyond any font.
+  // Kerning moves letters together far more often than apart; no font adds an eighth to the sum.
   width_ = area.width - area.width / 8;
   most_lines_ = line_height > 0 ? area.height / line_height + 1 : 0;
   for (Advances& advances : advances_) advances.fill(kUnknown);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Tells, without laying anything out, of most cues that they fit: only the few near the edge are worth a measurement,
-// which takes fifty times as long.
+// Finds out for most cues that they fit without laying them out. Only the few that come near the edge have to be
+// measured, which takes fifty times as long.
 #pragma once
 
 #include <array>
@@ -15,11 +15,11 @@ namespace captoria {
 
 class QuickFit {
  public:
-  // `surface` outlives the object. Its selected font is changed.
+  // `surface` must outlive the object. Its selected font changes.
   QuickFit(TextSurface& surface, const Font& font, const Size& area);
 
-  // True when `text` fits the area beyond doubt: it has no tags, all of its letters are Latin, Greek or Cyrillic, and
-  // the sum of their widths leaves room to spare for whatever a font adds between two letters. False says nothing.
+  // True if `text` fits the area without doubt: it has no font tags, all its letters are Latin, Greek or Cyrillic, and
+  // the sum of their widths leaves enough room for what a font adds between letters. False means that it may still fit.
   bool SurelyFits(std::string_view text);
 
  private:
@@ -28,16 +28,16 @@ class QuickFit {
 
   using Advances = std::array<int, kLetters>;
 
-  // The width of the letter that begins at `at`, which moves behind it; kUnknown when it is not one to be summed up.
+  // The width of the letter at `at`, which moves past it; kUnknown if the widths of such letters cannot be added up.
   int Advance(std::string_view text, std::size_t& at, bool tagged);
 
   int Measure(std::string_view letter, bool tagged);
 
   TextSurface& surface_;
   Font font_;
-  int width_;                         // what a sum of widths must stay below
-  int most_lines_;                    // of a text that is not too high
-  std::array<Advances, 2> advances_;  // in the font as it is; the widest in bold, italic, both or neither
+  int width_;                         // the largest sum of widths that surely fits
+  int most_lines_;                    // the largest number of lines that fits
+  std::array<Advances, 2> advances_;  // without tags: in the font itself; with tags: the widest of its four styles
 };
 
 }  // namespace captoria

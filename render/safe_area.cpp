@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kSmallestSize = 5;
 
-// Cues with the same text fit alike, so each text is measured once a size.
+// Cues with the same text need the same size, so each text is measured only once per size.
 struct SharedText {
   std::string_view text;
   std::vector<std::size_t> rows;  // of the cues with this text
@@ -46,7 +46,7 @@ class AreaTest {
   const Size& Area() const { return area_; }
 
   TextFit Test(std::string_view text) {
-    surface_.SelectFont(font_);  // a text must not fit or not by what the one before it left behind
+    surface_.SelectFont(font_);  // the text before may have left another font selected
     return StyledTextFits(surface_, text, area_, font_);
   }
 

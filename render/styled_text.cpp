@@ -16,8 +16,8 @@ namespace {
 constexpr int kBottomMargin = 3;    // pixels below the last line
 constexpr int kFontColorEntry = 3;  // of the surface's colour table
 
-// Sums of sizes are made in 64 bits. What goes to the surface stays so far from the ends of an int that the surface can
-// move it and add to it; nothing is ever seen out there.
+// Sizes are added in 64 bits. Coordinates for the surface are kept away from the limits of an int, so that the surface
+// can add to them; nothing is visible that far out.
 using Wide = std::int64_t;
 constexpr Wide kFarthest = 1 << 29;
 
@@ -29,7 +29,7 @@ int Saturated(Wide size) {
 
 enum class Rules { Drawing, Sizing };
 
-// Bold and italic while the tags of a text go by.
+// Bold and italic as the tags of a text are reached.
 class RunningStyle {
  public:
   RunningStyle(const Font& own, Rules rules) : own_(own), font_(own), rules_(rules) {}
@@ -66,7 +66,7 @@ class RunningStyle {
   }
 
  private:
-  // When sizing, a <b> further on in the line takes effect here already.
+  // In sizing, a later <b> in the line already takes effect here.
   void ReachFontTag(const MarkupRun& run) {
     if (rules_ == Rules::Drawing) {
       font_.italic = own_.italic;
@@ -80,7 +80,7 @@ class RunningStyle {
   Rules rules_;
 };
 
-// Visits the runs of a line. Each has the font that was selected before it: a tag takes effect behind itself.
+// Visits the runs of a line. A run has the font that was selected before it; its tag selects the font of the next run.
 template <typename Visit>
 void WalkLine(TextSurface& surface, std::string_view line, RunningStyle& style, Visit visit) {
   MarkupReader reader(line);
@@ -135,7 +135,7 @@ void Drawing::Draw(std::string_view text) {
   surface_.SetTextColor(base_color_);
 }
 
-// Visits the text and the colour of every run of a line that begins in the track's own style.
+// Visits the text and the colour of every run of a line. The line begins in the track's own style.
 template <typename Visit>
 void Drawing::WalkDrawnLine(std::string_view line, Visit visit) {
   running_.Reset();
@@ -149,7 +149,7 @@ void Drawing::WalkDrawnLine(std::string_view line, Visit visit) {
   });
 }
 
-// A font tag also takes the colour of an earlier one from the run before it.
+// A font tag also resets the colour of the run before it, which an earlier font tag may have set.
 void Drawing::TakeColors(const MarkupRun& run, Color& color, Color& next) {
   if (run.tag == MarkupTag::FontEnd) next = base_color_;
   if (run.tag != MarkupTag::Font) return;
@@ -168,7 +168,7 @@ Wide Drawing::LineWidth(std::string_view line) {
   return width;
 }
 
-// Half a pixel goes to the even neighbour.
+// Half a pixel is rounded to the even neighbour.
 Wide Drawing::LineLeft(Wide line_width, Wide block_width) const {
   Wide twice = Wide{rect_.left} + rect_.right;
   switch (style_.alignment) {
@@ -214,7 +214,7 @@ struct Sizing {
   bool has_font_tag = false;
 };
 
-// Begins with the font that is selected already; only what stands behind the first tag has a font of its own.
+// Starts with the font that is already selected; `font` takes effect after the first tag.
 Sizing SizeStyledText(TextSurface& surface, std::string_view text, const Font& font) {
   RunningStyle style(font, Rules::Sizing);
   Sizing sizing;

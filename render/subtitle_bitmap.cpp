@@ -13,7 +13,7 @@
 namespace captoria {
 namespace {
 
-// Room above the text for outline and shadow, and below it.
+// Room for outline and shadow above and below the text.
 constexpr int kHeightBesideLines = 25;
 constexpr int kBelowText = 5;
 constexpr int kWidthBesideText = 4;

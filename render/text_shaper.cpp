@@ -32,7 +32,7 @@ struct Unref {
 template <typename T>
 using Owned = std::unique_ptr<T, Unref>;
 
-// What the language says of a character set's script, so that a Han character looks as its readers expect.
+// The language of a character set, so that Han characters look as their readers expect.
 const char* LanguageOfCharset(int charset) {
   constexpr std::array<std::pair<int, const char*>, 8> kLanguages{
       {{128, "ja"}, {129, "ko"}, {134, "zh-cn"}, {136, "zh-tw"}, {162, "tr"}, {177, "he"}, {178, "ar"}, {222, "th"}}};
@@ -40,7 +40,7 @@ const char* LanguageOfCharset(int charset) {
   return known == kLanguages.end() ? "en" : known->second;
 }
 
-// The machine's own taste in smoothing must not change the bitmaps.
+// The user's settings for font smoothing must not change the bitmaps.
 void AskForPlainOutlines(FcPattern* pattern, gpointer) {
   for (const char* property : {FC_HINTING, FC_HINT_STYLE, FC_ANTIALIAS, FC_AUTOHINT}) FcPatternDel(pattern, property);
   FcPatternAddBool(pattern, FC_HINTING, FcTrue);
@@ -49,7 +49,7 @@ void AskForPlainOutlines(FcPattern* pattern, gpointer) {
   FcPatternAddBool(pattern, FC_AUTOHINT, FcFalse);
 }
 
-// Valid UTF-8 without control characters, of the same number of characters.
+// The text as valid UTF-8 without control characters; the number of characters stays the same.
 std::string Printable(std::string_view text) {
   std::string printable;
   printable.reserve(text.size());
@@ -69,7 +69,7 @@ std::string Printable(std::string_view text) {
 
 int Pixels(int pango_units) { return PANGO_PIXELS(pango_units); }
 
-// Pango set up over one set of fonts.
+// Pango's objects for a set of fonts.
 class Layouter {
  public:
   explicit Layouter(FcConfig* config) : map_(pango_ft2_font_map_new()) {
@@ -131,19 +131,19 @@ struct TextShaper::State {
   GlyphFace* FaceOf(PangoFont* font) {
     auto& face = faces[font];
     if (!face.second) {
-      face.first.reset(PANGO_FONT(g_object_ref(font)));  // an address must not be given out twice
+      face.first.reset(PANGO_FONT(g_object_ref(font)));  // keeps the address from being reused
       face.second = std::make_unique<GlyphFace>(library, pango_fc_font_get_pattern(PANGO_FC_FONT(font)));
     }
     return face.second.get();
   }
 
-  // The glyphs of one run, from `x` in Pango's units, which moves on.
+  // Adds the glyphs of a run. `x` is its left end in Pango's units and moves to the right end.
   void Place(const PangoGlyphItem& run, int& x, ShapedText& shaped, FontReport& report);
 
   std::shared_ptr<FontCollection> collection;
   FT_Library library = nullptr;
   Layouter outlines;
-  std::unique_ptr<Layouter> all;  // made when a character needs it
+  std::unique_ptr<Layouter> all;  // made when a character first needs it
   Owned<PangoFontDescription> description;
   PangoLanguage* language = nullptr;
   std::string chosen;

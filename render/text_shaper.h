@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Pieces of text laid out: which glyph of which font goes where. Mixed scripts, joined letters, both directions and
-// fonts that stand in for a missing character are Pango's work; see render/glyph_cache.h for the glyphs themselves.
+// Lays text out: which glyph of which font goes where. Pango handles mixed scripts, joined letters, both directions and
+// fallback fonts; render/glyph_cache.h draws the glyphs.
 #pragma once
 
 #include <cstddef>
@@ -20,16 +20,16 @@
 
 namespace captoria {
 
-// Which fonts a drawing really used: what to tell a user who chose a font that is not installed.
+// The fonts that a drawing really used, for users who chose a font that is not installed.
 struct FontReport {
   std::map<std::string, std::set<std::string>> fonts;  // chosen name -> names of the fonts that drew its text
-  std::set<char32_t> missing;                          // characters no installed font has; drawn as empty boxes
+  std::set<char32_t> missing;                          // characters that no installed font has; drawn as empty boxes
 
   void Add(const FontReport& other);
 };
 
 struct PlacedGlyph {
-  GlyphFace* face;  // null: a box for a character no font has, `glyph` pixels wide
+  GlyphFace* face;  // null for a character that no font has: a box, `glyph` pixels wide
   std::uint32_t glyph;
   int x;  // of the origin, from the left end of the text
   int y;  // of the origin, below the baseline
@@ -40,15 +40,15 @@ struct ShapedText {
   int width = 0;  // advance, pixels
 };
 
-// The lines of a font: what is above and below the baseline, rounded up to whole pixels.
+// The height of a font's lines above and below the baseline, rounded up to whole pixels.
 struct LineMetrics {
   int ascent = 0;
   int descent = 0;
   int Height() const { return ascent + descent; }
 };
 
-// Sizes are taken at 96 pixels an inch on every machine. One thread at a time; as many shapers as threads may share a
-// collection.
+// Point sizes are converted at 96 pixels per inch on every machine. A shaper belongs to one thread; several shapers may
+// share a collection.
 class TextShaper {
  public:
   explicit TextShaper(std::shared_ptr<FontCollection> collection);
@@ -56,11 +56,11 @@ class TextShaper {
   TextShaper& operator=(const TextShaper&) = delete;
   ~TextShaper();
 
-  // The font of the calls that follow.
+  // Sets the font for the following calls.
   void Select(const Font& font);
 
-  // Lays `text`, UTF-8, out as one line. Control characters become blanks, invalid bytes U+FFFD. What stands behind the
-  // first 32 KiB is left out: that much is wider than any frame in any font, and time and memory stay bounded.
+  // Lays out `text`, in UTF-8, as one line. Control characters become blanks, invalid bytes U+FFFD. Text after the
+  // first 32 KiB is ignored: 32 KiB are wider than any frame, and the bound limits time and memory.
   ShapedText Shape(std::string_view text, bool right_to_left);
 
   LineMetrics Metrics();
@@ -68,7 +68,7 @@ class TextShaper {
   const FontReport& Report() const { return report_; }
 
  private:
-  struct State;  // the libraries' objects
+  struct State;  // the objects of the libraries
   std::unique_ptr<State> state_;
   FontReport report_;
 };

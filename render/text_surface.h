@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What the styled-text engine needs of whatever it draws on. The real surface (render/font_surface.h) lays text out
-// with fonts; tests record the calls on one whose letters all have the same width.
+// The interface that the styled-text engine draws on. The real surface (render/font_surface.h) lays text out with
+// fonts; tests use one that records the calls and gives all letters the same width.
 #pragma once
 
 #include <string_view>
@@ -13,7 +13,7 @@
 
 namespace captoria {
 
-// In pixels of the surface; right and bottom are the first column and row outside.
+// In pixels of the surface; `right` and `bottom` are the first column and row outside.
 struct Rect {
   int left = 0;
   int top = 0;
@@ -30,13 +30,13 @@ class TextSurface {
  public:
   virtual ~TextSurface() = default;
 
-  // The font of all measuring and drawing from now on.
+  // Sets the font for measuring and drawing.
   virtual void SelectFont(const Font& font) = 0;
 
   // The size of `text` when drawn: its advance, and the height of the selected font's lines. An empty text has no size.
   virtual Size Measure(std::string_view text, bool right_to_left) = 0;
 
-  // Draws `text` in the text colour from the left top corner of `rect`, clipped to it.
+  // Draws `text` in the text colour from the top left corner of `rect`, clipped to the rectangle.
   virtual void Draw(std::string_view text, const Rect& rect, bool right_to_left) = 0;
 
   // Draws `text` once for every place up to `width` pixels from `rect` in both directions, the unmoved one included,

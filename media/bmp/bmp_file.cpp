@@ -24,7 +24,7 @@ constexpr std::uint64_t kLargestFile = std::uint64_t{32} << 20;
 // Rows are padded to four bytes.
 constexpr std::size_t RowBytes(std::size_t width, unsigned bits) { return (width * bits + 31) / 32 * 4; }
 
-// The fields of the two headers that matter here.
+// The fields of the two headers that are needed.
 struct Headers {
   std::uint32_t rows_at = 0;
   std::uint32_t header_size = 0;
@@ -43,7 +43,7 @@ struct Headers {
 Result<Headers> ReadHeaders(ByteReader& in, const std::string& name) {
   const auto damaged = [&](const char* how) { return Failure(ErrorKind::Damaged, name + ": " + how); };
   Headers headers;
-  if (in.U16() != kMagic) return damaged("is no BMP file");
+  if (in.U16() != kMagic) return damaged("is not a BMP file");
   in.Skip(8);
   headers.rows_at = in.U32();
   headers.header_size = in.U32();
@@ -55,7 +55,7 @@ Result<Headers> ReadHeaders(ByteReader& in, const std::string& name) {
   in.Skip(12);
   headers.colors_used = in.U32();
   in.Skip(4);
-  if (in.Failed()) return damaged("breaks off in the header of the bitmap");
+  if (in.Failed()) return damaged("ends within the bitmap header");
   return headers;
 }
 
@@ -65,11 +65,12 @@ Result<void> CheckHeaders(const Headers& headers, const std::string& name) {
     return fail(ErrorKind::Unsupported, "has a bitmap header of " + std::to_string(headers.header_size) + " bytes");
   }
   if (headers.planes != 1 || headers.width < 1 || headers.height == 0) {
-    return fail(ErrorKind::Damaged, "has a bitmap header that makes no sense");
+    return fail(ErrorKind::Damaged, "has an invalid bitmap header");
   }
   if (headers.bits != 1 && headers.bits != 4 && headers.bits != 8) {
-    return fail(ErrorKind::Unsupported, "has " + std::to_string(headers.bits) +
-                                            " bits a pixel; only bitmaps with a colour table (1, 4 or 8) can be used");
+    return fail(ErrorKind::Unsupported,
+                "has " + std::to_string(headers.bits) +
+                    " bits per pixel; only bitmaps with a colour table (1, 4 or 8) can be used");
   }
   if (headers.compression != kUncompressed)
     return fail(ErrorKind::Unsupported, "is compressed, which is not supported");
@@ -77,7 +78,8 @@ Result<void> CheckHeaders(const Headers& headers, const std::string& name) {
     return fail(ErrorKind::TooLarge, "is a bitmap of " + std::to_string(headers.width) + " x " +
                                          std::to_string(headers.Rows()) + " pixels, which is too large");
   }
-  if (headers.colors_used > 1U << headers.bits) return fail(ErrorKind::Damaged, "has more colours than its pixels");
+  if (headers.colors_used > 1U << headers.bits)
+    return fail(ErrorKind::Damaged, "has more colours than its bits per pixel allow");
   return {};
 }
 
@@ -89,7 +91,7 @@ void UnpackRow(ByteView packed, unsigned bits, std::span<std::uint8_t> row) {
   }
 }
 
-// The leftmost pixel stands in the highest bits of the first byte; rows are padded to four bytes.
+// The leftmost pixel is in the highest bits of the first byte.
 void UnpackRows(ByteView packed, const Headers& headers, BmpFile& bmp) {
   const auto width = static_cast<std::size_t>(bmp.width), height = static_cast<std::size_t>(bmp.height);
   bmp.pixels.resize(width * height);
@@ -125,12 +127,12 @@ Result<BmpFile> ParseBmp(ByteView bytes, const std::string& name) {
     color = {red, green, blue};
     in.Skip(1);
   }
-  if (in.Failed()) return Failure(ErrorKind::Damaged, name + ": breaks off in the colour table");
+  if (in.Failed()) return Failure(ErrorKind::Damaged, name + ": ends within the colour table");
 
   const std::size_t size = headers->RowBytes() * static_cast<std::size_t>(bmp.height);
   if (headers->rows_at < kFileHeader + headers->header_size || headers->rows_at > bytes.size() ||
       bytes.size() - headers->rows_at < size) {
-    return Failure(ErrorKind::Damaged, name + ": the rows of the bitmap are not all there");
+    return Failure(ErrorKind::Damaged, name + ": rows of the bitmap are missing");
   }
   UnpackRows(bytes.subspan(headers->rows_at, size), *headers, bmp);
   if (std::ranges::max(bmp.pixels) >= bmp.colors.size()) {

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// BMP files with a colour table. Read: 1, 4 or 8 bits a pixel, not compressed, rows from the bottom or from the top.
-// Written: 4 bits a pixel, rows from the bottom.
+// Reads and writes BMP files with a colour table. Files of 1, 4 or 8 bits per pixel can be read if they are not
+// compressed, with rows from the bottom or from the top. Written files have 4 bits per pixel and rows from the bottom.
 #pragma once
 
 #include <cstdint>
@@ -24,11 +24,11 @@ struct BmpFile {
   std::vector<std::uint8_t> pixels;  // entry numbers below colors.size(), rows from the top
 };
 
-// Beyond the errors of reading: Damaged when the file is no BMP or is not whole, Unsupported for bitmaps without a
-// colour table and for compressed ones, TooLarge for a side beyond 16384 or more than 16 Mi pixels.
+// Besides the errors of reading a file: Damaged if it is not a BMP file or is incomplete, Unsupported if the bitmap has
+// no colour table or is compressed, TooLarge if a side is above 16384 or there are more than 16 Mi pixels.
 Result<BmpFile> ReadBmp(const std::string& path);
 
-// The same for bytes in memory; `name` stands in the messages.
+// The same for bytes in memory. Messages contain `name`.
 Result<BmpFile> ParseBmp(ByteView bytes, const std::string& name);
 
 // A picture to be written.

@@ -72,23 +72,23 @@ TEST(BmpFile, RefusesOthersByName) {
     Fields fields;
   };
   const std::vector<Refusal> refusals{
-      {"has 24 bits a pixel", ErrorKind::Unsupported, {.bits = 24}},
-      {"has 0 bits a pixel", ErrorKind::Unsupported, {.bits = 0}},
+      {"has 24 bits per pixel", ErrorKind::Unsupported, {.bits = 24}},
+      {"has 0 bits per pixel", ErrorKind::Unsupported, {.bits = 0}},
       {"is compressed", ErrorKind::Unsupported, {.compression = 2}},
       {"bitmap header of 200 bytes", ErrorKind::Unsupported, {.header_size = 200}},
-      {"makes no sense", ErrorKind::Damaged, {.width = 0}},
-      {"makes no sense", ErrorKind::Damaged, {.width = 0x80000000}},
-      {"makes no sense", ErrorKind::Damaged, {.height = 0}},
-      {"makes no sense", ErrorKind::Damaged, {.planes = 0}},
+      {"invalid bitmap header", ErrorKind::Damaged, {.width = 0}},
+      {"invalid bitmap header", ErrorKind::Damaged, {.width = 0x80000000}},
+      {"invalid bitmap header", ErrorKind::Damaged, {.height = 0}},
+      {"invalid bitmap header", ErrorKind::Damaged, {.planes = 0}},
       {"16385 x 2 pixels", ErrorKind::TooLarge, {.width = 16385}},
       {"5 x 2147483648 pixels", ErrorKind::TooLarge, {.height = INT32_MIN}},
       {"16384 x 1025 pixels", ErrorKind::TooLarge, {.width = 16384, .height = 1025}},
       {"more colours than", ErrorKind::Damaged, {.colors_used = 17}},
       {"colour that is not in its colour table", ErrorKind::Damaged, {.colors_used = 15}},
       {"colour table", ErrorKind::Damaged, {.colors = 1, .rows = {}}},
-      {"not all there", ErrorKind::Damaged, {.height = 3}},
-      {"not all there", ErrorKind::Damaged, {.moved_rows = 1}},
-      {"not all there", ErrorKind::Damaged, {.moved_rows = 0xFFFFFF00}},
+      {"rows of the bitmap are missing", ErrorKind::Damaged, {.height = 3}},
+      {"rows of the bitmap are missing", ErrorKind::Damaged, {.moved_rows = 1}},
+      {"rows of the bitmap are missing", ErrorKind::Damaged, {.moved_rows = 0xFFFFFF00}},
   };
   for (const Refusal& refusal : refusals) {
     const auto bmp = ParseBmp(refusal.fields.File(), "a.bmp");
