@@ -38,6 +38,7 @@ TEST(CueBatch, GivesTheSameFilesOnAnyNumberOfThreads) {
   ASSERT_TRUE(alone && shared);
   EXPECT_EQ(alone->fonts.fonts, shared->fonts.fonts);
   EXPECT_EQ(alone->sizes, shared->sizes);
+  EXPECT_LT(alone->sizes[0].height, alone->sizes[3].height) << "the first cue was fitted";
   for (std::size_t i = 0; i < cues.size(); ++i) {
     const std::string name = BitmapFileName(0, i + 1);
     EXPECT_FALSE(one.Get(name).empty());
@@ -45,21 +46,24 @@ TEST(CueBatch, GivesTheSameFilesOnAnyNumberOfThreads) {
   }
 }
 
-TEST(CueBatch, ReportsTheMissingCharactersOfEveryThread) {
+TEST(CueBatch, ReportsTheFontsAndMissingCharactersOfEveryThread) {
   // No cue is saved before a second thread is about to save one as well, so both have something to report.
   std::vector<SubtitleCue> cues(32);
-  cues.front().Text = "\xF3\xB0\x80\x81";  // of a private plane, as is the other
-  cues.back().Text = "\xF3\xB0\x80\x82";
+  cues.front().Text = "日本 \xF3\xB0\x80\x81";  // the last character is of a private plane
+  cues.back().Text = "שלום \xF3\xB0\x80\x82";
   const TestFolder folder;
   CueBatch batch = BatchInto(folder, cues);
+  const auto fonts = FontCollection::Open().value();
+  NoProgress progress;
+  const auto alone = RenderCues(fonts, batch, 1, progress);
   std::latch both(2);
   batch.path_of = [&](std::size_t i) {
     if (i % 16 == 0) both.arrive_and_wait();
     return folder.File(BitmapFileName(0, i + 1));
   };
-  NoProgress progress;
-  const auto rendered = RenderCues(FontCollection::Open().value(), batch, 2, progress);
-  ASSERT_TRUE(rendered);
+  const auto rendered = RenderCues(fonts, batch, 2, progress);
+  ASSERT_TRUE(alone && rendered);
+  EXPECT_EQ(rendered->fonts.fonts, alone->fonts.fonts);
   EXPECT_EQ(rendered->fonts.missing, (std::set<char32_t>{0xF0001, 0xF0002}));
 }
 

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include "render/coverage.h"
 #include "tests/support/test_folder.h"
 
 namespace captoria {
@@ -33,26 +32,6 @@ TEST(Dib, DrawsInTheNearestOfTheFirstFourColours) {
   EXPECT_EQ(dib.NearestEntry({240, 240, 240}), 1);
   EXPECT_EQ(dib.NearestEntry({240, 0, 16}), 3);
   EXPECT_EQ(dib.NearestEntry({70, 70, 70}), 2) << "the greys are not meant to be used";
-}
-
-TEST(Coverage, SpreadIsTheUnionOfAllMoves) {
-  const Rect area{-3, 2, 14, 11};
-  Coverage coverage(area);
-  const std::uint8_t bits[] = {0b10010000, 0b01000001, 0b00000000, 0b10000000};
-  coverage.AddBits(bits, 9, 2, 2, -4, 3);  // partly outside
-  coverage.AddRectangle({5, 6, 8, 40});
-  const Rect everything{-20, -20, 40, 40};
-  for (const int width : {0, 1, 4}) {
-    cDIB spread, moved;
-    spread.Create(30, 30);
-    moved.Create(30, 30);
-    for (cDIB* dib : {&spread, &moved}) dib->SetColorInPalette16({255, 255, 255}, 1);
-    coverage.Spread(width).Clipped(everything, 8, 5).Paint(spread, 1);
-    for (int dx = -width; dx <= width; ++dx) {
-      for (int dy = -width; dy <= width; ++dy) coverage.Clipped(everything, 8 + dx, 5 + dy).Paint(moved, 1);
-    }
-    for (int y = 0; y < 30; ++y) EXPECT_TRUE(std::ranges::equal(spread.Row(y), moved.Row(y))) << width << " " << y;
-  }
 }
 
 TEST(Colors, HaveRedInTheLowByteOfTheirNumber) {

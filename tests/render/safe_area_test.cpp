@@ -81,7 +81,7 @@ TEST_F(SafeArea, FractionalSizesAreFittedFromTheirRoundedSizeDown) {
 }
 
 TEST_F(SafeArea, AFontTagTakesTheShadow) {
-  SubtitleTrack track = TrackWith({"a <font size=2>b"});
+  SubtitleTrack track = TrackWith({"a <font size=2>b", kWide});
   track.style.ShadowBevel = 4;
   EXPECT_TRUE(Check(track).has_font_tag);
   EXPECT_EQ(track.style.ShadowBevel, 0);

@@ -10,7 +10,6 @@
 #include <cstdlib>
 #include <random>
 
-#include "render/styled_text.h"
 #include "settings/settings_values.h"
 #include "tests/support/test_folder.h"
 
@@ -127,25 +126,6 @@ TEST(FontSurface, ARunIsWholeWhereverItIsDrawnNext) {
   for (int y = 0; y < drawn.Height(); ++y) ASSERT_TRUE(std::ranges::equal(drawn.Row(y), expected.Row(y))) << y;
 }
 
-TEST(SubtitleBitmap, IsSizedByTheText) {
-  SubtitleBitmap bitmap(Fonts(), {720, kBlue});
-  TrackStyle style = Style();
-  style.OutlineWidth = 2;
-  style.ShadowBevel = -3;
-  const int line = bitmap.LineHeight(style.font);
-  const int width = MeasureStyledText(bitmap.Surface(), "Some text", style.font).width;
-  bitmap.RenderCueBitmap("Some text\r\nab", style);
-  const int expected_width = 3 + width + 4 + 4, expected_height = 2 * line + 25;
-  EXPECT_EQ(bitmap.Dib().Width(), expected_width + expected_width % 2);
-  EXPECT_EQ(bitmap.Dib().Height(), expected_height + expected_height % 2);
-}
-
-TEST(SubtitleBitmap, IsNoWiderThanTheFrame) {
-  SubtitleBitmap bitmap(Fonts(), {640, kBlue});
-  bitmap.RenderCueBitmap(std::string(200, 'W'), Style());
-  EXPECT_EQ(bitmap.Dib().Width(), 640);
-}
-
 TEST(SubtitleBitmap, PicturesOfAColourFontBecomeLines) {
   SubtitleBitmap bitmap(Fonts(), {720, kBlue});
   TrackStyle style = With([](TrackStyle& plain) { plain.OutlineWidth = plain.ShadowBevel = 0; });
@@ -159,44 +139,40 @@ TEST(SubtitleBitmap, PicturesOfAColourFontBecomeLines) {
   }
   EXPECT_GT(drawn, all / 50) << "its edge, eyes and mouth";
   EXPECT_LT(drawn, all / 4) << "not filled";
-}
-
-std::string RandomText(std::mt19937& random) {
-  static const std::vector<std::string> pieces{
-      "word ", "<b>", "</i>", "<font color=#12FE80>", "</font>", "\r\n", "ÄÖÜ ", "<", "שלום ", "日本 ", "\t",
-      "\xFF",  "😀",   "مرحبا"};
-  std::string text;
-  for (auto i = random() % 12; i > 0; --i) text += pieces[random() % pieces.size()];
-  return text;
+  const int width = bitmap.Dib().Width();
+  style.font.size *= 2;
+  bitmap.RenderCueBitmap("\U0001FAE0", style);
+  EXPECT_GT(bitmap.Dib().Width(), width * 3 / 2);
 }
 
 TEST(SubtitleBitmap, AThousandRandomCuesUseTheFirstFourEntriesAlone) {
+  const std::vector<std::string> pieces{
+      "word ", "<b>", "</i>", "<font color=#12FE80>", "</font>", "\r\n", "ÄÖÜ ", "<", "שלום ", "日本 ", "\t",
+      "\xFF",  "😀",   "مرحبا"};
   std::mt19937 random(7);
   SubtitleBitmap bitmap(Fonts(), {720, kBlue});
-  const auto color = [&] {
-    const auto byte = [&] { return static_cast<std::uint8_t>(random()); };
-    return Color{byte(), byte(), byte()};
-  };
   for (int i = 0; i < 1000; ++i) {
     TrackStyle style = Style();
-    style.ForeColor = color();
-    style.OutlineColor = color();
-    style.ShadowColor = color();
+    for (Color* color : {&style.ForeColor, &style.OutlineColor, &style.ShadowColor}) {
+      *color = SplitColour(static_cast<std::int32_t>(random() & 0xFFFFFF));
+    }
     style.OutlineWidth = static_cast<int>(random() % 5);
     style.ShadowBevel = static_cast<int>(random() % 21) - 10;
     style.InAlign = AlignmentOf(static_cast<int>(random() % 3));
     style.RightToLeft = random() % 2 == 0;
     style.font.size = static_cast<double>(5 + random() % 40);
-    bitmap.RenderCueBitmap(RandomText(random), style);
+    std::string text;
+    for (auto count = random() % 12; count > 0; --count) text += pieces[random() % pieces.size()];
+    bitmap.RenderCueBitmap(text, style);
     for (int y = 0; y < bitmap.Dib().Height(); ++y) {
       ASSERT_LT(std::ranges::max(bitmap.Dib().Row(y)), cDIB::kDrawnEntries) << "cue " << i;
     }
   }
 }
 
-TEST(SubtitleBitmap, HugeCuesAreCutNotRefused) {
+TEST(SubtitleBitmap, HugeCuesAreCutToTheFrame) {
   const auto start = std::chrono::steady_clock::now();
-  SubtitleBitmap bitmap(Fonts(), {720, kBlue});
+  SubtitleBitmap bitmap(Fonts(), {640, kBlue});
   std::string lines = "first";
   for (int i = 0; i < 199; ++i) lines += "\r\nline";
   bitmap.RenderCueBitmap(lines, Style());
@@ -211,7 +187,7 @@ TEST(SubtitleBitmap, HugeCuesAreCutNotRefused) {
 
   for (const std::string& text : {std::string(20'000, 'W'), std::string(10'000'000, 'i'), std::string(500'000, '<')}) {
     bitmap.RenderCueBitmap(text, Style());
-    EXPECT_EQ(bitmap.Dib().Width(), 720);
+    EXPECT_EQ(bitmap.Dib().Width(), 640);
   }
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
@@ -222,6 +198,31 @@ TEST(FontReport, NamesTheFontsUsedAndTheCharactersNoFontHas) {
   EXPECT_THAT(bitmap.Report().fonts, Contains(Key("No Such Font")));
   EXPECT_THAT(bitmap.Report().fonts.at("No Such Font"), testing::Not(IsEmpty()));
   EXPECT_THAT(bitmap.Report().missing, ElementsAre(0xF0001)) << "of a private plane";
+}
+
+TEST(SubtitleBitmap, FontsWithoutItalicAreSlanted) {
+  SubtitleBitmap upright(Fonts(), {720, kBlue}), italic(Fonts(), {720, kBlue});
+  TrackStyle style = Style("Noto Sans CJK JP");
+  upright.RenderCueBitmap("日", style);
+  style.font.italic = true;
+  italic.RenderCueBitmap("日", style);
+  ASSERT_EQ(upright.Dib().Height(), italic.Dib().Height());
+  int changed = 0;
+  for (int y = 0; y < upright.Dib().Height(); ++y) {
+    changed += std::ranges::equal(upright.Dib().Row(y), italic.Dib().Row(y)) ? 0 : 1;
+  }
+  EXPECT_GT(changed, 10);
+}
+
+TEST(SubtitleBitmap, HanCharactersFollowTheCharacterSet) {
+  const auto fonts_of = [](int charset) {
+    SubtitleBitmap bitmap(Fonts(), {720, kBlue});
+    TrackStyle style = Style();
+    style.font.charset = charset;
+    bitmap.RenderCueBitmap("直", style);
+    return bitmap.Report().fonts;
+  };
+  EXPECT_NE(fonts_of(128), fonts_of(134)) << "Japanese and Chinese";
 }
 
 TEST(SubtitleBitmap, CharactersNoFontHasAreHollowBoxes) {
