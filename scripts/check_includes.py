@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
-"""Checks that includes run in the direction the root CMakeLists.txt declares, and that only ui/ knows Qt.
+"""Checks that includes follow the direction that the root CMakeLists.txt declares, that only ui/ includes Qt, and that
+each source includes its own header first, which proves that the header compiles alone.
 
-Prints a line per wrong include and exits with 1 when there is one.
+Prints a line for each wrong include. The exit status is 1 if there is one.
 """
 
 import pathlib
@@ -17,11 +18,18 @@ INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 
 
 def allowed_folders():
-    """What each folder, and each program's main file, may include: {folder or file: {folder, ...}}."""
+    """The folders that each folder, and each program's main file, may include: {folder or file: {folder, ...}}."""
     text = (ROOT / "CMakeLists.txt").read_text()
     allowed = {name: {name, *(uses or "").split()} for name, uses in ROW.findall(text)}
     programs = {source: allowed[folder] for source, folder in PROGRAM.findall(text)}
     return allowed, programs
+
+
+def own_header(path):
+    """The header that declares what the source `path` defines: beside it, or a folder above the sources of a system."""
+    folder = path.parent.parent if path.parent.name == "posix" else path.parent
+    header = folder / (path.stem + ".h")
+    return header.relative_to(ROOT).as_posix() if path.suffix == ".cpp" and header.exists() else None
 
 
 def main():
@@ -32,10 +40,16 @@ def main():
         for path in sorted((ROOT / folder).rglob("*.[ch]*")):
             name = path.relative_to(ROOT).as_posix()
             reach = allowed.get(folder) or programs[name]
-            for number, line in enumerate(path.read_text().splitlines(), 1):
+            text, header, first = path.read_text(), own_header(path), True
+            if path.suffix == ".h" and "\n#pragma once\n" not in text:
+                wrong.append(f"{name}:1: lacks #pragma once")
+            for number, line in enumerate(text.splitlines(), 1):
                 match = INCLUDE.match(line)
                 if not match:
                     continue
+                if first and header and match.group(2) != header:
+                    wrong.append(f'{name}:{number}: the first include has to be "{header}"')
+                first = False
                 target = match.group(2).split("/")[0]
                 if match.group(1) == '"' and target not in reach:
                     wrong.append(f'{name}:{number}: {folder}/ may not include "{match.group(2)}"')
