@@ -10,7 +10,7 @@
 #include "base/result.h"
 
 // Fontconfig's type, declared here so that its header is not needed.
-struct _FcConfig;
+struct _FcConfig;  // NOLINT(clang-diagnostic-reserved-identifier)
 
 namespace captoria {
 

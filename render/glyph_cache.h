@@ -11,7 +11,7 @@
 
 struct FT_FaceRec_;
 struct FT_LibraryRec_;
-struct _FcPattern;
+struct _FcPattern;  // NOLINT(clang-diagnostic-reserved-identifier)
 
 namespace captoria {
 
