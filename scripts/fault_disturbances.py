@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
-"""Rows of scripts/faults.py that disturb a conversion from outside: killed, out of room, not alone, out of time."""
+"""Rows of scripts/faults.py that disturb a conversion from outside: kills, full disks, other conversions, the clock."""
 
 import contextlib
 import os
@@ -15,9 +15,11 @@ FAKE_TIME = pathlib.Path("/usr/lib/x86_64-linux-gnu/faketime/libfaketimeMT.so.1"
 
 
 def killed(bench):
-    row = Row("SIGKILL at a random moment", "`captoria-cli convert`, every 4th time the window's `/AUTO`, on a short and on a "
-              "long film, alone or with all its children: children end; a film of the name only when whole; the source "
-              "and its folder unchanged; the settings file old or new; the next conversion succeeds and empties tmp")
+    row = Row("SIGKILL at a random moment",
+              "`captoria-cli convert`, every 4th time the window's `/AUTO`, on a short and on a "
+              "long film, alone or with all child processes: the children end; a film has its name "
+              "only if it is complete; the source and its folder are unchanged; the settings file "
+              "is the old or the new one; the next conversion succeeds and empties tmp")
     rng, folder = bench.random("kill"), bench.folder / "kill"
     wholes = {name: bench.reference(name) for name in ("harbour", "long")}
     for number in range(bench.count(200, 12)):
@@ -36,7 +38,7 @@ def killed(bench):
         process.wait()
         when = f"{name}, {'window' if window else 'cli'}, {'alone' if alone else 'with children'}"
         row.times += 1
-        row.check(not bench.await_orphans(5), f"children went on for 5 s ({when})")
+        row.check(not bench.await_orphans(5), f"children still running after 5 s ({when})")
         row.check(digest(made) in (None, whole), f"half a film ({when})")
         row.check(digest(video) == source, f"the source changed ({when})")
         others = set(files_in(folder / "films")) - {*beside, made.name}
@@ -67,19 +69,21 @@ def needs_root(bench, row):
 
 
 def judge_full(row, run, video, whole, folder):
-    """A film that is whole, or a failure that names a file of the full `folder` and no film."""
+    """Checks that there is a complete film, or a failure that names a file of the full `folder`, and no film."""
     made = digest(video.with_suffix(".divx"))
     if run.status == 0:
         row.check(made == whole, f"status 0 without the whole film: {tell(run)}")
     else:
         row.check(run.status == 1 and str(folder) in run.err, f"the failure does not name the file: {tell(run)}")
-        row.check(made is None, f"a film in spite of failure: {tell(run)}")
+        row.check(made is None, f"a film despite the failure: {tell(run)}")
     return run.status != 0
 
 
 def full_output(bench):
-    row = Row("Disk full, output", "a tmpfs with the film on it, of growing size: status not 0 and the file named, nothing "
-              "under the final name or beside it, tmp empty; or the whole film")
+    row = Row("Disk full, output",
+              "the film on a tmpfs that grows from run to run: either the status is not 0, the file "
+              "is named, nothing is left under the final name or beside it, and tmp is empty; or "
+              "the film is complete")
     if needs_root(bench, row):
         return row
     whole, _ = bench.reference("harbour")
@@ -101,8 +105,10 @@ def full_output(bench):
 
 
 def full_temp(bench):
-    row = Row("Disk full, tmp", "`--data` on a tmpfs of growing size, every other time with `--keep-temp`: the same, and "
-              "with `--keep-temp` no half-written tool or list that the next conversion could not replace")
+    row = Row("Disk full, tmp",
+              "`--data` on a tmpfs that grows from run to run, every other time with `--keep-temp`: "
+              "the same; with `--keep-temp`, the next conversion can replace every half-written "
+              "tool or list")
     if needs_root(bench, row):
         return row
     whole, _ = bench.reference("harbour")
@@ -114,7 +120,7 @@ def full_temp(bench):
         tools = sum(size for name, size in pages.items() if name.endswith(".exe"))
     points, failed = bench.count(50, 6), 0
     for number in range(points):
-        # A third of the sizes end within the tools, the others within what is made.
+        # A third of the sizes end within the tools, the others within the files that the conversion makes.
         part, parts = (number, points // 3) if number < points // 3 else (number - points // 3, points - points // 3)
         low, high = (8, tools) if number < points // 3 else (tools, needed * 102 // 100)
         with small_disk(data, (low + (high - low) * part // parts) // 4 * 4):
@@ -134,8 +140,10 @@ def full_temp(bench):
 
 
 def full_settings(bench):
-    row = Row("Disk full, settings file", "the window's `/AUTO` with the settings on a tmpfs that fills up, tmp elsewhere: "
-              "the file is the old one or the whole new one, nothing beside it, the film is made, nobody is waited for")
+    row = Row("Disk full, settings file",
+              "the window's `/AUTO` with the settings on a tmpfs that fills up and tmp elsewhere: "
+              "the settings file is the old one or the complete new one, nothing is left beside it, "
+              "the film is made, nothing waits for a person")
     if needs_root(bench, row):
         return row
     whole, _ = bench.reference("harbour")
@@ -147,7 +155,7 @@ def full_settings(bench):
             old = SETTINGS + "; filler\n" * (number * 97)
             (data / "Captoria.ini").write_text(old)
             with contextlib.suppress(OSError), open(data / "filler", "wb", buffering=0) as filler:
-                for _ in range(40 - number % 10):  # pages; the first ones hold folders and settings
+                for _ in range(40 - number % 10):  # pages; the first ones contain folders and settings
                     filler.write(b"x" * 4096)
             run = bench.window(video, data, seconds=bench.seconds // 2)
             new = (data / "Captoria.ini").read_text()
@@ -156,8 +164,8 @@ def full_settings(bench):
             row.check(new == old or changed, f"half a settings file: {tell(run)}")
             others = [name for name in files_in(data) if ".new-" in name]
             row.check(not others, f"left beside the settings: {others}")
-            row.check(new != old or "Captoria.ini" in run.err, f"nothing said of settings not saved: {tell(run)}")
-            trouble = "waits for somebody" if run.status is None else "no film"
+            row.check(new != old or "Captoria.ini" in run.err, f"does not say that the settings were not saved: {tell(run)}")
+            trouble = "waits for a person" if run.status is None else "no film"
             row.check(run.status == 0 and digest(video.with_suffix(".divx")) == whole, f"{trouble}: {tell(run)}")
             row.times += 1
     row.notes.append(f"{kept} of {row.times} kept the old file and said so")
@@ -165,8 +173,9 @@ def full_settings(bench):
 
 
 def together(bench):
-    row = Row("Two and four at once", "on the same video and on different ones, one data folder: each succeeds, makes a "
-              "film of its own, and it is whole; tmp folders are empty")
+    row = Row("Two and four at once",
+              "on the same video and on different ones, with one data folder: each conversion "
+              "succeeds and makes its own complete film; tmp folders are empty")
     wholes = {name: bench.reference(name)[0] for name in ("harbour", "long")}
     for number in range(bench.count(24, 4)):
         count, same, name = (2, 4)[number % 2], number // 2 % 2 == 0, ("harbour", "long")[number // 4 % 2]
@@ -189,29 +198,31 @@ def together(bench):
             named.append(out.strip())
         for path in set(named):
             row.check(digest(path) == wholes[name], f"{count} at once: {path} is not whole")
-        row.check(len(set(named)) == count, f"{count} at once: {count - len(set(named))} took the name of another")
+        row.check(len(set(named)) == count, f"{count} at once: {count - len(set(named))} used the name of another")
         row.check_temp(data)
         row.times += 1
     return row
 
 
 def clock(bench):
-    row = Row("Clock going backwards", "the programs' clock set back and forth by up to ten years every few milliseconds "
-              "(libfaketime), files dated in the future: the film is made and whole, within the usual time")
+    row = Row("Clock going backwards",
+              "the programs' clock jumps back and forth by up to ten years every few milliseconds "
+              "(libfaketime), and files have dates in the future: the film is made and complete, "
+              "within the usual time")
     if not FAKE_TIME.exists():
         row.notes.append("skipped: libfaketime is not installed (apt-get install libfaketime)")
         return row
     rng, whole = bench.random("clock"), bench.reference("harbour")[0]
     offset = bench.folder / "offset"
     environment = {"LD_PRELOAD": str(FAKE_TIME), "FAKETIME_TIMESTAMP_FILE": str(offset), "FAKETIME_NO_CACHE": "1",
-                   # The monotonic clock does not go backwards in the real world, and files are dated by the system.
+                   # The monotonic clock never goes backwards, and the system dates the files.
                    "FAKETIME_DONT_FAKE_MONOTONIC": "1", "NO_FAKE_STAT": "1"}
     for number in range(bench.count(40, 4)):
         video, data = bench.film("harbour", bench.folder / "clock"), fresh(bench.folder / "clock-data")
         future = time.time() + 10 * 365 * 86400
         for path in [*video.parent.iterdir()]:
             os.utime(path, (future, future))
-        if number % 2:  # an old film of the name, dated in the future, is to be replaced
+        if number % 2:  # an old film with a date in the future, to be replaced
             video.with_suffix(".divx").write_bytes(b"old")
             os.utime(video.with_suffix(".divx"), (future, future))
         offset.write_text("+0")

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
-"""Rows of scripts/faults.py that put something else in the place of a file that a program reads."""
+"""Rows of scripts/faults.py that replace a file that a program reads by something else."""
 
 import fcntl
 import os
@@ -12,7 +12,7 @@ from fault_tools import MEGABYTE, NOBODY, SETTINGS, Row, digest, files_in, fresh
 
 
 def readers(bench, data):
-    """Name, the ending of the file that is read, and the words that have a program read `PATH`."""
+    """Name, extension of the file that is read, and a function that gives the command that reads a path."""
     cli, mux, films = bench.program("captoria-cli"), bench.program("DivXMux.exe"), bench.films
     out, cues, film = data / "out.divx", films / "harbour.en.srt", films / "tiny.avi"
     return [
@@ -36,11 +36,11 @@ def readers(bench, data):
 
 
 def put_in_place(kind, path):
-    if kind == "a pipe nobody writes to":
+    if kind == "a pipe without a writer":
         os.mkfifo(path)
     elif kind == "a folder":
         path.mkdir()
-    elif kind == "a file that may not be read":
+    elif kind == "a file without permission to read it":
         path.write_text("secret")
         path.chmod(0)
     elif kind == "no file":
@@ -50,19 +50,20 @@ def put_in_place(kind, path):
                          "a link to itself": path}[kind])
 
 
-KINDS = ["a pipe nobody writes to", "a folder", "the program's own memory", "a file that may not be read",
+KINDS = ["a pipe without a writer", "a folder", "the program's own memory", "a file without permission to read it",
          "bytes without end", "a link to itself", "no file"]
 
 
 def unreadable(bench):
-    row = Row("Read errors", f"{', '.join(KINDS)} (as another user) in the place of each file a program reads: status 1 "
-              f"or 2, the file named, nothing made, within {bench.seconds} s and {bench.megabytes} MB "
-              f"({5 * bench.megabytes} MB for what has no end)")
+    row = Row("Read errors",
+              f"{', '.join(KINDS)} in place of each file that a program reads: status 1 or 2, the "
+              f"file is named, nothing is made, within {bench.seconds} s and {bench.megabytes} MB "
+              f"({5 * bench.megabytes} MB for bytes without end)")
     data = bench.folder / "unreadable"
     for kind in KINDS:
-        user = NOBODY if kind == "a file that may not be read" else None
+        user = NOBODY if kind == "a file without permission to read it" else None
         if user and not bench.is_root:
-            row.notes.append("files that may not be read skipped: to be another user needs root")
+            row.notes.append("files without permission skipped: changing the user needs root")
             continue
         for name, ending, words in readers(bench, data):
             fresh(data).chmod(0o777)
@@ -71,7 +72,7 @@ def unreadable(bench):
             put_in_place(kind, path)
             run = bench.run(words(path), user=user)
             named = str(path) in run.err or path.name in run.err
-            # Subtitles may be half a gigabyte, and what never ends is read that far.
+            # A subtitle file may have half a gigabyte, so a program reads that much of an endless one.
             most = 5 * bench.megabytes if kind == "bytes without end" else bench.megabytes
             quick = run.seconds < bench.seconds and run.kilobytes < most * 1024
             row.check(run.status in (1, 2) and named and quick, f"{kind} as {name} {tell(run)}")
@@ -83,8 +84,10 @@ def unreadable(bench):
 
 
 def truncated(bench):
-    row = Row("Film cut while it is read", "`convert` of a long film that is cut at a random place at a random moment: a failure "
-              "that names it and no film, or a film, with a warning where it is not that of the uncut one")
+    row = Row("Film cut while it is read",
+              "`convert` of a long film that is cut at a random place at a random moment: a failure "
+              "that names the film and makes none, or a film, with a warning if it is shorter than "
+              "that of the uncut film")
     rng, (whole, seconds) = bench.random("truncate"), bench.reference("long")
     data = bench.folder / "truncated-data"
     shorter = 0
@@ -106,7 +109,7 @@ def truncated(bench):
             row.check(digest(made) == whole or video.name in err, f"a shorter film without a warning: {end}")
         else:
             row.check(status == 1 and video.name in err and not made.exists(), end)
-        row.check(not bench.await_orphans(5), "children went on for 5 s")
+        row.check(not bench.await_orphans(5), "children still running after 5 s")
         row.check_temp(data)
         row.times += 1
     row.notes.append(f"{shorter} of {row.times} made a shorter film, with a warning")
@@ -114,11 +117,12 @@ def truncated(bench):
 
 
 def settings(bench):
-    row = Row("Settings file locked, damaged, or none", "`convert` and the window's `/AUTO`: the film is made, nobody is "
-              "waited for, no line of a readable file and no byte of a damaged one is lost")
+    row = Row("Settings file locked, damaged or missing",
+              "`convert` and the window's `/AUTO`: the film is made, nothing waits for a person, "
+              "and no line of a readable file and no byte of a damaged file is lost")
     whole, _ = bench.reference("harbour")
     cases = [*damaged_texts(bench.random("settings")), ("locked", SETTINGS.encode()), ("read-only", SETTINGS.encode()),
-             ("a pipe nobody writes to", None), ("a folder", None), ("the program's own memory", None),
+             ("a pipe without a writer", None), ("a folder", None), ("the program's own memory", None),
              ("bytes without end", None), ("a link to itself", None)]
     for kind, content in cases:
         for convert in (bench.convert, bench.window):
@@ -192,15 +196,17 @@ def hostile(bench, row, cases, name, settings_line, same):
 
 
 def language_files(bench):
-    row = Row("Hostile language files", "the window's `/AUTO` in that language: the film is made as ever, nobody is waited "
-              f"for, within {3 * bench.seconds} s and {4 * bench.megabytes} MB")
+    row = Row("Hostile language files",
+              "the window's `/AUTO` in that language: the same film is made, nothing waits for a "
+              f"person, within {3 * bench.seconds} s and {4 * bench.megabytes} MB")
     cases = hostile_languages(bench.random("language"))
     return hostile(bench, row, cases, "Hostile.Captoria.exe.xml", "Lang=Hostile", same=True)
 
 
 def command_files(bench):
-    row = Row("Hostile command files", "the window's `/AUTO` with that file as `BatchToRun`: a film is made, nobody "
-              f"is waited for, within {3 * bench.seconds} s and {4 * bench.megabytes} MB")
+    row = Row("Hostile command files",
+              "the window's `/AUTO` with that file as `BatchToRun`: a film is made, nothing waits "
+              f"for a person, within {3 * bench.seconds} s and {4 * bench.megabytes} MB")
     return hostile(bench, row, hostile_commands(bench.random("commands")), "hostile.cbx", "BatchToRun=", same=None)
 
 

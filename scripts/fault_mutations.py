@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
-"""Rows of scripts/faults.py that damage the files programs read, a little, thousands of times."""
+"""Rows of scripts/faults.py that damage the files that programs read, a little, thousands of times."""
 
 import json
 import re
@@ -10,7 +10,7 @@ from fault_tools import MOST_TEXT, ROOT, Row, fresh, tell
 
 AVI_CODES = re.compile(rb"RIFF|LIST|avih|strh|strf|strn|indx|idx1|ix\d\d|dmlh|JUNK|\d\d(?:dc|wb|sb)")
 NUMBERS = [0, 1, 2, 3, 7, 8, 0x7F, 0xFF, 0xFFFF, 0x10000, 0x7FFFFFFF, 0x80000000, 0xFFFFFFF0, 0xFFFFFFFE, 0xFFFFFFFF]
-HEAD = 6000  # bytes: where the headers of a small film are; half of all damage goes there
+HEAD = 6000  # bytes, with the headers of a small film; half of all damage is done here
 MOST_SPLICED = 4096
 
 
@@ -32,7 +32,7 @@ def cut_off(rng, data):
 
 
 def change_number(rng, data):
-    """A number behind a four-letter code, mostly a chunk's size, or four bytes anywhere."""
+    """Changes a number after a four-letter code, mostly the size of a chunk, or four bytes anywhere."""
     codes = [match.start() for match in AVI_CODES.finditer(data, 0, HEAD)]
     if not codes or rng.random() < 0.5:
         start = place(rng, data)
@@ -44,7 +44,7 @@ def change_number(rng, data):
 
 
 def splice(rng, data):
-    """A block moved in, put over another, doubled many times, or left out."""
+    """Inserts a block, writes it over another, repeats it many times, or removes it."""
     start, to = place(rng, data), place(rng, data)
     block = data[start:start + rng.randrange(1, MOST_SPLICED)]
     how = rng.randrange(4)
@@ -59,7 +59,7 @@ def splice(rng, data):
 
 
 def change_text(rng, data):
-    """What hurts readers of text: long numbers, tags, zero bytes, marks of other encodings, doubled lines."""
+    """Inserts what readers of text stumble over: long numbers, tags, zero bytes, byte-order marks, repeated lines."""
     pieces = [b"<font color=\"#", b"<i><b><u>", b"{\\an8}", b"\0", b"\xff\xfe", b"\xef\xbb\xbf", b" --> ", b"-", b"\r", b"\n\n",
               b"99999999999999999999", b"00:00:00,000 --> 99:59:59,999\n", b"\xe2\x80\xae", b"\xf4\x90\x80\x80", b"|" * 500,
               b"<font size=99999>", b"&#x110000;", b"W" * 3000, b"timestamp: ", b"filepos: ffffffffffffffff", b"palette: "]
@@ -89,7 +89,7 @@ def mutated(rng, seed, ways):
 
 
 def keep(bench, row, number, files):
-    """Saves the files of a finding where they outlive the run."""
+    """Saves the files of a finding outside the temporary folder."""
     folder = bench.kept / f"{row.name.split(' ')[0].lower()}-{number}"
     folder.mkdir(parents=True, exist_ok=True)
     for path in files:
@@ -98,7 +98,7 @@ def keep(bench, row, number, files):
 
 
 def judge(bench, row, number, files, what, run, more=True, megabytes=None):
-    """A finding where the run broke a rule that holds for every input, or `more` did not hold."""
+    """Adds a finding if the run broke a rule for all inputs, or if `more` is false."""
     few = run.kilobytes < (megabytes or bench.megabytes) * 1024
     if not (run.status in (0, 1, 2) and run.seconds < bench.seconds and few and more):
         row.check(False, f"{what} of {keep(bench, row, number, files)} {tell(run)}")
@@ -113,8 +113,10 @@ def is_json(text):
 
 
 def avi(bench):
-    row = Row("AVI files mutated", "`info --json`, and of every 20th `DivXMux.exe` and `convert`: no signal, status 0 to "
-              f"2, within {bench.seconds} s and {bench.megabytes} MB; JSON or a message; a film only with status 0")
+    row = Row("AVI files mutated",
+              "`info --json`, and for every 20th file `DivXMux.exe` and `convert`: no signal, "
+              f"status 0 to 2, within {bench.seconds} s and {bench.megabytes} MB; JSON or a message; "
+              "a film only with status 0")
     rng, folder = bench.random("avi"), fresh(bench.folder / "avi")
     seeds = [(bench.films / name).read_bytes() for name in ("harbour.avi", "tiny.avi", "pcm.avi")]
     seeds.append((ROOT / "samples" / "harbour.divx").read_bytes())
@@ -137,8 +139,9 @@ def avi(bench):
 
 
 def srt(bench):
-    row = Row("SRT files mutated", f"`cues --json`: no signal, status 0 to 2, within {bench.seconds} s and "
-              f"{2 * bench.megabytes} MB (it looks for odd characters in every font); JSON or a message")
+    row = Row("SRT files mutated",
+              f"`cues --json`: no signal, status 0 to 2, within {bench.seconds} s and "
+              f"{2 * bench.megabytes} MB (it searches every font for rare characters); JSON or a message")
     rng, folder = bench.random("srt"), fresh(bench.folder / "srt")
     seeds = [path.read_bytes() for path in sorted(bench.films.glob("*.srt"))]
     seeds += [path.read_bytes() for path in sorted((ROOT / "tests/data/srt").glob("*.srt"))]
@@ -147,7 +150,7 @@ def srt(bench):
         file.write_bytes(mutated(rng, rng.choice(seeds), TEXT))
         row.times += 1
         run = bench.run([bench.program("captoria-cli"), "cues", file, "--json", "--data", folder / "data"])
-        # Output is looked at up to a bound, and JSON that was cut there is none.
+        # Only the first part of the output is kept, and JSON that was cut is not valid.
         whole = run.status != 0 or len(run.out) >= MOST_TEXT or is_json(run.out)
         judge(bench, row, number, [file], "cues", run, more=whole and (run.status == 0 or run.err),
               megabytes=2 * bench.megabytes)
@@ -155,7 +158,7 @@ def srt(bench):
 
 
 def vobsub_pair(bench, folder):
-    """The sample's subtitles as a VobSub pair: FFmpeg makes the .sub, and the .idx names the packs that begin one."""
+    """The sample's subtitles as a VobSub pair: FFmpeg makes the .sub, and the .idx lists the packs that begin a subtitle."""
     sub = folder / "pair.sub"
     bench.ffmpeg("-i", ROOT / "samples" / "harbour.divx", "-map", "0:s:0", "-c:s", "dvdsub", "-f", "vob", sub)
     lines = ["# VobSub index file, v7", "size: 720x576", "palette: " + ", ".join(["000000", *["ffffff"] * 15]),
@@ -173,8 +176,9 @@ def vobsub_pair(bench, folder):
 
 
 def vobsub(bench):
-    row = Row("VobSub pairs mutated", "`DivXMux.exe`: no signal, status 0 to 2, within "
-              f"{bench.seconds} s and {bench.megabytes} MB; a film only with status 0")
+    row = Row("VobSub pairs mutated",
+              f"`DivXMux.exe`: no signal, status 0 to 2, within {bench.seconds} s and "
+              f"{bench.megabytes} MB; a film only with status 0")
     rng, folder = bench.random("vobsub"), fresh(bench.folder / "vobsub")
     index, sub = vobsub_pair(bench, folder)
     seeds, film, made = (index.read_bytes(), sub.read_bytes()), bench.films / "tiny.avi", folder / "made.divx"
@@ -193,7 +197,7 @@ def vobsub(bench):
 
 
 def damaged_texts(rng):
-    """Name and content of files that are not what they say: for readers of settings, of commands and of languages."""
+    """Name and content of files with wrong content, for the readers of settings, commands and languages."""
     noise = rng.randbytes(3000)
     return [("random bytes", noise), ("10 MB of noise", rng.randbytes(10 << 20)), ("zero bytes", b"\0" * 100_000),
             ("nothing at all", b""), ("one line of 10 MB", b"x" * (10 << 20)), ("a picture", b"\x89PNG\r\n\x1a\n" + noise),

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
-"""What the rows of scripts/faults.py share: running programs under a watch, films to run them on, and the findings."""
+"""Shared by the rows of scripts/faults.py: running and watching programs, the films to run them on, and the findings."""
 
 import contextlib
 import ctypes
@@ -20,16 +20,16 @@ NOBODY = 65534
 SEED = 20240229
 MEGABYTE = 1 << 20
 
-# The place of the window is one it writes back as it was.
+# The window writes back this position of its own unchanged.
 SETTINGS = "[General]\nMainX=195\nMainY=90\nShowWelcome=0\n; a line of my own\n"
 
-MOST_TEXT = 4 * MEGABYTE  # of a program's output that is looked at
+MOST_TEXT = 4 * MEGABYTE  # of a program's output that is kept
 PR_SET_CHILD_SUBREAPER = 36
 
 
 @dataclasses.dataclass
 class Run:
-    """One run of a program: its exit status, -N when signal N ended it, None when it had to be stopped."""
+    """One run of a program: its exit status, -N if signal N ended it, None if it had to be stopped."""
 
     status: int | None
     out: str
@@ -63,14 +63,14 @@ class Row:
 
 
 def tell(run):
-    """A run in a few words, for a finding."""
+    """Describes a run in a few words, for a finding."""
     how = "was still running" if run.status is None else f"ended with {run.status}"
     words = " ".join(run.err.split())[-160:].replace("|", "/")
     return f"{how} after {run.seconds:.1f} s, {run.kilobytes // 1024} MB: {words}"
 
 
 def digest(path):
-    """The content of a file in short; None when it is not there."""
+    """The digest of a file; None if it does not exist."""
     try:
         return hashlib.sha256(pathlib.Path(path).read_bytes()).hexdigest()
     except FileNotFoundError:
@@ -112,21 +112,21 @@ def kill(processes):
 
 
 class Bench:
-    """A temporary folder with films in it, and the programs that are run on them."""
+    """A temporary folder with films, and the programs to run on them."""
 
     def __init__(self, folder, programs, quick):
-        # What a killed program leaves running becomes our child, and so can be waited for.
+        # The children of a killed program become our children, so that we can wait for them.
         ctypes.CDLL(None).prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0)
         self.folder, self.quick = folder, quick
         self.is_root = os.geteuid() == 0
-        self.programs = folder / "bin"  # a copy: where a build lies others may not read, and builds come and go
+        self.programs = folder / "bin"  # a copy: other users may not read the build folder
         self.programs.mkdir()
         for name in ("Captoria", "captoria-cli", "captoria-run", "DivXMux.exe", "bmptoxsub.exe"):
             shutil.copy2(programs / name, self.programs / name)
         shutil.copytree(programs / "languages", self.programs / "languages")
         folder.chmod(0o755)
         (folder / "runtime").mkdir(mode=0o700)
-        # Sanitizers need room and time, and must not end a program with a status of its own.
+        # Sanitizers need memory and time. Their exit status must differ from those of the programs.
         self.sanitized = b"__asan_init" in (self.programs / "captoria-cli").read_bytes()
         self.seconds = 60 if self.sanitized else 10
         self.megabytes = 1500 if self.sanitized else 200
@@ -156,7 +156,7 @@ class Bench:
                                     extra_groups=None if user is None else [])
 
     def run(self, arguments, seconds=None, **how):
-        """Runs a program to its end, or for `seconds`; what it leaves running is ended."""
+        """Runs a program to its end, at most for `seconds`, then ends the processes that it left running."""
         began = time.monotonic()
         process = self.start(arguments, **how)
         watch = os.pidfd_open(process.pid)
@@ -172,7 +172,7 @@ class Bench:
         return run
 
     def await_orphans(self, seconds):
-        """Waits for all our children; those that go on are ended, and their ids given."""
+        """Waits for all our children, kills those that are still running, and gives their ids."""
         last = time.monotonic() + seconds
         late = []
         while True:
@@ -190,23 +190,23 @@ class Bench:
         return self.run([self.program("captoria-cli"), "convert", video, "--data", data, *more], **how)
 
     def window(self, video, data, **how):
-        """The window program's unattended run."""
+        """Runs the window program unattended."""
         return self.run([self.program("Captoria"), "--data", data, "/AUTO", video], **how)
 
     def film(self, name, folder):
-        """Puts the film `name` and its cues into `folder`, which is emptied before; gives its path."""
+        """Empties `folder`, copies the film `name` and its cues there, and gives the path of the film."""
         fresh(folder)
         for path in self.films.glob(f"{name}.*"):
             shutil.copy(path, folder / path.name)
         return folder / f"{name}.avi"
 
     def reference(self, name):
-        """What the undisturbed conversion of the film `name` makes, as a digest, and the seconds it takes."""
+        """The digest of the film that an undisturbed conversion of `name` makes, and the seconds it takes."""
         folder = self.folder / "reference"
         video = self.film(name, folder)
         run = self.convert(video, fresh(folder / "data"))
         if run.status != 0:
-            raise SystemExit(f"faults: {name} cannot even be converted undisturbed: {run.err}")
+            raise SystemExit(f"faults: {name} cannot be converted even without a disturbance: {run.err}")
         return digest(video.with_suffix(".divx")), run.seconds
 
     def ffmpeg(self, *words):

@@ -1,14 +1,13 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
-"""Disturbs the programs as the world does, and tells what they make of it, as a table in Markdown.
+"""Disturbs the programs as the real world does, and prints what happened as a table in Markdown.
 
-Everything happens to real files in a temporary folder. The rows about full disks mount small ones there, and those about
-files of other users change the user: both need root and are skipped otherwise. An input that was found to do harm is kept.
+Everything happens to real files in a temporary folder. The rows about full disks mount small disks there, and the rows
+about files of other users change the user: both need root and are skipped otherwise. A harmful input is kept.
 """
 
 import argparse
-import datetime
 import os
 import pathlib
 import platform
@@ -27,12 +26,13 @@ TABLE = ROOT / "docs" / "faults.md"
 
 def arguments():
     parser = argparse.ArgumentParser(prog="scripts/faults.py", description=__doc__.split("\n")[0],
-                                     epilog="Exit status: 0 nothing was found, 1 something was, 2 wrong usage.")
+                                     epilog="Exit status: 0 nothing was found, 1 something was found, 2 wrong usage.")
     parser.add_argument("bin_folder", nargs="?", type=pathlib.Path, default=ROOT / "build" / "bin",
-                        help="where the programs are (default: build/bin)")
-    parser.add_argument("--quick", action="store_true", help="fewer of everything, for a first look; all of it takes ten minutes")
+                        help="the folder of the programs (default: build/bin)")
+    parser.add_argument("--quick", action="store_true", 
+                        help="fewer runs of each row; all of them take ten minutes")
     parser.add_argument("--write", action="store_true",
-                        help="write the table to docs/faults.md as well; with --only, those rows of it")
+                        help="also write the table to docs/faults.md; with --only, only those rows")
     parser.add_argument("--only", metavar="NAME", action="append", choices=[make.__name__ for make in ROWS],
                         help="only this row: %(choices)s")
     chosen = parser.parse_args()
@@ -43,11 +43,10 @@ def arguments():
 
 def introduction(bench):
     memory = os.sysconf("SC_PAGE_SIZE") * os.sysconf("SC_PHYS_PAGES") >> 30
-    return (f"# Faults\n\nWhat `scripts/faults.py{' --quick' if bench.quick else ''}` did to the programs on "
-            f"{datetime.date.today()}, and what it found.\n\nMachine: {platform.system()} {platform.release()}, "
-            f"{os.cpu_count()} processors, {memory} GB, {'root' if bench.is_root else 'no root'}; "
-            f"{'with' if bench.sanitized else 'without'} sanitizers. Seed {SEED}: the damage is the same in every run, the "
-            "moments of kills are as exact as the machine is.\n\n")
+    return (f"# Faults\n\nWhat `scripts/faults.py{' --quick' if bench.quick else ''}` did to the programs in its last run, "
+            f"and what it found.\n\nMachine: {platform.system()}, {os.cpu_count()} processors, {memory} GB, "
+            f"{'root' if bench.is_root else 'no root'}; {'with' if bench.sanitized else 'without'} sanitizers.\n"
+            f"Seed {SEED}: the damage is the same in every run; the moments of kills depend on the machine.\n\n")
 
 
 def table(lines):
@@ -55,7 +54,7 @@ def table(lines):
 
 
 def written_lines():
-    """The lines of docs/faults.md, by the names of their rows; a run of some rows leaves the others as they are."""
+    """The lines of docs/faults.md by the names of their rows. A run of some rows does not change the others."""
     lines = TABLE.read_text().splitlines() if TABLE.exists() else []
     return {line.split(" | ")[0][2:]: line for line in lines if line.startswith("| ") and " | Times | " not in line}
 
