@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# scripts/bench.sh [NAME...]: installs the programs we measure against, builds, and runs the comparisons of bench/, with
-# a table of goals and figures at the end.
+# scripts/bench.sh [NAME...]: installs the programs to compare with, builds, runs the comparisons of bench/ and prints a
+# table of goals and figures.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh bench

@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# scripts/build.sh PRESET [TARGET...]: configures when needed and builds, saying nothing unless something is wrong.
+# scripts/build.sh PRESET [TARGET...]: configures if necessary and builds. Prints nothing unless something fails.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

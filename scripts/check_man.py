@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
-"""scripts/check_man.py [FOLDER]: holds the man pages and the completions against what the programs in FOLDER say.
+"""scripts/check_man.py [FOLDER]: compares the man pages and the completions with the --help of the programs in FOLDER.
 
-Each option and command of a program's --help has to be in the OPTIONS of its page in docs/man/, and none that is there
-may be unknown to the help; the completion for bash has to offer just the options of each command, and those for zsh and
-fish have to hold them. FOLDER is build/bin by default. Prints a line per difference and exits with 1 when there is one.
+The section OPTIONS of a page in docs/man/ has to contain the same options and commands as the help. The completion for
+bash has to offer exactly the options of each command, and those for zsh and fish have to contain them. FOLDER is build/bin
+by default. Prints a line for each difference; the exit status is 1 if there is one.
 """
 
 import pathlib
@@ -33,21 +33,21 @@ def said(*command):
 
 
 def plain(roff):
-    """The text of a page, without the names of macros and the changes of font."""
+    """The text of a page, without macros and font changes."""
     text = re.sub(r'^\.\\".*$|\\f.|\\&', "", roff, flags=re.M)
     text = re.sub(r'^\.[A-Z]+ ?', "", text, flags=re.M)
     return text.replace(r"\-", "-").replace('"', "")
 
 
 def options_of_page(roff):
-    """What the tags of the section OPTIONS name."""
+    """The options that the tags of the section OPTIONS name."""
     section = roff.split(".SH OPTIONS\n", 1)[1].split("\n.SH ", 1)[0]
     tags = re.findall(r"^\.TP\n(.*)$", section, re.M)
     return {option for tag in tags for option in OPTION.findall(plain(tag + "\n"))}
 
 
 def helps(program):
-    """The help of the program itself under "", and of each of its commands."""
+    """{command: help} of the program; its own help has the key ""."""
     texts = {"": said(program, "--help")}
     if "\nSubcommands:\n" in texts[""]:
         for command in COMMAND.findall(texts[""].split("\nSubcommands:\n")[1]):
@@ -63,13 +63,13 @@ def check_page(page, program):
     for option in sorted(known - documented):
         yield f"{page}: lacks {option}"
     for option in sorted(documented - known):
-        yield f"{page}: has {option}, which --help lacks"
+        yield f"{page}: has {option}, which is not in --help"
     for command in filter(None, texts):
         if f"\n.SS {command}" not in roff and not re.search(rf"^\.SS .*\b{command}\b", roff, re.M):
-            yield f"{page}: has no options of the command {command}"
+            yield f"{page}: lacks the options of the command {command}"
     version = re.search(r"\d+\.\d+\.\d+", said(program, "--version"))[0]
     if f'"Captoria {version}"' not in roff:
-        yield f"{page}: is not of version {version}"
+        yield f"{page}: is not for version {version}"
 
 
 def check_completions(program):
@@ -79,7 +79,7 @@ def check_completions(program):
         known = set(OPTION.findall(text))
         offered = set(said("bash", "-c", COMPLETION, "bash", bash, command).split())
         for option in sorted(known ^ offered):
-            yield f"{bash}: {option} is not offered for \"{command}\" or not known to it"
+            yield f"{bash}: {option} is offered for \"{command}\" or in its help, but not in both"
         for script, form in ((folder / "captoria-cli.zsh", "{}"), (folder / "captoria-cli.fish", "-l {}")):
             content = script.read_text()
             for option in sorted(option for option in known if option.startswith("--")):

@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# scripts/contact_sheet.sh: draws docs/rendering.png, which shows what the renderer does with styles and scripts. Every
-# picture is a bitmap that captoria-cli wrote, laid over grey where players show the film.
+# scripts/contact_sheet.sh: draws docs/rendering.png, which shows how styles and scripts are rendered. Each picture is a
+# bitmap written by captoria-cli, laid over grey where players show the film.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh test docs

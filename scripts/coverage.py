@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
-"""Which share of the lines and branches of each folder the tests run, as a table in Markdown. Builds and runs them."""
+"""Builds and runs the tests, and prints which share of the lines and branches of each folder they run, in Markdown."""
 
 import collections
 import json
@@ -17,14 +17,14 @@ BUILD = ROOT / "build" / "coverage"
 def run_tests():
     subprocess.run([ROOT / "scripts/setup.sh", "test", "coverage"], check=True)
     subprocess.run([ROOT / "scripts/build.sh", "coverage"], check=True)
-    for counts in BUILD.rglob("*.gcda"):  # of an earlier run
+    for counts in BUILD.rglob("*.gcda"):  # from an earlier run
         counts.unlink()
     return subprocess.run(["ctest", "--preset", "coverage", f"-j{os.cpu_count()}", "--progress"], cwd=ROOT).returncode
 
 
 def by_folder():
-    """{folder: counts}: lines and branches, covered and in all, without the tests themselves."""
-    # A throw that no line of ours catches is a branch to the compiler, not to a reader.
+    """{folder: counts}: lines and branches, covered and total, without the tests themselves."""
+    # The compiler also counts the branches of exceptions, which nobody wrote.
     summary = subprocess.run(["gcovr", "--root", ROOT, "--exclude", "tests/", "--exclude", "bench/", "--exclude",
                               "build/", "--exclude-throw-branches", "--json-summary", "-", BUILD], cwd=ROOT,
                              stdout=subprocess.PIPE, check=True)

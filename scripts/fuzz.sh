@@ -2,9 +2,9 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# scripts/fuzz.sh [SECONDS [NAME...]]: runs the fuzz targets tests/fuzz/NAME_fuzz.cpp (all of them by default) for
-# SECONDS each, two at a time. Seeds come from tests/fuzz/seeds/NAME/ and tests/data/NAME/; what the fuzzer learns stays
-# in build/fuzz/corpus/. An input that fails is kept, and the exit status is 1.
+# scripts/fuzz.sh [SECONDS [NAME...]]: runs the fuzz targets tests/fuzz/NAME_fuzz.cpp (by default all) for SECONDS each,
+# two at a time. Seeds come from tests/fuzz/seeds/NAME/ and tests/data/NAME/; the fuzzer keeps new inputs in
+# build/fuzz/corpus/. If an input makes a target fail, the input is kept and the exit status is 1.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -19,7 +19,7 @@ scripts/build.sh fuzz fuzz_targets
 
 run_one() {
   local name=$1 seconds=$2 most=16384 corpus=build/fuzz/corpus/$1 kept=build/fuzz/findings/$1 log=build/fuzz/$1.log
-  # Formats whose smallest whole file has headers and pictures in it need room.
+  # The smallest valid file of these formats has headers and pictures, which take more bytes.
   case $name in avi | bmp | vobsub | xsub) most=65536 ;; esac
   mkdir -p "$corpus" "$kept"
   local folders=("$corpus")
@@ -32,7 +32,7 @@ run_one() {
     return 0
   fi
   grep -E -m 1 'ERROR: |runtime error: ' "$log" || tail -n 5 "$log"
-  echo "$name: FOUND: the whole report is in $log, the input is"
+  echo "$name: FOUND: the full report is in $log, the input is"
   sed -n 's/.*Test unit written to /  /p' "$log"
   return 1
 }
@@ -43,5 +43,5 @@ if [ $# -eq 0 ]; then
   set -- "${@##*/}"
   set -- "${@%_fuzz.cpp}"
 fi
-# xargs ends with 123 when one of its runs ended with 1.
+# xargs ends with 123 if one of its runs ended with 1.
 printf '%s\n' "$@" | xargs -P 2 -I NAME bash -c 'run_one NAME '"$seconds" || exit 1

@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# scripts/make_language.sh: writes assets/languages/English.Captoria.exe.xml from the texts of the program. To be run
-# when one has changed; the tests say so, and which translations lack it then.
+# scripts/make_language.sh: writes assets/languages/English.Captoria.exe.xml from the texts of the program. Run it after
+# changing a text. The tests report a text that is missing there, and the translations that lack it.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/build.sh dev language_template

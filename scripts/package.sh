@@ -2,15 +2,15 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# scripts/package.sh: builds, checks what describes the program to desktops and readers, and makes the Debian package
-# build/captoria_VERSION_ARCHITECTURE.deb. Its path is what it prints.
+# scripts/package.sh: builds, checks the desktop files and man pages, makes the Debian package
+# build/captoria_VERSION_ARCHITECTURE.deb and prints its path.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/setup.sh package
 scripts/build.sh release
 
-# quietly COMMAND...: says nothing unless it fails.
+# quietly COMMAND...: shows the output of the command only if it fails.
 quietly() {
   local said
   if ! said=$("$@" 2>&1); then
@@ -26,7 +26,7 @@ quietly mandoc -T lint -W warning docs/man/*.1
 scripts/check_man.py build/bin
 
 rm -f build/captoria_*.deb
-umask 022  # of the folders in the package
+umask 022  # for the folders in the package
 quietly cpack --config build/CPackConfig.cmake -B build
 package=$(echo build/captoria_*.deb)
 lintian --allow-root --fail-on error,warning "$package" >&2

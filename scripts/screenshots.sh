@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# scripts/screenshots.sh [FOLDER]: pictures of the window and its dialogs with the sample, for people to look at; into
-# docs/window by default. Needs no screen.
+# scripts/screenshots.sh [FOLDER]: draws the window and its dialogs with the sample into FOLDER, docs/window by default.
+# Needs no screen.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh test

@@ -2,15 +2,15 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# scripts/setup.sh [test] [bench] [docs] [fuzz] [coverage] [ci] [package]: installs the Debian packages that building and
-# running need, and those of the named groups. Silent, and done in an instant, when nothing is missing.
+# scripts/setup.sh [test] [bench] [docs] [fuzz] [coverage] [ci] [package]: installs the Debian packages for building and
+# running, and those of the named groups. If nothing is missing, it prints nothing and ends at once.
 set -euo pipefail
 
 build=(
   cmake g++ ninja-build pkg-config python3
   libavcodec-dev libavformat-dev libcli11-dev libexpected-dev libglib2.0-dev libpango1.0-dev libpugixml-dev
   libswscale-dev libuchardet-dev libqt6svg6 nlohmann-json3-dev qt6-base-dev
-  fonts-dejavu-core  # Latin, Hebrew and Arabic, so that there is something to draw with
+  fonts-dejavu-core  # Latin, Hebrew and Arabic; without any font nothing can be drawn
 )
 test=(
   desktop-file-utils ffmpeg libgmock-dev libgtest-dev
