@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
-"""What 50 commands add to reading and listing 20,000 cues."""
+"""How much time 50 commands add to reading and listing 20,000 cues."""
 
 import pathlib
 import sys
@@ -10,7 +10,7 @@ import tempfile
 from measure import compare, tell_goal
 from read_srt import CLI, write_subtitles
 
-# Half of them select by what all lines or the first and last have, the other half places what was selected.
+# Half of the commands select by all lines, or by the first or last line; the other half places the selected cues.
 SELECTS = ['Select 2, "", ""', 'Select , "the"A, ""', 'Select , "the line of", ""', 'Select , "", ".>i/<"',
            'Select , "", ",."A']
 

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
-"""A film of 800 MB to measure with. It is of small chunks, as two hours of MPEG-4 and MP3 are."""
+"""A film of 800 MB to measure with. It has small chunks, like two hours of MPEG-4 and MP3."""
 
 import os
 import shutil
@@ -26,8 +26,8 @@ def duration(film):
 
 
 def level(film, out):
-    """For before each run that makes `out` of `film`: no run pays for what an earlier one has left to be written to the
-    disk, nor for memory that a virtual machine has handed back meanwhile and must get again."""
+    """Call before each run that makes `out` of `film`. Then no run pays for data that an earlier run still has to write to
+    the disk, or for memory that a virtual machine has given back and has to get again."""
     out.unlink(missing_ok=True)
     os.sync()
     warm_up = [film.with_name(name) for name in ("first.tmp", "second.tmp")]

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
-"""Single frames of a film of some two hours, against FFmpeg seeking to as many."""
+"""Single frames of a film of about two hours, against FFmpeg seeking to the same number of frames."""
 
 import pathlib
 import statistics

@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
-"""Runs commands against each other: in turns, so that a noisy machine is noisy for all of them."""
+"""Compares commands. They run in turns, so that other work on the machine affects all of them."""
 
 import os
 import random
@@ -10,11 +10,11 @@ import time
 
 
 class Run:
-    """What one command took: the median of its wall times in seconds, and its largest resident memory in bytes.
+    """The runs of one command: the median of the wall times in seconds, and the largest resident memory in bytes.
 
-    The memory is that of the largest single process among the command and all that it and its descendants started and
-    waited for: Linux hands the maximum up at every wait, and wait4 tells it for the child as for its children. It is no
-    sum, and never below what this interpreter has, which a new process is a copy of."""
+    The memory is that of the largest single process among the command and all descendants that were waited for: Linux
+    passes the maximum up at every wait, and wait4 reports it. It is not a sum, and never less than the memory of this
+    interpreter, because a new process starts as a copy of it."""
 
     def __init__(self):
         self.times = []
@@ -37,10 +37,10 @@ class Run:
 
 
 def compare(commands, rounds=7, statuses={}, before=lambda: None):
-    """{name: command} -> {name: Run}; every command runs once a round and ends with its status, 0 if not given.
+    """{name: command} -> {name: Run}; every command runs once a round and has to end with its status, by default 0.
 
-    A command may be a function that gives the command of the next round. The order changes from round to round, so that
-    what one leaves behind falls to each of the others; `before` runs before each."""
+    A command may be a function that returns the command for the next round. The order changes from round to round, so
+    that each command runs after each of the others; `before` runs before each command."""
     runs = {name: Run() for name in commands}
     order = random.Random(1)
     for _ in range(rounds):
@@ -50,7 +50,7 @@ def compare(commands, rounds=7, statuses={}, before=lambda: None):
     return runs
 
 
-# (work, goal, figure, whether it is met), for the table of bench/run.
+# (work, goal, figure, whether the goal is met), for the table of bench/run.
 goals = []
 
 

@@ -20,7 +20,7 @@ WIDTH, HEIGHT = 480, 60
 
 
 def write_bitmap(path):
-    """Stripes, about as long to encode as two lines of text."""
+    """Stripes that take about as long to encode as two lines of text."""
     colours = b"".join(bytes(rgb) + b"\0" for rgb in [(255, 0, 0), (255, 255, 255), (0, 0, 0), (70, 70, 70)])
     row = b"".join(bytes([(x // 3 % 4) << 4 | x // 3 % 4]) for x in range(WIDTH // 2))
     pixels = row * HEIGHT

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
-"""Reading and listing 100,000 cues, against FFmpeg reading the same file; and whether ten times the cues take ten times."""
+"""Reading and listing 100,000 cues, against FFmpeg reading the same file; and whether ten times the cues take ten times
+as long."""
 
 import pathlib
 import sys
@@ -40,7 +41,7 @@ def main():
             "captoria-cli cues --json": [CLI, "cues", small, "--json"],
             "ffmpeg -i x.srt -f null -": [*FFMPEG, small, "-f", "null", "-"],
             "ffmpeg -i x.srt -c:s copy": [*FFMPEG, small, "-map", "0", "-c:s", "copy", "-f", "null", "-"],
-        }, rounds=15, statuses={"ffmpeg -i x.srt -f null -": 1})  # it reads all cues, then finds no use for them
+        }, rounds=15, statuses={"ffmpeg -i x.srt -f null -": 1})  # it reads all cues, then has no output for them
         report(f"100,000 cues, {size / 2**20:.1f} MiB", runs, "captoria-cli cues")
         ours = runs["captoria-cli cues"]
         print(f"  memory: {ours.memory / size:.1f} times the file")

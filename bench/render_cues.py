@@ -19,7 +19,7 @@ WORDS = ("the boat left before dawn and nobody on the pier could tell whether it
 
 
 def write_cues(path, cues, seconds):
-    """Cues of two seconds, evenly over `seconds`."""
+    """Cues of two seconds, spread evenly over `seconds`."""
     chance = random.Random(4)
     with open(path, "w") as file:
         for i in range(cues):
@@ -31,7 +31,7 @@ def write_cues(path, cues, seconds):
 
 
 def write_spumux_job(folder, srt, outline):
-    """The other renderer wants a list of its own, its font in a folder below HOME, and a film to put the pictures in."""
+    """The other renderer needs its own list, its font in a folder below HOME, and a film for the pictures."""
     (folder / ".spumux").mkdir()
     (folder / ".spumux" / FONT.name).symlink_to(FONT)
     job = folder / "job.xml"
@@ -50,7 +50,7 @@ def main():
             folder = pathlib.Path(name)
             srt = folder / "film.srt"
             write_cues(srt, 1500, 5400)
-            # A folder a run: the file system is slow to give out again what was deleted a moment ago.
+            # A new folder for each run: the file system is slow to use space again that was just freed.
             run = itertools.count()
             ours = lambda: [CLI, "render", srt, "--data", folder, "--out", folder / f"out{next(run)}",
                             "--set", f"OutlineWidth0={outline}"]

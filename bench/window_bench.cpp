@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What the window takes: a line "name milliseconds" a measurement, for bench/window.py.
+// Measures the window: prints a line "NAME MILLISECONDS" for each measurement, for bench/window.py.
 //
-//   window_bench bare STARTED        a window of Qt with nothing in it
+//   window_bench bare STARTED        an empty window of Qt
 //   window_bench start STARTED DATA  ours, on an empty data folder
 //   window_bench cues DATA FILM SRT  a long list: scrolling through it, selecting in it, clicking cues
-//   window_bench frames FILM         single frames, from all over the film
+//   window_bench frames FILM         single frames from the whole film
 //
-// STARTED is the monotonic clock in nanoseconds when the process was started.
+// STARTED is the monotonic clock, in nanoseconds, at the start of the process.
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QMainWindow>
@@ -34,7 +34,7 @@ void Tell(const char* name, Clock::duration time) {
   std::printf("%s %.3f\n", name, std::chrono::duration<double, std::milli>(time).count());
 }
 
-// Until there is nothing left to do: all is painted, and a click would be heard.
+// Returns when no event is left: everything is painted, and the window reacts to a click.
 void Settle() {
   auto* events = QAbstractEventDispatcher::instance();
   while (events->processEvents(QEventLoop::AllEvents)) {
