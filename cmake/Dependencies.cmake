@@ -1,13 +1,15 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 
-# Every outside library behind a target of one spelling. scripts/setup.sh installs the packages they come from.
+# Each outside library as a target named captoria_NAME, if it has no target of its own. scripts/setup.sh installs the
+# packages.
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
 find_package(tl-expected REQUIRED)
 find_package(Qt6 REQUIRED COMPONENTS Widgets)
 
-# captoria_pkg(NAME PKGCONFIG...): the target captoria_NAME for pkg-config modules, their headers exempt from our warnings.
+# captoria_pkg(NAME PKGCONFIG...): the target captoria_NAME for pkg-config modules. Their headers are exempt from our
+# warnings.
 function(captoria_pkg name)
   pkg_check_modules(${name} REQUIRED IMPORTED_TARGET GLOBAL ${ARGN})
   add_library(captoria_${name} INTERFACE)

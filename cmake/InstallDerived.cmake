@@ -1,14 +1,14 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 
-# Run while installing, after cmake/Packaging.cmake has set `source`, `programs_folder` and `id`.
+# Runs during installation. cmake/Packaging.cmake sets `source`, `programs_folder` and `id` first.
 set(prefix $ENV{DESTDIR}${CMAKE_INSTALL_PREFIX})
 
 file(MAKE_DIRECTORY ${prefix}/bin)
 file(CREATE_LINK ../${programs_folder}/Captoria ${prefix}/bin/captoria SYMBOLIC)
 file(CREATE_LINK ../${programs_folder}/captoria-cli ${prefix}/bin/captoria-cli SYMBOLIC)
 
-# gzip's -n leaves the time out, so that the same text gives the same file.
+# gzip -n leaves out the time, so the same text gives the same file.
 function(install_compressed file target)
   execute_process(COMMAND gzip -9nc ${file} OUTPUT_FILE ${target} COMMAND_ERROR_IS_FATAL ANY)
   file(CHMOD ${target} PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)

@@ -1,10 +1,10 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 
-# What is installed where, and the Debian package of it, which scripts/package.sh makes and checks.
+# Where files are installed, and the Debian package. scripts/package.sh makes and checks the package.
 #
-# The programs find each other and the shipped files from their own folder (platform/program_folder.h), so that one is
-# fixed below the prefix on every system.
+# The programs find each other and the shipped files from their own folder (platform/program_folder.h), so this folder has
+# the same place below the prefix on every system.
 set(programs_folder lib/captoria)
 set(id org.captoria.Captoria)
 
@@ -25,7 +25,7 @@ install(FILES ${completions}/captoria-cli.fish DESTINATION share/fish/vendor_com
 
 install(FILES ${CMAKE_SOURCE_DIR}/assets/debian/copyright DESTINATION share/doc/captoria)
 
-# The rest is made at that time: links, compressed texts, pictures of the icon.
+# The rest is made during installation: links, compressed texts, icons as PNG.
 install(CODE "set(source [[${CMAKE_SOURCE_DIR}]])\nset(programs_folder ${programs_folder})\nset(id ${id})")
 install(SCRIPT ${CMAKE_SOURCE_DIR}/cmake/InstallDerived.cmake)
 
@@ -35,7 +35,7 @@ set(CPACK_PACKAGE_CONTACT "Captoria contributors <maintainers@captoria.org>")
 set(CPACK_PACKAGE_HOMEPAGE_URL https://captoria.org/)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "put text subtitles into DivX films as pictures")
 set(CPACK_PACKAGE_DESCRIPTION
-    "DivX players and boxes show no text subtitles, or show them in the wrong
+    "Many DivX players show no text subtitles, or show them in the wrong
 letters. Captoria draws SubRip text as four-colour pictures and puts them, as
 XSUB streams, into a .divx beside the untouched picture and sound of an .avi.
 
@@ -49,8 +49,8 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXE
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION video)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What no linker sees: the reader of the icons, what opens a finished film, the toolkit's own texts, a terminal window
-# for the tools, scripts that the usual fonts lack.
+# Packages that the linker does not see: the reader of the icons, the program that opens a finished film, the toolkit's
+# translations, a terminal window for the tools, fonts for more scripts.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt6svg6)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core, qt6-translations-l10n, qt6-wayland, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "fonts-noto-cjk, fonts-noto-core, xterm | x-terminal-emulator")
