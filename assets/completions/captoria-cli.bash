@@ -4,7 +4,7 @@
 #
 # Completion of captoria-cli for bash.
 
-# Folders, and files whose names end in one of the given ways, whatever their case.
+# Completes folders, and files with one of the given extensions in upper or lower case.
 _captoria_cli_files() {
   local current=$1 file pattern
   shift

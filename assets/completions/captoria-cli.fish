@@ -14,7 +14,7 @@ complete -c captoria-cli -n __fish_use_subcommand -a render -d 'Write the bitmap
 
 set -l run '__fish_seen_subcommand_from convert batch'
 complete -c captoria-cli -n '__fish_seen_subcommand_from convert' -l subtitle -rF -d 'A subtitle file'
-complete -c captoria-cli -n $run -l remove-unknown -d 'Leave streams of an unknown kind out'
+complete -c captoria-cli -n $run -l remove-unknown -d 'Leave out streams of an unknown kind'
 complete -c captoria-cli -n $run -l keep-temp -d 'Keep bitmaps, lists and the script'
 complete -c captoria-cli -n $run -l quiet -d 'Show no progress and no warnings'
 
@@ -22,7 +22,7 @@ set -l some '__fish_seen_subcommand_from convert batch cues render'
 complete -c captoria-cli -n $some -l data -xa '(__fish_complete_directories)' -d 'The folder of the settings'
 complete -c captoria-cli -n $some -l commands -xka '(__fish_complete_suffix .cbx)' -d 'A command file'
 complete -c captoria-cli -n '__fish_seen_subcommand_from convert batch render' -l set -x -d 'KEY=VALUE'
-complete -c captoria-cli -n '__fish_seen_subcommand_from convert batch info cues render' -l json -d 'Tell as JSON'
+complete -c captoria-cli -n '__fish_seen_subcommand_from convert batch info cues render' -l json -d 'Write JSON'
 
 complete -c captoria-cli -n '__fish_seen_subcommand_from cues' -l encoding -d 'The encoding of the file' \
     -xa '(iconv -l 2>/dev/null | string replace -a // "" | string split -n " ")'
@@ -33,7 +33,7 @@ complete -c captoria-cli -n $render -l first -x -d 'Number of the first cue'
 complete -c captoria-cli -n $render -l last -x -d 'Number of the last cue'
 complete -c captoria-cli -n $render -l threads -x -d 'Threads to draw with'
 
-# Files of the usual ending stand first.
+# Files with the usual extension come first.
 complete -c captoria-cli -n '__fish_seen_subcommand_from convert info' -ka '(__fish_complete_suffix .avi)'
 complete -c captoria-cli -n '__fish_seen_subcommand_from cues render' -ka '(__fish_complete_suffix .srt)'
 complete -c captoria-cli -n '__fish_seen_subcommand_from batch' -F

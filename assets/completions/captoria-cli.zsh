@@ -22,9 +22,9 @@ command_file='--commands[a command file for each subtitle file]:command file:_fi
 setting='*--set[a setting instead of the stored one]:KEY=VALUE: '
 run=(
   $help $data $command_file $setting
-  '--remove-unknown[leave streams of an unknown kind out]'
+  '--remove-unknown[leave out streams of an unknown kind]'
   '--keep-temp[keep bitmaps, lists and the script]'
-  '--json[tell what was made as JSON]'
+  '--json[write the results as JSON]'
   '--quiet[show no progress and no warnings]'
 )
 
@@ -40,16 +40,16 @@ case $state in
           "*:video:$videos" && ret=0
         ;;
       batch) _arguments $run '1:list:_files' && ret=0 ;;
-      info) _arguments $help '--json[show as JSON]' "1:video:$videos" && ret=0 ;;
+      info) _arguments $help '--json[write JSON]' "1:video:$videos" && ret=0 ;;
       cues)
-        _arguments $help $data $command_file '--json[list as JSON]' \
+        _arguments $help $data $command_file '--json[write JSON]' \
           '--encoding[the encoding of the file]:encoding:(${(f)"$(iconv -l 2>/dev/null | sed "s|//.*||")"})' \
           '1:subtitle file:_files -g "*.(#i)(srt|idx)(-.)"' && ret=0
         ;;
       render)
         _arguments $help $data $command_file $setting '--out[the folder for the bitmaps]:folder:_files -/' \
           '--first[number of the first cue]:number: ' '--last[number of the last cue]:number: ' \
-          '--threads[threads to draw with]:number: ' '--json[tell what was drawn as JSON]' \
+          '--threads[threads to draw with]:number: ' '--json[write the results as JSON]' \
           '1:subtitle file:_files -g "*.(#i)srt(-.)"' && ret=0
         ;;
     esac
