@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: Captoria contributors
 # SPDX-License-Identifier: MIT
 #
-# ./test.sh [--sanitizers | --threads] [CTEST ARGS...]: installs what building and testing need, builds, and runs the
-# tests.
+# ./test.sh [--sanitizers | --threads] [CTEST ARGS...]: installs the packages for building and testing, builds, and runs
+# the tests.
 set -euo pipefail
 cd "$(dirname "$0")"
 preset=dev
