@@ -7,8 +7,8 @@ namespace captoria {
 namespace {
 
 // Readers count packets and expect packet n at n * scale / rate seconds; its real show time is inside the packet. Some
-// readers add both times. With the smallest unit the sum is not visibly late, and no reader mistakes a packet for a later
-// one.
+// readers add both times. With the smallest unit the sum is not visibly late, and no reader mistakes a packet for a
+// later one.
 constexpr std::uint32_t kScale = 1, kRate = 1'000'000;
 
 constexpr std::uint32_t kDisabled = 1;

@@ -253,7 +253,7 @@ TEST(VobSubSource, NamesTheFileThatIsMissing) {
 
 TEST(ColorsOf, AreThoseOfMostDiscsWithoutAPalette) {
   EXPECT_THAT(ColorsOf({}, {}).colors,
-              ElementsAre(RgbColor{0, 0, 0}, RgbColor{255, 255, 255}, RgbColor{0, 0, 0}, RgbColor{128, 128, 128}));
+              ElementsAre(Color{0, 0, 0}, Color{255, 255, 255}, Color{0, 0, 0}, Color{128, 128, 128}));
 }
 
 TEST(RenumberColors, MergesTheMostAlikeOfFourIntoTheCommonerOne) {
