@@ -38,7 +38,7 @@ _captoria_cli() {
     --set | --first | --last | --threads) return ;;
   esac
 
-  local of_a_run='--set --commands --remove-unknown --keep-temp --json --quiet --data'
+  local of_a_run='--set --commands --remove-unknown --keep-temp --dry-run --json --quiet --data'
   case $command in
     '') _captoria_cli_words "$current" 'convert batch info cues render -h --help -V --version'; return ;;
     convert) options="--subtitle $of_a_run" ;;

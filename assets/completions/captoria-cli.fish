@@ -16,6 +16,7 @@ set -l run '__fish_seen_subcommand_from convert batch'
 complete -c captoria-cli -n '__fish_seen_subcommand_from convert' -l subtitle -rF -d 'A subtitle file'
 complete -c captoria-cli -n $run -l remove-unknown -d 'Leave out streams of an unknown kind'
 complete -c captoria-cli -n $run -l keep-temp -d 'Keep bitmaps, lists and the script'
+complete -c captoria-cli -n $run -l dry-run -d 'Show what would be made, and make nothing'
 complete -c captoria-cli -n $run -l quiet -d 'Show no progress and no warnings'
 
 set -l some '__fish_seen_subcommand_from convert batch cues render'

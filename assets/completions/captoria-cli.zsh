@@ -24,7 +24,8 @@ run=(
   $help $data $command_file $setting
   '--remove-unknown[leave out streams of an unknown kind]'
   '--keep-temp[keep bitmaps, lists and the script]'
-  '--json[write the results as JSON]'
+  '--dry-run[show what would be made, and make nothing]'
+  '--json[write a line of JSON for each video]'
   '--quiet[show no progress and no warnings]'
 )
 
