@@ -45,6 +45,7 @@ INSTANTIATE_TEST_SUITE_P(
         ParseRow{"AnEndTextHasCommas", R"(select , "", ",,")", SelectRule{0, "", false, ",,", false}},
         ParseRow{"MarksAreNotLookedAt", "select , „x”, 'y'A", SelectRule{0, "x", false, "y", true}},
         ParseRow{"TheLoneLetterIsTheFlag", "select , A, \"a", SelectRule{0, "", true, "", true}},
+        ParseRow{"ATabIsNoBlank", "select , \t\"x\", \"\"", SelectRule{0, "\"x", false, "", false}},
         ParseRow{"OneMarkAlone", "select , \", \"", SelectRule{0, "", false, "", false}}),
     kRowName);
 
@@ -102,6 +103,7 @@ TEST(CommandFile, ReadsWhatItComposes) {
 
 TEST(CommandFile, ComposesWhatPeopleKnow) {
   EXPECT_EQ(ComposeCommand(SelectRule{2, "", false, "", false}), R"(Select 2, "", "")");
+  EXPECT_EQ(ComposeCommand(SelectRule{-1, "", false, "", false}), R"(Select , "", "")");
   EXPECT_EQ(ComposeCommand(SelectRule{0, "-", true, "...", false}), R"(Select , "-"A, "...")");
   EXPECT_EQ(ComposeCommand(PlacementCommand{0, "l", true, true}), "PosAlignment 0, l");
   EXPECT_EQ(ComposeCommand(PlacementCommand{35, "l", true, false}), "PosAlignment 35, ");
