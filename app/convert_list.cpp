@@ -14,8 +14,8 @@ namespace {
 // Takes one film of the list from its video to its end.
 class FilmOfList {
  public:
-  FilmOfList(Workspace& workspace, const Outside& outside, const ConvertOptions& options, std::string video)
-      : workspace_(workspace), outside_(outside), options_(options) {
+  FilmOfList(Workspace& workspace, const ConversionBackend& backend, const ConvertOptions& options, std::string video)
+      : workspace_(workspace), backend_(backend), options_(options) {
     film_.video = std::move(video);
   }
 
@@ -60,7 +60,7 @@ class FilmOfList {
 
   bool Make() {
     if (options_.dry_run) return Plan();
-    const Outcome outcome = MakeFinalDivX(workspace_, outside_, options_.keep_temp);
+    const Outcome outcome = MakeFinalDivX(workspace_, backend_, options_.keep_temp);
     if (!outcome.film) return Fail(outcome.film.error());
     film_.status = ConversionStatus::Made;
     film_.result = *outcome.film;
@@ -68,7 +68,7 @@ class FilmOfList {
   }
 
   bool Plan() {
-    const auto plan = PrepareDivX(workspace_, outside_.ask_for_tool, options_.keep_temp);
+    const auto plan = PrepareDivX(workspace_, backend_.ask_for_tool, options_.keep_temp);
     if (!plan) return Fail(plan.error());
     for (const Finding& finding : plan->findings) workspace_.reporter.Note(finding);
     film_.status = ConversionStatus::Planned;
@@ -96,7 +96,7 @@ class FilmOfList {
   }
 
   Workspace& workspace_;
-  const Outside& outside_;
+  const ConversionBackend& backend_;
   const ConvertOptions& options_;
   ConvertedFilm film_;
 };
@@ -108,7 +108,7 @@ void CloseAllTracks(Workspace& workspace) {
 
 }  // namespace
 
-ConvertReport ConvertVideos(Workspace& workspace, const Outside& outside, std::span<const std::string> videos,
+ConvertReport ConvertVideos(Workspace& workspace, const ConversionBackend& backend, std::span<const std::string> videos,
                             const ConvertOptions& options) {
   ConvertReport report;
   for (const std::string& video : videos) {
@@ -118,7 +118,7 @@ ConvertReport ConvertVideos(Workspace& workspace, const Outside& outside, std::s
     }
     CloseAllTracks(workspace);
     options.begin(video);
-    FilmOfList film(workspace, outside, options, video);
+    FilmOfList film(workspace, backend, options, video);
     report.text += film.Run();
     report.stopped = film.Stopped();
     options.done(film.Film());

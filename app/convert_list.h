@@ -62,7 +62,7 @@ struct ConvertReport {
 
 // Converts each video. No track is open before a video or at the end; the last video stays open. After a stop, the rest
 // of the list is skipped.
-ConvertReport ConvertVideos(Workspace& workspace, const Outside& outside, std::span<const std::string> videos,
+ConvertReport ConvertVideos(Workspace& workspace, const ConversionBackend& backend, std::span<const std::string> videos,
                             const ConvertOptions& options);
 
 // What the user is shown: the report, or that there is nothing to report.

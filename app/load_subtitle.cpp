@@ -75,7 +75,7 @@ Result<void> CheckCues(Workspace& workspace) {
 // Runs the command file that the settings name for every file that is loaded.
 void RunCommands(Workspace& workspace) {
   const std::string path = workspace.preferences.settings.BatchToRun;
-  if (!Trim(path).empty() && FileExists(path)) RunCommandFile(workspace, path);
+  if (!Trim(path).empty() && FileExists(path)) RunBatch(workspace, path);
 }
 
 }  // namespace

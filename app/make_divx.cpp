@@ -109,13 +109,13 @@ void ReportOutcome(Workspace& workspace, const Outcome& outcome, DocumentOpener&
   if (!opened) workspace.reporter.Note({.kind = FindingKind::ToolMessage, .message = opened.error().message});
 }
 
-Outcome MakeFinalDivX(Workspace& workspace, const Outside& outside, bool keep_temp) {
-  const auto plan = PrepareDivX(workspace, outside.ask_for_tool, keep_temp);
+Outcome MakeFinalDivX(Workspace& workspace, const ConversionBackend& backend, bool keep_temp) {
+  const auto plan = PrepareDivX(workspace, backend.ask_for_tool, keep_temp);
   if (!plan) return {.film = tl::unexpected(plan.error())};
   const auto fonts = workspace.canvas.Fonts();
   if (!fonts) return {.film = tl::unexpected(fonts.error())};
-  Outcome outcome = outside.convert(*plan, *fonts);
-  ReportOutcome(workspace, outcome, outside.documents);
+  Outcome outcome = backend.convert(*plan, *fonts);
+  ReportOutcome(workspace, outcome, backend.documents);
   return outcome;
 }
 

@@ -19,7 +19,7 @@ namespace captoria {
 using RunConversion = std::function<Outcome(const ConversionPlan& plan, const std::shared_ptr<FontCollection>& fonts)>;
 
 // What a conversion needs from outside the program.
-struct Outside {
+struct ConversionBackend {
   RunConversion convert;
   DocumentOpener& documents;
   AskForTool ask_for_tool = AskForToolFile;
@@ -37,6 +37,6 @@ Result<ConversionPlan> PrepareDivX(Workspace& workspace, const AskForTool& ask_f
 void ReportOutcome(Workspace& workspace, const Outcome& outcome, DocumentOpener& documents);
 
 // All of it (`MakeFinalDivX`, `CreateBat`).
-Outcome MakeFinalDivX(Workspace& workspace, const Outside& outside, bool keep_temp = false);
+Outcome MakeFinalDivX(Workspace& workspace, const ConversionBackend& backend, bool keep_temp = false);
 
 }  // namespace captoria

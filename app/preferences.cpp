@@ -38,7 +38,7 @@ Result<void> Preferences::Override(std::string_view key, std::string_view value)
 Result<void> Preferences::Store(std::string_view key, const std::string& value) {
   if (!remembers) return Override(key, value);
   if (auto set = SetField(settings, key, value); !set) return set;
-  return Write([&](IniDocument& document) { return ApplySetting(document, key, value); });
+  return Write([&](IniDocument& document) { return SaveKey(document, settings, key); });
 }
 
 Result<void> Preferences::StoreOptions(const Settings& edited) {
@@ -51,7 +51,12 @@ Result<void> Preferences::StoreOptions(const Settings& edited) {
 
 TrackValues Preferences::TrackAt(int index) const {
   TrackValues track;
-  LoadValuesForIndex(Stored(), index, track.style, track.list_font);
+  // A file that cannot be read any longer counts as empty, as it does at the start.
+  LoadValuesForIndex(ini_.Load().value_or(IniDocument{}), index, track.style, track.list_font);
+  for (const auto& [key, value] : overrides_) {
+    const auto of_track = FindTrackKey(key);
+    if (of_track && of_track->index == index) (void)SetKey(track.style, track.list_font, key, value);
+  }
   return track;
 }
 
@@ -61,13 +66,6 @@ Result<void> Preferences::StoreListFont(int index, const Font& font) {
 
 Result<void> Preferences::Save(std::span<const TrackValues> open_tracks, std::size_t current_track) {
   return Write([&](IniDocument& document) { return SaveValues(document, settings, open_tracks, current_track); });
-}
-
-// A file that cannot be read any longer counts as empty, as it does at the start.
-IniDocument Preferences::Stored() const {
-  IniDocument document = ini_.Load().value_or(IniDocument{});
-  for (const auto& [key, value] : overrides_) (void)ApplySetting(document, key, value);
-  return document;
 }
 
 Result<void> Preferences::Write(const std::function<Result<void>(IniDocument&)>& edit) {

@@ -59,7 +59,6 @@ class Preferences {
   Result<void> Save(std::span<const TrackValues> open_tracks, std::size_t current_track);
 
  private:
-  IniDocument Stored() const;
   Result<void> Write(const std::function<Result<void>(IniDocument&)>& edit);
 
   std::string data_folder_;

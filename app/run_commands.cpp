@@ -30,7 +30,7 @@ std::size_t RunSelectCommand(Project& project, const SelectRule& rule) {
   return SelectCues(project.tracks.Current().cues, rule, CaseRuleOf(ProcessEnvironment()));
 }
 
-std::optional<CommandReport> RunCommandFile(Workspace& workspace, const std::string& path) {
+std::optional<CommandReport> RunBatch(Workspace& workspace, const std::string& path) {
   const SubtitleTrack& track = workspace.project.tracks.Current();
   const auto lines = ReadCommandFile(path, track.style.font.charset);
   if (!lines) {

@@ -25,7 +25,7 @@ struct CommandReport {
 
 // Runs the command file `path` on the current track and shows what ran. A line with a fault is reported by its number
 // and skipped; a file that cannot be read is reported, and nothing runs.
-std::optional<CommandReport> RunCommandFile(Workspace& workspace, const std::string& path);
+std::optional<CommandReport> RunBatch(Workspace& workspace, const std::string& path);
 
 // The names of all command files, for a menu: first those that came with the program, then the user's, if these are two
 // folders. A user's file hides one of the same name.

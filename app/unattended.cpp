@@ -51,7 +51,7 @@ CommandLine ParseCommandLine(std::string_view arguments) {
   return line;
 }
 
-Outcome RunUnattended(Workspace& workspace, const Outside& outside, const std::string& path) {
+Outcome RunUnattended(Workspace& workspace, const ConversionBackend& backend, const std::string& path) {
   workspace.project.current_file = path;
   std::string video = path;
   Outcome outcome{.film = Failure(ErrorKind::NotFound, "Can not find any subtitles")};
@@ -60,7 +60,7 @@ Outcome RunUnattended(Workspace& workspace, const Outside& outside, const std::s
   } else if (!HasSubtitles(workspace.project)) {
     workspace.prompts.ShowMessage(kProgramTitle, outcome.film.error().message);
   } else {
-    outcome = MakeFinalDivX(workspace, outside);
+    outcome = MakeFinalDivX(workspace, backend);
   }
   if (const auto saved = SaveAll(workspace.preferences, workspace.project); !saved) {
     workspace.reporter.Tell({.kind = FindingKind::NotSaved, .message = saved.error().message});

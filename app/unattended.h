@@ -20,6 +20,6 @@ struct CommandLine {
 CommandLine ParseCommandLine(std::string_view arguments);
 
 // Opens the video, makes the film if there are subtitles, says so if there are none, and saves the settings.
-Outcome RunUnattended(Workspace& workspace, const Outside& outside, const std::string& path);
+Outcome RunUnattended(Workspace& workspace, const ConversionBackend& backend, const std::string& path);
 
 }  // namespace captoria

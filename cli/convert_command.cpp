@@ -83,11 +83,11 @@ int RunConvert(const ConvertArguments& arguments, const std::string& data_folder
   Workspace workspace(CliFolders(data_folder), std::move(preferences), prompts, view, Attendance::Nobody);
   CaptoriaRun scripts(workspace.folders.executable, ProcessEnvironment());
   DesktopOpener documents;
-  const Outside outside{
+  const ConversionBackend backend{
       .convert = [&](const ConversionPlan& plan, const auto& fonts) { return Convert(plan, fonts, scripts, view); },
       .documents = documents};
   FilmOutput output(arguments.json);
-  const ConvertReport report = ConvertVideos(workspace, outside, AllAbsolute(arguments.videos),
+  const ConvertReport report = ConvertVideos(workspace, backend, AllAbsolute(arguments.videos),
                                              {.keep_temp = arguments.keep_temp,
                                               .dry_run = arguments.dry_run,
                                               .subtitles = AllAbsolute(arguments.subtitles),

@@ -20,7 +20,7 @@
 #include "cli/unattended_prompts.h"
 #include "platform/files.h"
 #include "platform/terminal_progress.h"
-#include "render/cue_batch.h"
+#include "render/cue_run.h"
 
 namespace captoria {
 namespace {
@@ -39,7 +39,7 @@ struct RenderOptions {
 };
 
 // What was drawn, for programs.
-bool ListAsJson(const RenderOptions& options, const CueBatch& batch, const RenderedBatch& rendered) {
+bool ListAsJson(const RenderOptions& options, const CueRun& batch, const RenderedRun& rendered) {
   Json bitmaps = Json::array();
   for (std::size_t i = 0; i < batch.cues.size(); ++i) {
     bitmaps.push_back({{"number", options.first + i},
@@ -54,7 +54,7 @@ bool ListAsJson(const RenderOptions& options, const CueBatch& batch, const Rende
 }
 
 // What was drawn, for people.
-bool ListAsText(const RenderOptions& options, const RenderedBatch& rendered) {
+bool ListAsText(const RenderOptions& options, const RenderedRun& rendered) {
   std::string text = std::to_string(rendered.sizes.size()) + " bitmap(s) written to " + options.out + "\n";
   for (const auto& [chosen, used] : rendered.fonts.fonts) {
     text += "font \"" + chosen + "\" drawn with";
@@ -69,7 +69,7 @@ bool ListAsText(const RenderOptions& options, const RenderedBatch& rendered) {
   return Print(text);
 }
 
-Result<RenderedBatch> Render(Workspace& workspace, const RenderOptions& options, CueBatch& batch) {
+Result<RenderedRun> Render(Workspace& workspace, const RenderOptions& options, CueRun& batch) {
   if (auto loaded = LoadFileToList(workspace, options.file, {.encoding{}, .find_video = false}); !loaded) {
     return tl::unexpected(loaded.error());
   }
@@ -101,7 +101,7 @@ int RunRender(const RenderOptions& options, const std::string& data_folder) {
     return kExitUsage;
   }
   Workspace workspace(CliFolders(data_folder), std::move(preferences), prompts, view, Attendance::Nobody);
-  CueBatch batch;
+  CueRun batch;
   const auto rendered = Render(workspace, options, batch);
   if (!rendered) {
     Complain(rendered.error().message);

@@ -63,9 +63,9 @@ Result<FontReport> CreateBitmaps(const std::shared_ptr<FontCollection>& fonts, c
   for (int number = 0; number < static_cast<int>(job.tracks.size()); ++number) {
     const SubtitleTrack& track = job.tracks[static_cast<std::size_t>(number)];
     if (!track.IsRendered()) continue;
-    const CueBatch batch{.cues = track.cues, .style = track.style, .frame = job.bitmap, .path_of = [&](std::size_t i) {
-                           return JoinPath(job.folder, BitmapFileName(number, i + 1));
-                         }};
+    const CueRun batch{.cues = track.cues, .style = track.style, .frame = job.bitmap, .path_of = [&](std::size_t i) {
+                         return JoinPath(job.folder, BitmapFileName(number, i + 1));
+                       }};
     PartProgress part(progress, done, total);
     const auto rendered = RenderCues(fonts, batch, job.threads, part);
     if (!rendered) return tl::unexpected(rendered.error());

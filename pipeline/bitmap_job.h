@@ -11,7 +11,7 @@
 #include "base/job_progress.h"
 #include "base/result.h"
 #include "base/video_system.h"
-#include "render/cue_batch.h"
+#include "render/cue_run.h"
 #include "script/list_text.h"
 #include "subtitles/subtitle_track.h"
 

@@ -194,20 +194,9 @@ std::string TextOfKey(Settings settings, std::string_view key) {
   return row == nullptr ? "" : TextOfField(*row, settings);
 }
 
-std::string TextOfKey(const TrackStyle& style, const Font& list_font, std::string_view key) {
-  const auto found = FindTrackKey(key);
-  TrackValues track{style, list_font};
-  return found ? TextOfField(*found->row, track) : "";
-}
-
 Result<void> SaveKey(IniDocument& document, const Settings& settings, std::string_view key) {
   if (FindGlobalKey(key) == nullptr) return UnknownKey(key);
   return ApplySetting(document, key, TextOfKey(settings, key));
-}
-
-Result<void> SaveKey(IniDocument& document, const TrackStyle& style, const Font& list_font, std::string_view key) {
-  if (!FindTrackKey(key)) return UnknownKey(key);
-  return ApplySetting(document, key, TextOfKey(style, list_font, key));
 }
 
 }  // namespace captoria

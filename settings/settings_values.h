@@ -56,10 +56,8 @@ Result<void> SetKey(TrackStyle& style, Font& list_font, std::string_view key, st
 
 // The text of the value in a document; empty if the record has no such key.
 std::string TextOfKey(Settings settings, std::string_view key);
-std::string TextOfKey(const TrackStyle& style, const Font& list_font, std::string_view key);
 
 // Puts that text into a document.
 Result<void> SaveKey(IniDocument& document, const Settings& settings, std::string_view key);
-Result<void> SaveKey(IniDocument& document, const TrackStyle& style, const Font& list_font, std::string_view key);
 
 }  // namespace captoria

@@ -73,13 +73,13 @@ std::size_t FindStream(std::span<const AviStream> streams, const DivxMuxStream& 
   return wanted.kind == DivxMuxStream::Kind::Subtitle && is_titled(by_name) ? by_name : by_kind;
 }
 
-Result<MuxStream> SourceStream(const AviFile& film, const DivxMuxStream& wanted) {
-  const std::string& path = film.File().Path();
+Result<MuxStream> SourceStream(const AviFile& source, const DivxMuxStream& wanted) {
+  const std::string& path = source.File().Path();
   if (wanted.path != path && !IsSameFile(wanted.path, path)) {
     return Failure(ErrorKind::Unsupported, wanted.path + ": is not the video; streams can only be taken from " + path);
   }
-  const std::size_t found = FindStream(film.Streams(), wanted);
-  if (found < film.Streams().size()) {
+  const std::size_t found = FindStream(source.Streams(), wanted);
+  if (found < source.Streams().size()) {
     return MuxStream{.source_stream = static_cast<int>(found), .subtitle = nullptr, .title = wanted.title};
   }
   if (wanted.kind == DivxMuxStream::Kind::Video)
@@ -121,15 +121,15 @@ class ReportedProgress final : public JobProgress {
 
 // The size of the film in bytes.
 Result<std::uint64_t> Run(const DivxMuxArguments& arguments, Findings& findings) {
-  const auto film = AviFile::Open(arguments.Video().path);
-  if (!film) return tl::unexpected(film.error());
-  MuxJob job{.film = *film,
+  const auto source = AviFile::Open(arguments.Video().path);
+  if (!source) return tl::unexpected(source.error());
+  MuxJob job{.source = *source,
              .streams = {},
              .output = arguments.output,
              .profile = arguments.hardware_profile ? PlayerProfile::Hardware : PlayerProfile::Readers};
   for (const DivxMuxStream& wanted : arguments.streams) {
     auto stream = wanted.kind == DivxMuxStream::Kind::NewSubtitle ? NewStream(wanted, arguments.output, findings)
-                                                                  : SourceStream(*film, wanted);
+                                                                  : SourceStream(*source, wanted);
     if (!stream) return tl::unexpected(stream.error());
     job.streams.push_back(std::move(*stream));
   }

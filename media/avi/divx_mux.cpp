@@ -32,14 +32,14 @@ Result<void> CheckStreams(const MuxJob& job) {
   if (job.streams.size() > kMostStreams) {
     return Failure(ErrorKind::TooLarge, job.output + ": an AVI file holds at most 100 streams");
   }
-  std::vector<bool> taken(job.film.Streams().size());
+  std::vector<bool> taken(job.source.Streams().size());
   for (const MuxStream& stream : job.streams) {
     if (stream.subtitle != nullptr) {
       if (stream.subtitle->Count() > 0) continue;
       return Failure(ErrorKind::Damaged, "the subtitle stream \"" + stream.title + "\" contains no subtitle");
     }
     const auto number = static_cast<std::size_t>(stream.source_stream);
-    const std::string name = job.film.File().Path() + ": stream " + std::to_string(stream.source_stream);
+    const std::string name = job.source.File().Path() + ": stream " + std::to_string(stream.source_stream);
     if (stream.source_stream < 0 || number >= taken.size())
       return Failure(ErrorKind::NotFound, name + " does not exist");
     if (taken[number]) return Failure(ErrorKind::Unsupported, name + " is given twice");
@@ -49,7 +49,7 @@ Result<void> CheckStreams(const MuxJob& job) {
 }
 
 Result<void> CheckOutput(const MuxJob& job) {
-  if (IsSameFile(job.output, job.film.File().Path())) {
+  if (IsSameFile(job.output, job.source.File().Path())) {
     return Failure(ErrorKind::Unwritable, job.output + ": is the source itself, which is never overwritten");
   }
   if (FolderExists(job.output)) return Failure(ErrorKind::Unwritable, job.output + ": is a folder");
@@ -60,17 +60,17 @@ Result<void> CheckOutput(const MuxJob& job) {
 class FilmMux {
  public:
   FilmMux(const MuxJob& job, JobProgress& progress) : job_(job), progress_(progress) {
-    numbers_.assign(job.film.Streams().size(), -1);
+    numbers_.assign(job.source.Streams().size(), -1);
     for (std::size_t i = 0; i < job.streams.size(); ++i) {
       if (job.streams[i].subtitle != nullptr) continue;
       const auto source = static_cast<std::size_t>(job.streams[i].source_stream);
       numbers_[source] = static_cast<int>(i);
-      if (video_ < 0 && IsVideo(job.film.Streams()[source])) video_ = job.streams[i].source_stream;
+      if (video_ < 0 && IsVideo(job.source.Streams()[source])) video_ = job.streams[i].source_stream;
     }
   }
 
   std::uint64_t ExpectedSize() const {
-    std::uint64_t size = job_.film.File().Size();
+    std::uint64_t size = job_.source.File().Size();
     for (const MuxStream& stream : job_.streams) {
       if (stream.subtitle != nullptr) size += stream.subtitle->Count() * kUsualPacket;
     }
@@ -88,17 +88,17 @@ class FilmMux {
  private:
   AviLayout Layout(bool open_dml) const {
     AviLayout layout;
-    layout.main = job_.film.Main();
+    layout.main = job_.source.Main();
     layout.open_dml = open_dml;
     layout.riff_limit = job_.riff_limit;
     layout.expected_size = ExpectedSize();
-    for (const RiffPiece& extra : job_.film.Extras()) layout.extras.push_back(WithAudioLanguages(extra, Sounds()));
+    for (const RiffPiece& extra : job_.source.Extras()) layout.extras.push_back(WithAudioLanguages(extra, Sounds()));
     for (const MuxStream& stream : job_.streams) {
       if (stream.subtitle != nullptr) {
         const SubtitleSource& subtitle = *stream.subtitle;
         layout.streams.push_back(XsubStream(subtitle.Frame(), subtitle.Count(), stream.title, job_.profile));
       } else {
-        layout.streams.push_back(job_.film.Streams()[static_cast<std::size_t>(stream.source_stream)]);
+        layout.streams.push_back(job_.source.Streams()[static_cast<std::size_t>(stream.source_stream)]);
         if (!stream.title.empty()) layout.streams.back().name = stream.title;
       }
     }
@@ -108,7 +108,7 @@ class FilmMux {
   // For each audio stream of the result, its number among the source's audio streams, from 1.
   std::vector<int> Sounds() const {
     const auto is_sound = [](const AviStream& stream) { return stream.header.type == "auds"; };
-    const auto streams = job_.film.Streams();
+    const auto streams = job_.source.Streams();
     std::vector<int> numbers;
     for (const MuxStream& stream : job_.streams) {
       if (stream.subtitle != nullptr || !is_sound(streams[static_cast<std::size_t>(stream.source_stream)])) continue;
@@ -119,9 +119,9 @@ class FilmMux {
   }
 
   InterleaveSchedule Schedule() const {
-    std::uint32_t start = 0, scale = job_.film.Main().micro_seconds_per_frame, rate = 1'000'000;
+    std::uint32_t start = 0, scale = job_.source.Main().micro_seconds_per_frame, rate = 1'000'000;
     if (video_ >= 0) {
-      const AviStreamHeader& header = job_.film.Streams()[static_cast<std::size_t>(video_)].header;
+      const AviStreamHeader& header = job_.source.Streams()[static_cast<std::size_t>(video_)].header;
       start = header.start;
       if (header.scale > 0 && header.rate > 0) scale = header.scale, rate = header.rate;
     }
@@ -134,7 +134,7 @@ class FilmMux {
 
   Result<void> CopyChunks(AviWriter& writer) {
     InterleaveSchedule schedule = Schedule();
-    const auto walk = job_.film.Chunks();
+    const auto walk = job_.source.Chunks();
     std::uint64_t frame = 0, chunks = 0;
     for (;;) {
       const auto next = walk->Next();
@@ -154,7 +154,7 @@ class FilmMux {
       ++chunks;
     }
     if (chunks == 0)
-      return Failure(ErrorKind::Damaged, job_.film.File().Path() + ": contains no data of these streams");
+      return Failure(ErrorKind::Damaged, job_.source.File().Path() + ": contains no data of these streams");
     while (const auto packet = schedule.NextAtEnd()) {
       if (auto written = WritePacket(writer, *packet); !written) return written;
     }
@@ -171,7 +171,7 @@ class FilmMux {
     if (position < next_report_) return {};
     next_report_ = position + kReportEvery;
     const std::size_t done = static_cast<std::size_t>(position >> 10);
-    if (progress_.Report(done, static_cast<std::size_t>(job_.film.File().Size() >> 10))) return {};
+    if (progress_.Report(done, static_cast<std::size_t>(job_.source.File().Size() >> 10))) return {};
     return Failure(ErrorKind::Cancelled, "stopped; " + job_.output + " was not made");
   }
 
@@ -196,7 +196,7 @@ Result<MuxReport> Mux(const MuxJob& job, JobProgress& progress) {
     size = FilmMux(job, progress).Run(open_dml);
   }
   if (!size) return tl::unexpected(size.error());
-  MuxReport report{.size = *size, .findings = job.film.Damage()};
+  MuxReport report{.size = *size, .findings = job.source.Damage()};
   if (open_dml && report.size > kLargestForPlayers) {
     report.findings.push_back({.kind = FindingKind::LargeFilm,
                                .file = job.output,

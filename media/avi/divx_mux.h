@@ -24,13 +24,13 @@ enum class PlayerProfile {
 
 // One stream of the result.
 struct MuxStream {
-  int source_stream = -1;                    // index in the film's streams; or -1, and
+  int source_stream = -1;                    // index in the streams of the source; or -1, and
   std::shared_ptr<SubtitleSource> subtitle;  // packets of a new XSUB stream
   std::string title;                         // the stream's name; if empty, a source stream keeps its own
 };
 
 struct MuxJob {
-  const AviFile& film;
+  const AviFile& source;
   std::vector<MuxStream> streams;  // in the order of the result; at most 100
   std::string output;
   PlayerProfile profile = PlayerProfile::Readers;

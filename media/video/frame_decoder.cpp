@@ -18,7 +18,7 @@ extern "C" {
 #include <thread>
 #include <utility>
 
-#include "media/video/film_demuxer.h"
+#include "media/video/video_demuxer.h"
 
 namespace captoria {
 namespace {
@@ -41,9 +41,9 @@ constexpr double kNear = 40;
 // In any time base; larger times are invalid.
 constexpr double kLatest = 1e15;
 
-AVStream* FirstVideo(const AVFormatContext& film) {
-  for (unsigned i = 0; i < film.nb_streams; ++i) {
-    AVStream* stream = film.streams[i];
+AVStream* FirstVideo(const AVFormatContext& video) {
+  for (unsigned i = 0; i < video.nb_streams; ++i) {
+    AVStream* stream = video.streams[i];
     const bool is_cover = (stream->disposition & AV_DISPOSITION_ATTACHED_PIC) != 0;
     if (stream->codecpar->codec_type == AVMEDIA_TYPE_VIDEO && !is_cover) return stream;
   }
@@ -54,7 +54,7 @@ Freed<AVCodecContext> OpenCodec(const AVStream& stream, const AVCodec* decoder) 
   Freed<AVCodecContext> codec(avcodec_alloc_context3(decoder));
   if (!codec || avcodec_parameters_to_context(codec.get(), stream.codecpar) < 0) return nullptr;
   codec->pkt_timebase = stream.time_base;
-  codec->max_pixels = FilmDemuxer::kMostPixels;
+  codec->max_pixels = VideoDemuxer::kMostPixels;
   codec->thread_count = static_cast<int>(std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads));
   return avcodec_open2(codec.get(), decoder, nullptr) < 0 ? nullptr : std::move(codec);
 }
@@ -91,7 +91,7 @@ constexpr double kLongGap = 500;
 std::int64_t Place(double time) { return std::llround(std::clamp(time, -kLatest, kLatest)); }
 
 // From the headers.
-struct FilmFacts {
+struct VideoFacts {
   int width = 0;
   int height = 0;
   std::int64_t frames = 0;
@@ -99,9 +99,9 @@ struct FilmFacts {
 };
 
 // `period` is the duration of a frame in seconds.
-FilmFacts FactsOf(const AVFormatContext& film, const AVStream& stream, double period) {
-  FilmFacts facts{.width = stream.codecpar->width, .height = stream.codecpar->height};
-  if (film.duration > 0) facts.duration = film.duration / (AV_TIME_BASE / 1000);
+VideoFacts FactsOf(const AVFormatContext& video, const AVStream& stream, double period) {
+  VideoFacts facts{.width = stream.codecpar->width, .height = stream.codecpar->height};
+  if (video.duration > 0) facts.duration = video.duration / (AV_TIME_BASE / 1000);
   double seconds = static_cast<double>(facts.duration) / 1000;
   if (stream.duration > 0) seconds = static_cast<double>(stream.duration) * av_q2d(stream.time_base);
   facts.frames = static_cast<std::int64_t>(std::min(std::round(seconds / period), kLatest));
@@ -112,13 +112,13 @@ FilmFacts FactsOf(const AVFormatContext& film, const AVStream& stream, double pe
 }  // namespace
 
 // Times are in units of the stream's time base.
-class FrameDecoder::Film {
+class FrameDecoder::Video {
  public:
-  static Result<std::unique_ptr<Film>> Open(const std::string& path, JobProgress& progress);
+  static Result<std::unique_ptr<Video>> Open(const std::string& path, JobProgress& progress);
 
   Result<VideoFrame> Frame(std::int64_t number, JobProgress& progress);
 
-  const FilmFacts& Facts() const { return facts_; }
+  const VideoFacts& Facts() const { return facts_; }
 
  private:
   enum class Search {
@@ -127,7 +127,7 @@ class FrameDecoder::Film {
     EndsBefore,
   };
 
-  Film() : packet_(av_packet_alloc()), frame_(av_frame_alloc()), held_(av_frame_alloc()) {}
+  Video() : packet_(av_packet_alloc()), frame_(av_frame_alloc()), held_(av_frame_alloc()) {}
   Result<void> Start(const std::string& path, JobProgress& progress);
   Result<void> OpenStream();
   Result<bool> Next();
@@ -141,8 +141,8 @@ class FrameDecoder::Film {
   Result<VideoFrame> Shown(Result<Search> search);
 
   std::string path_;
-  FilmFacts facts_;
-  std::unique_ptr<FilmDemuxer> demuxer_;
+  VideoFacts facts_;
+  std::unique_ptr<VideoDemuxer> demuxer_;
   AVStream* stream_ = nullptr;
   Freed<AVCodecContext> codec_;
   Freed<AVPacket> packet_;
@@ -156,35 +156,35 @@ class FrameDecoder::Film {
   double first_ = 0;  // time of frame 0
 };
 
-Result<std::unique_ptr<FrameDecoder::Film>> FrameDecoder::Film::Open(const std::string& path, JobProgress& progress) {
-  std::unique_ptr<Film> film(new Film);
-  if (auto started = film->Start(path, progress); !started) return tl::unexpected(started.error());
-  // In some films decoding delays all times, so the first decoded frame is frame 0.
-  const auto first = film->Next();
+Result<std::unique_ptr<FrameDecoder::Video>> FrameDecoder::Video::Open(const std::string& path, JobProgress& progress) {
+  std::unique_ptr<Video> video(new Video);
+  if (auto started = video->Start(path, progress); !started) return tl::unexpected(started.error());
+  // In some videos decoding delays all times, so the first decoded frame is frame 0.
+  const auto first = video->Next();
   if (!first) return tl::unexpected(first.error());
-  if (!*first) return tl::unexpected(film->demuxer_->Fail(ErrorKind::Damaged, "no picture of it can be decoded"));
-  film->first_ = *film->time_;
-  film->demuxer_->Watch(nullptr);
-  return film;
+  if (!*first) return tl::unexpected(video->demuxer_->Fail(ErrorKind::Damaged, "no picture of it can be decoded"));
+  video->first_ = *video->time_;
+  video->demuxer_->Watch(nullptr);
+  return video;
 }
 
-Result<void> FrameDecoder::Film::Start(const std::string& path, JobProgress& progress) {
+Result<void> FrameDecoder::Video::Start(const std::string& path, JobProgress& progress) {
   path_ = path;
   codec_.reset();
-  auto demuxer = FilmDemuxer::Open(path, progress);
+  auto demuxer = VideoDemuxer::Open(path, progress);
   if (!demuxer) return tl::unexpected(demuxer.error());
   demuxer_ = std::move(*demuxer);
   demuxer_->Watch(&progress);
   return OpenStream();
 }
 
-Result<void> FrameDecoder::Film::OpenStream() {
+Result<void> FrameDecoder::Video::OpenStream() {
   const auto fail = [&](ErrorKind kind, const char* what) { return tl::unexpected(demuxer_->Fail(kind, what)); };
   stream_ = FirstVideo(*demuxer_->Context());
   if (stream_ == nullptr) return fail(ErrorKind::Damaged, "has no video");
   const AVCodecParameters& form = *stream_->codecpar;
   const std::int64_t pixels = std::int64_t{form.width} * form.height;
-  if (std::max(pixels, demuxer_->PixelsByHeader(stream_->index)) > FilmDemuxer::kMostPixels) {
+  if (std::max(pixels, demuxer_->PixelsByHeader(stream_->index)) > VideoDemuxer::kMostPixels) {
     return fail(ErrorKind::TooLarge, "its pictures are too large");
   }
   const AVCodec* decoder = avcodec_find_decoder(form.codec_id);
@@ -207,8 +207,8 @@ Result<void> FrameDecoder::Film::OpenStream() {
   return {};
 }
 
-// Passes one packet to the decoder, or reports the end of the film to it.
-Result<void> FrameDecoder::Film::Feed() {
+// Passes one packet to the decoder, or reports the end of the video to it.
+Result<void> FrameDecoder::Video::Feed() {
   const auto got = demuxer_->Read(stream_->index, packet_.get());
   if (!got) return tl::unexpected(got.error());
   if (*got && !first_packet_ && packet_->dts != AV_NOPTS_VALUE) first_packet_ = static_cast<double>(packet_->dts);
@@ -220,8 +220,8 @@ Result<void> FrameDecoder::Film::Feed() {
   return {};
 }
 
-// Decodes the next frame into frame_; false at the end of the film.
-Result<bool> FrameDecoder::Film::Next() {
+// Decodes the next frame into frame_; false at the end of the video.
+Result<bool> FrameDecoder::Video::Next() {
   for (;;) {
     const int got = avcodec_receive_frame(codec_.get(), frame_.get());
     if (got == AVERROR_EOF) return false;
@@ -240,7 +240,7 @@ Result<bool> FrameDecoder::Film::Next() {
 }
 
 // Decodes until held_ is the frame shown at `time`.
-Result<FrameDecoder::Film::Search> FrameDecoder::Film::Find(double time) {
+Result<FrameDecoder::Video::Search> FrameDecoder::Video::Find(double time) {
   wanted_ = time;
   std::optional<double> held_until;
   double begin = time;
@@ -261,7 +261,7 @@ Result<FrameDecoder::Film::Search> FrameDecoder::Film::Find(double time) {
 }
 
 // Seeks to the last key frame before `time`.
-bool FrameDecoder::Film::SeekTo(double time) {
+bool FrameDecoder::Video::SeekTo(double time) {
   avcodec_flush_buffers(codec_.get());
   time_.reset();
   first_packet_.reset();
@@ -269,7 +269,7 @@ bool FrameDecoder::Film::SeekTo(double time) {
   return av_seek_frame(demuxer_->Context(), stream_->index, Place(time), AVSEEK_FLAG_BACKWARD) >= 0;
 }
 
-Result<VideoFrame> FrameDecoder::Film::Shown(Result<Search> search) {
+Result<VideoFrame> FrameDecoder::Video::Shown(Result<Search> search) {
   if (!search) return tl::unexpected(search.error());
   if (*search != Search::Found) return tl::unexpected(demuxer_->Fail(ErrorKind::NotFound, "has no such frame"));
   auto picture = ToBgra(*held_);
@@ -279,13 +279,13 @@ Result<VideoFrame> FrameDecoder::Film::Shown(Result<Search> search) {
 }
 
 // Whether the key frame before `time` is so far back that the index probably has a gap.
-bool FrameDecoder::Film::IsFarBehind(double time) const {
+bool FrameDecoder::Video::IsFarBehind(double time) const {
   const AVIndexEntry* entry = avformat_index_get_entry_from_timestamp(stream_, Place(time), AVSEEK_FLAG_BACKWARD);
   return entry != nullptr && time - static_cast<double>(entry->timestamp) > kLongGap * period_;
 }
 
 // Reads up to `time` without decoding; on the way the demuxer learns where the key frames are.
-Result<void> FrameDecoder::Film::WalkTo(double time) {
+Result<void> FrameDecoder::Video::WalkTo(double time) {
   for (;;) {
     const auto got = demuxer_->Read(stream_->index, packet_.get());
     if (!got) return tl::unexpected(got.error());
@@ -293,7 +293,7 @@ Result<void> FrameDecoder::Film::WalkTo(double time) {
   }
 }
 
-Result<FrameDecoder::Film::Search> FrameDecoder::Film::Seek(double time) {
+Result<FrameDecoder::Video::Search> FrameDecoder::Video::Seek(double time) {
   if (!SeekTo(time)) return Search::BeginsLater;
   if (IsFarBehind(time)) {
     if (auto walked = WalkTo(time); !walked) return tl::unexpected(walked.error());
@@ -305,7 +305,7 @@ Result<FrameDecoder::Film::Search> FrameDecoder::Film::Seek(double time) {
   return is_behind && SeekTo(*first_packet_ - 1) ? Find(time) : search;
 }
 
-Result<FrameDecoder::Film::Search> FrameDecoder::Film::Look(double time, JobProgress& progress) {
+Result<FrameDecoder::Video::Search> FrameDecoder::Video::Look(double time, JobProgress& progress) {
   Result<Search> search = Search::BeginsLater;
   if (codec_) search = Seek(time);
   if (!search || *search != Search::BeginsLater) return search;
@@ -314,12 +314,12 @@ Result<FrameDecoder::Film::Search> FrameDecoder::Film::Look(double time, JobProg
   if (auto walked = WalkTo(time); !walked) return tl::unexpected(walked.error());
   search = Seek(time);
   if (!search || *search != Search::BeginsLater) return search;
-  // Seeking does not work in this film, so decode everything from the beginning.
+  // Seeking does not work in this video, so decode everything from the beginning.
   if (auto again = Start(path_, progress); !again) return tl::unexpected(again.error());
   return Find(time);
 }
 
-Result<VideoFrame> FrameDecoder::Film::Frame(std::int64_t number, JobProgress& progress) {
+Result<VideoFrame> FrameDecoder::Video::Frame(std::int64_t number, JobProgress& progress) {
   const double time = first_ + static_cast<double>(number) * period_;
   demuxer_->Watch(&progress);
   auto picture = number >= 0 && time < kLatest ? Shown(Look(time, progress)) : Shown(Search::EndsBefore);
@@ -328,23 +328,23 @@ Result<VideoFrame> FrameDecoder::Film::Frame(std::int64_t number, JobProgress& p
 }
 
 Result<FrameDecoder> FrameDecoder::Open(const std::string& path, JobProgress& progress) {
-  auto film = Film::Open(path, progress);
-  if (!film) return tl::unexpected(film.error());
-  return FrameDecoder(std::move(*film));
+  auto video = Video::Open(path, progress);
+  if (!video) return tl::unexpected(video.error());
+  return FrameDecoder(std::move(*video));
 }
 
-FrameDecoder::FrameDecoder(std::unique_ptr<Film> film) : film_(std::move(film)) {}
+FrameDecoder::FrameDecoder(std::unique_ptr<Video> video) : video_(std::move(video)) {}
 FrameDecoder::FrameDecoder(FrameDecoder&&) noexcept = default;
 FrameDecoder& FrameDecoder::operator=(FrameDecoder&&) noexcept = default;
 FrameDecoder::~FrameDecoder() = default;
 
-int FrameDecoder::Width() const { return film_->Facts().width; }
-int FrameDecoder::Height() const { return film_->Facts().height; }
-std::int64_t FrameDecoder::FrameCount() const { return film_->Facts().frames; }
-std::int64_t FrameDecoder::Duration() const { return film_->Facts().duration; }
+int FrameDecoder::Width() const { return video_->Facts().width; }
+int FrameDecoder::Height() const { return video_->Facts().height; }
+std::int64_t FrameDecoder::FrameCount() const { return video_->Facts().frames; }
+std::int64_t FrameDecoder::Duration() const { return video_->Facts().duration; }
 
 Result<VideoFrame> FrameDecoder::Frame(std::int64_t number, JobProgress& progress) {
-  return film_->Frame(number, progress);
+  return video_->Frame(number, progress);
 }
 
 std::string DecoderLibrary() { return std::string("FFmpeg ") + av_version_info(); }

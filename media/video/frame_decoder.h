@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Decodes single frames of a film's first video stream with FFmpeg's libraries.
+// Decodes single frames of a video's first video stream with FFmpeg's libraries.
 #pragma once
 
 #include <cstdint>
@@ -25,7 +25,7 @@ std::string DecoderLibrary();
 
 class FrameDecoder {
  public:
-  // Unsupported if there is no decoder for the stream. Damaged if the file is not a film, has no video, or its first
+  // Unsupported if there is no decoder for the stream. Damaged if the file is not a video, has no video, or its first
   // picture cannot be decoded. TooLarge for pictures of more than 7680x4320 pixels. `progress` can stop both calls.
   static Result<FrameDecoder> Open(const std::string& path, JobProgress& progress);
   FrameDecoder(FrameDecoder&&) noexcept;
@@ -36,22 +36,22 @@ class FrameDecoder {
   int Width() const;
   int Height() const;
 
-  // From the headers, so a film that is cut off has fewer. 0 if unknown.
+  // From the headers, so a video that is cut off has fewer. 0 if unknown.
   std::int64_t FrameCount() const;
 
-  // Of the whole film, in milliseconds; 0 if unknown.
+  // Of the whole video, in milliseconds; 0 if unknown.
   std::int64_t Duration() const;
 
-  // The picture on the screen at the time of frame `number`, counted from 0. If the film has no picture for that time,
+  // The picture on the screen at the time of frame `number`, counted from 0. If the video has no picture for that time,
   // the picture before it. Decodes from the last key frame before it; `progress` counts the frames since then. NotFound
-  // if the film ends earlier.
+  // if the video ends earlier.
   Result<VideoFrame> Frame(std::int64_t number, JobProgress& progress);
 
  private:
-  class Film;
-  explicit FrameDecoder(std::unique_ptr<Film> film);
+  class Video;
+  explicit FrameDecoder(std::unique_ptr<Video> video);
 
-  std::unique_ptr<Film> film_;
+  std::unique_ptr<Video> video_;
 };
 
 }  // namespace captoria

@@ -103,9 +103,9 @@ class ConversionTest : public testing::Test {
   QuietView view_;
   FakeScripts scripts_;
   FakeDocuments documents_;
-  Outside outside_{.convert = [this](const ConversionPlan& plan,
-                                     const auto& fonts) { return Convert(plan, fonts, scripts_, view_); },
-                   .documents = documents_};
+  ConversionBackend backend_{.convert = [this](const ConversionPlan& plan,
+                                               const auto& fonts) { return Convert(plan, fonts, scripts_, view_); },
+                             .documents = documents_};
   const ProgramFolders folders_{.executable = folder_.File("data"), .data = folder_.File("data")};
   Workspace workspace_{folders_, prompts_, view_};
 };

@@ -26,10 +26,10 @@ class MakeDivXTest : public ConversionTest {
     ASSERT_TRUE(OpenAnAviFile(workspace_, film_, {}));
   }
 
-  Result<std::string> Make() { return MakeFinalDivX(workspace_, outside_).film; }
+  Result<std::string> Make() { return MakeFinalDivX(workspace_, backend_).film; }
 
   Result<std::string> MakeAlone(bool keep_temp = false) {
-    return Unattended([&](Workspace& alone) { return MakeFinalDivX(alone, outside_, keep_temp).film; });
+    return Unattended([&](Workspace& alone) { return MakeFinalDivX(alone, backend_, keep_temp).film; });
   }
 
   std::string film_;
@@ -167,25 +167,26 @@ TEST_F(MakeDivXTest, StoppingLeavesNothing) {
   }
 }
 
-TEST_F(MakeDivXTest, TheListIsWrittenForTheMuxersFrameAndAForcedHeight) {
-  OpenFilm();
-  ASSERT_TRUE(workspace_.preferences.Override("UseBmpToXSub", "0"));
-  ASSERT_TRUE(workspace_.preferences.Override("ForceVideoHeight", "400"));
-  std::string list;
-  scripts_.run = [&](const std::string& output) {
-    list = folder_.Get(Temporary("linkerfile0.txt"));
-    folder_.Put("movie.divx", output);
-    return 0;
+TEST_F(MakeDivXTest, AForcedHeightCountsForTheMuxerAloneAndMakesTheSystemPal) {
+  struct Row {
+    bool converter;
+    int forced;
+    VideoSystem video;
+    int height;
+    VideoSystem system;
   };
-  const auto top = [&] {
-    EXPECT_TRUE(MakeAlone());
-    const auto at = list.find("bmp00001.bmp (");
-    return std::stoi(list.substr(at + 18, 3));
-  };
-  const int forced = top();
-  ASSERT_TRUE(workspace_.preferences.Override("ForceVideoHeight", "0"));
-  std::filesystem::remove(folder_.File("movie.divx"));
-  EXPECT_EQ(top() - forced, 576 - 400);
+  for (const Row& row : {Row{true, 0, VideoSystem::Ntsc, 480, VideoSystem::Ntsc},
+                         Row{true, 400, VideoSystem::Ntsc, 480, VideoSystem::Pal},
+                         Row{false, 400, VideoSystem::Pal, 400, VideoSystem::Pal},
+                         Row{false, 0, VideoSystem::Pal, 576, VideoSystem::Pal}}) {
+    workspace_.preferences.settings.UseBmpToXSub = row.converter;
+    workspace_.preferences.settings.ForceVideoHeight = row.forced;
+    workspace_.project.video.VideoSystem = row.video;
+    const ConversionPlan plan = MakePlan(workspace_, false);
+    EXPECT_EQ(plan.frame_height, row.height) << row.forced;
+    EXPECT_EQ(plan.system, row.system) << row.forced;
+    EXPECT_EQ(plan.bitmap.width, row.converter ? 720 : 640);
+  }
 }
 
 TEST_F(MakeDivXTest, NamesThatCannotBePassedOnAreRefusedBeforeAnythingIsDone) {

@@ -37,7 +37,7 @@ class CommandFiles : public testing::Test {
   }
 
   std::optional<CommandReport> Run(const std::string& commands) {
-    return RunCommandFile(workspace_, folder_.Put("a.cbx", commands));
+    return RunBatch(workspace_, folder_.Put("a.cbx", commands));
   }
 
   ScriptedPrompts prompts_;
@@ -100,14 +100,14 @@ TEST_F(CommandFiles, AFileOfNoCommandsIsShownAndKeepsTheSelection) {
 
 TEST_F(CommandFiles, AnUnattendedRunShowsNoBox) {
   Workspace alone(workspace_.folders, prompts_, view_, Attendance::Nobody);
-  ASSERT_TRUE(RunCommandFile(alone, folder_.Put("a.cbx", "select 2")));
+  ASSERT_TRUE(RunBatch(alone, folder_.Put("a.cbx", "select 2")));
   EXPECT_THAT(view_.warnings, ElementsAre(HasSubstr("a.cbx, line 1: ")));
-  EXPECT_FALSE(RunCommandFile(alone, folder_.File("none.cbx")));
+  EXPECT_FALSE(RunBatch(alone, folder_.File("none.cbx")));
   EXPECT_THAT(view_.warnings.back(), HasSubstr("none.cbx"));
 }
 
 TEST_F(CommandFiles, AFileThatCannotBeReadIsToldAndRunsNothing) {
-  EXPECT_FALSE(RunCommandFile(workspace_, folder_.File("none.cbx")));
+  EXPECT_FALSE(RunBatch(workspace_, folder_.File("none.cbx")));
   EXPECT_FALSE(Run(std::string(10 << 20, '\n') + "select 1,,"));
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre(HasSubstr("none.cbx"), HasSubstr("a.cbx: has more than 64 KiB")));
   EXPECT_THAT(view_.commands_run, IsEmpty());

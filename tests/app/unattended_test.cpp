@@ -43,10 +43,10 @@ using UnattendedRun = ConversionTest;
 TEST_F(UnattendedRun, TheUnattendedRunConvertsOrSaysThatThereIsNothingTo) {
   const std::string film = PutFilm("movie.avi");
   Workspace alone(folders_, prompts_, view_, Attendance::Nobody);
-  EXPECT_FALSE(RunUnattended(alone, outside_, film).film);
+  EXPECT_FALSE(RunUnattended(alone, backend_, film).film);
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Can not find any subtitles"));
   folder_.Put("movie.srt", kTwoCues);
-  const auto made = RunUnattended(alone, outside_, film).film;
+  const auto made = RunUnattended(alone, backend_, film).film;
   ASSERT_TRUE(made) << made.error().message;
   EXPECT_EQ(folder_.Get("movie.divx"), "film");
   EXPECT_THAT(prompts_.TakeMessages(), IsEmpty());

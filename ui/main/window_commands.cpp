@@ -33,7 +33,7 @@ WindowCommands::WindowCommands(Workspace& workspace, JobBar& jobs, QWidget* wind
       jobs_(jobs),
       window_(window),
       scripts_(workspace.folders.executable, ProcessEnvironment()),
-      outside_{
+      backend_{
           .convert = [this](const ConversionPlan& plan, const auto& fonts) { return ConvertBesideWindow(plan, fonts); },
           .documents = documents_,
           .ask_for_tool = [window](Workspace& asking,
@@ -85,7 +85,7 @@ void WindowCommands::CloseSubtitles() {
 
 void WindowCommands::MakeDivX() {
   if (jobs_.IsBusy()) return;
-  const Outcome outcome = MakeFinalDivX(workspace_, outside_);
+  const Outcome outcome = MakeFinalDivX(workspace_, backend_);
   if (outcome.film || outcome.film.error().kind == ErrorKind::Cancelled) return;
   workspace_.reporter.Note({.kind = FindingKind::ToolMessage, .message = outcome.film.error().message});
 }
@@ -104,16 +104,17 @@ void WindowCommands::ConvertList(const std::vector<std::string>& films) {
   if (const auto saved = SaveAll(workspace_.preferences, workspace_.project); !saved) {
     workspace_.reporter.Tell({.kind = FindingKind::NotSaved, .message = saved.error().message});
   }
-  (void)LocateTools(workspace_, outside_.ask_for_tool);  // now, for nobody is asked while the worker is busy
+  (void)LocateTools(workspace_, backend_.ask_for_tool);  // now, for nobody is asked while the worker is busy
   UnseenView unseen;
   Workspace worker(workspace_.folders, workspace_.preferences, workspace_.prompts, unseen, Attendance::Nobody);
   worker.preferences.remembers = false;
   worker.project = workspace_.project;
   (void)LoadNewLang(worker, workspace_.language.LangFile);
-  const Outside outside{.convert = [this](const ConversionPlan& plan,
-                                          const auto& fonts) { return Convert(plan, fonts, scripts_, jobs_); },
-                        .documents = documents_,
-                        .ask_for_tool = [](Workspace&, Tool) { return false; }};
+  const ConversionBackend backend{
+      .convert = [this](const ConversionPlan& plan,
+                        const auto& fonts) { return Convert(plan, fonts, scripts_, jobs_); },
+      .documents = documents_,
+      .ask_for_tool = [](Workspace&, Tool) { return false; }};
 
   const auto count = static_cast<int>(films.size());
   int begun = 0, made = 0;
@@ -127,7 +128,7 @@ void WindowCommands::ConvertList(const std::vector<std::string>& films) {
             findings.insert(findings.end(), film.findings.begin(), film.findings.end());
           }};
   ConvertReport report;
-  jobs_.Run([&] { report = ConvertVideos(worker, outside, films, options); });
+  jobs_.Run([&] { report = ConvertVideos(worker, backend, films, options); });
 
   workspace_.project.video = worker.project.video;
   workspace_.view.ShowVideo();
@@ -146,7 +147,7 @@ void WindowCommands::ShowAbout() {
 }
 
 Outcome WindowCommands::RunUnattended(const QString& path) {
-  return captoria::RunUnattended(workspace_, outside_, PathFromQt(path));
+  return captoria::RunUnattended(workspace_, backend_, PathFromQt(path));
 }
 
 }  // namespace captoria

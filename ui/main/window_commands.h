@@ -49,7 +49,7 @@ class WindowCommands final : public QObject {
   QWidget* window_;
   CaptoriaRun scripts_;
   DesktopOpener documents_;
-  Outside outside_;
+  ConversionBackend backend_;
 };
 
 }  // namespace captoria

@@ -86,7 +86,7 @@ class DivxMux : public testing::Test {
                            const std::function<void(MuxJob&)>& change = {}) {
     const auto film = AviFile::Open(source);
     if (!film) return tl::unexpected(film.error());
-    MuxJob job{.film = *film, .streams = std::move(streams), .output = output};
+    MuxJob job{.source = *film, .streams = std::move(streams), .output = output};
     if (change) change(job);
     NoProgress progress;
     return Mux(job, progress);
@@ -335,7 +335,7 @@ TEST_F(DivxMux, AFailureLeavesNothingBehind) {
   const auto film = AviFile::Open(source);
   const auto fails_with = [&](const std::function<bool()>& act, ErrorKind kind, const std::string& text) {
     StopAt progress(act);
-    const auto report = Mux({.film = *film, .streams = {Kept(0), Subtitle({0}, "")}, .output = old}, progress);
+    const auto report = Mux({.source = *film, .streams = {Kept(0), Subtitle({0}, "")}, .output = old}, progress);
     ASSERT_FALSE(report);
     EXPECT_EQ(report.error().kind, kind);
     EXPECT_THAT(report.error().message, HasSubstr(text));

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "render/cue_batch.h"
+#include "render/cue_run.h"
 
 #include <algorithm>
 #include <atomic>
@@ -18,7 +18,7 @@ constexpr std::size_t kPortion = 16;
 // What the workers share.
 class SharedBatch {
  public:
-  SharedBatch(const CueBatch& batch, JobProgress& progress) : batch_(batch), progress_(progress) {
+  SharedBatch(const CueRun& batch, JobProgress& progress) : batch_(batch), progress_(progress) {
     result_.sizes.resize(batch.cues.size());
   }
 
@@ -34,7 +34,7 @@ class SharedBatch {
     result_.fonts.Add(bitmap.Report());
   }
 
-  Result<RenderedBatch> Take() {
+  Result<RenderedRun> Take() {
     if (error_) return tl::unexpected(*error_);
     return std::move(result_);
   }
@@ -62,14 +62,14 @@ class SharedBatch {
     stopped_ = true;
   }
 
-  const CueBatch& batch_;
+  const CueRun& batch_;
   JobProgress& progress_;
   std::atomic<std::size_t> next_ = 0;
   std::atomic<bool> stopped_ = false;
   std::mutex mutex_;  // for all below
   std::size_t done_ = 0;
   std::optional<Error> error_;
-  RenderedBatch result_;  // the sizes need no lock: one worker alone writes that of a cue
+  RenderedRun result_;  // the sizes need no lock: one worker alone writes that of a cue
 };
 
 }  // namespace
@@ -81,8 +81,8 @@ std::string BitmapFileName(int track, std::size_t cue_number) {
   return "bmp" + std::to_string(track) + zeros + digits + ".bmp";
 }
 
-Result<RenderedBatch> RenderCues(const std::shared_ptr<FontCollection>& fonts, const CueBatch& batch, unsigned threads,
-                                 JobProgress& progress) {
+Result<RenderedRun> RenderCues(const std::shared_ptr<FontCollection>& fonts, const CueRun& batch, unsigned threads,
+                               JobProgress& progress) {
   SharedBatch shared(batch, progress);
   const std::size_t useful = (batch.cues.size() + kPortion - 1) / kPortion;
   std::vector<std::jthread> workers;

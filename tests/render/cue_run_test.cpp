@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "render/cue_batch.h"
+#include "render/cue_run.h"
 
 #include <gtest/gtest.h>
 
@@ -22,13 +22,13 @@ std::vector<SubtitleCue> ManyCues() {
   return cues;
 }
 
-CueBatch BatchInto(const TestFolder& folder, const std::vector<SubtitleCue>& cues) {
+CueRun BatchInto(const TestFolder& folder, const std::vector<SubtitleCue>& cues) {
   return {cues, DefaultTrackStyle(), {720, {0, 0, 255}}, [&folder](std::size_t i) {
             return folder.File(BitmapFileName(0, i + 1));
           }};
 }
 
-TEST(CueBatch, GivesTheSameFilesOnAnyNumberOfThreads) {
+TEST(CueRun, GivesTheSameFilesOnAnyNumberOfThreads) {
   const auto fonts = FontCollection::Open().value();
   const auto cues = ManyCues();
   const TestFolder one, many;
@@ -46,13 +46,13 @@ TEST(CueBatch, GivesTheSameFilesOnAnyNumberOfThreads) {
   }
 }
 
-TEST(CueBatch, ReportsTheFontsAndMissingCharactersOfEveryThread) {
+TEST(CueRun, ReportsTheFontsAndMissingCharactersOfEveryThread) {
   // No cue is saved before a second thread is about to save one as well, so both have something to report.
   std::vector<SubtitleCue> cues(32);
   cues.front().Text = "日本 \xF3\xB0\x80\x81";  // the last character is of a private plane
   cues.back().Text = "שלום \xF3\xB0\x80\x82";
   const TestFolder folder;
-  CueBatch batch = BatchInto(folder, cues);
+  CueRun batch = BatchInto(folder, cues);
   const auto fonts = FontCollection::Open().value();
   NoProgress progress;
   const auto alone = RenderCues(fonts, batch, 1, progress);
@@ -76,7 +76,7 @@ class StopAfter final : public JobProgress {
   std::size_t steps_;
 };
 
-TEST(CueBatch, StopsWhenToldAndAtTheFirstFailure) {
+TEST(CueRun, StopsWhenToldAndAtTheFirstFailure) {
   const auto fonts = FontCollection::Open().value();
   const auto cues = ManyCues();
   const TestFolder folder;
@@ -86,13 +86,13 @@ TEST(CueBatch, StopsWhenToldAndAtTheFirstFailure) {
   EXPECT_EQ(stopped.error().kind, ErrorKind::Cancelled);
   EXPECT_LT(ListFiles(folder.Path(), "*.bmp").size(), cues.size());
 
-  CueBatch batch = BatchInto(folder, cues);
+  CueRun batch = BatchInto(folder, cues);
   batch.path_of = [&](std::size_t) { return folder.File("none/a.bmp"); };
   NoProgress progress;
   EXPECT_EQ(RenderCues(fonts, batch, 3, progress).error().kind, ErrorKind::Unwritable);
 }
 
-TEST(CueBatch, NamesBitmapsByTrackAndCue) {
+TEST(CueRun, NamesBitmapsByTrackAndCue) {
   EXPECT_EQ(BitmapFileName(0, 1), "bmp00001.bmp");
   EXPECT_EQ(BitmapFileName(2, 12), "bmp20012.bmp");
   EXPECT_EQ(BitmapFileName(7, 10000), "bmp710000.bmp");

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-#include "media/video/film_demuxer.h"
+#include "media/video/video_demuxer.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -22,12 +22,12 @@ constexpr std::chrono::milliseconds kAskEvery{20};
 
 int RefuseOtherFiles(AVFormatContext*, AVIOContext**, const char*, int, AVDictionary**) { return AVERROR(EPERM); }
 
-int IsInterrupted(void* self) { return static_cast<FilmDemuxer*>(self)->IsStopped() ? 1 : 0; }
+int IsInterrupted(void* self) { return static_cast<VideoDemuxer*>(self)->IsStopped() ? 1 : 0; }
 
 // Detects the streams, with the help of decoders if the headers are not enough.
 int FindStreams(AVFormatContext* context) {
   std::vector<AVDictionary*> options(context->nb_streams, nullptr);
-  for (AVDictionary*& option : options) av_dict_set_int(&option, "max_pixels", FilmDemuxer::kMostPixels, 0);
+  for (AVDictionary*& option : options) av_dict_set_int(&option, "max_pixels", VideoDemuxer::kMostPixels, 0);
   const int found = avformat_find_stream_info(context, options.data());
   for (AVDictionary*& option : options) av_dict_free(&option);
   return found;
@@ -35,12 +35,12 @@ int FindStreams(AVFormatContext* context) {
 
 }  // namespace
 
-Result<std::unique_ptr<FilmDemuxer>> FilmDemuxer::Open(const std::string& path, JobProgress& progress) {
+Result<std::unique_ptr<VideoDemuxer>> VideoDemuxer::Open(const std::string& path, JobProgress& progress) {
   // The log is global and goes to the terminal; the caller gets every failure as an Error.
   av_log_set_level(AV_LOG_QUIET);
   auto file = InputFile::Open(path);
   if (!file) return tl::unexpected(file.error());
-  std::unique_ptr<FilmDemuxer> demuxer(new FilmDemuxer(std::move(*file)));
+  std::unique_ptr<VideoDemuxer> demuxer(new VideoDemuxer(std::move(*file)));
   demuxer->Watch(&progress);
   auto started = demuxer->Start();
   demuxer->Watch(nullptr);
@@ -48,7 +48,7 @@ Result<std::unique_ptr<FilmDemuxer>> FilmDemuxer::Open(const std::string& path, 
   return demuxer;
 }
 
-Result<void> FilmDemuxer::Start() {
+Result<void> VideoDemuxer::Start() {
   auto* buffer = static_cast<unsigned char*>(av_malloc(kBuffer));
   if (buffer != nullptr) bytes_ = avio_alloc_context(buffer, kBuffer, 0, this, ReadBytes, nullptr, Seek);
   if (bytes_ == nullptr) {
@@ -76,18 +76,18 @@ Result<void> FilmDemuxer::Start() {
   return {};
 }
 
-FilmDemuxer::~FilmDemuxer() {
+VideoDemuxer::~VideoDemuxer() {
   avformat_close_input(&context_);
   if (bytes_ != nullptr) av_freep(&bytes_->buffer);
   avio_context_free(&bytes_);
 }
 
-std::int64_t FilmDemuxer::PixelsByHeader(int stream) const {
+std::int64_t VideoDemuxer::PixelsByHeader(int stream) const {
   const auto index = static_cast<std::size_t>(stream);
   return index < pixels_by_header_.size() ? pixels_by_header_[index] : 0;
 }
 
-void FilmDemuxer::Watch(JobProgress* progress) {
+void VideoDemuxer::Watch(JobProgress* progress) {
   progress_ = progress;
   stopped_ = false;
   disk_error_.reset();
@@ -99,12 +99,12 @@ void FilmDemuxer::Watch(JobProgress* progress) {
   }
 }
 
-void FilmDemuxer::SetProgress(std::size_t done, std::size_t total) {
+void VideoDemuxer::SetProgress(std::size_t done, std::size_t total) {
   done_ = done;
   total_ = total;
 }
 
-bool FilmDemuxer::IsStopped() {
+bool VideoDemuxer::IsStopped() {
   const auto now = std::chrono::steady_clock::now();
   if (progress_ == nullptr || stopped_ || now - asked_ < kAskEvery) return stopped_;
   asked_ = now;
@@ -112,7 +112,7 @@ bool FilmDemuxer::IsStopped() {
   return stopped_;
 }
 
-Result<bool> FilmDemuxer::Read(int stream, AVPacket* packet) {
+Result<bool> VideoDemuxer::Read(int stream, AVPacket* packet) {
   while (!IsStopped()) {
     av_packet_unref(packet);
     const int got = av_read_frame(context_, packet);
@@ -124,34 +124,34 @@ Result<bool> FilmDemuxer::Read(int stream, AVPacket* packet) {
   return tl::unexpected(Fail(ErrorKind::Damaged, "cannot be read"));
 }
 
-Error FilmDemuxer::Fail(ErrorKind kind, std::string_view what) const {
+Error VideoDemuxer::Fail(ErrorKind kind, std::string_view what) const {
   if (stopped_) return {ErrorKind::Cancelled, file_.Path() + ": stopped"};
   if (disk_error_) return *disk_error_;
   return {kind, file_.Path() + ": " + std::string{what}};
 }
 
-int FilmDemuxer::ReadBytes(void* self, std::uint8_t* buffer, int size) {
-  auto& film = *static_cast<FilmDemuxer*>(self);
-  if (film.IsStopped()) return AVERROR_EXIT;
-  const auto got = film.file_.ReadAt(film.position_, std::span(buffer, static_cast<std::size_t>(size)));
+int VideoDemuxer::ReadBytes(void* self, std::uint8_t* buffer, int size) {
+  auto& video = *static_cast<VideoDemuxer*>(self);
+  if (video.IsStopped()) return AVERROR_EXIT;
+  const auto got = video.file_.ReadAt(video.position_, std::span(buffer, static_cast<std::size_t>(size)));
   if (!got) {
-    film.disk_error_ = got.error();
+    video.disk_error_ = got.error();
     return AVERROR(EIO);
   }
-  film.position_ += *got;
+  video.position_ += *got;
   return *got == 0 ? AVERROR_EOF : static_cast<int>(*got);
 }
 
-std::int64_t FilmDemuxer::Seek(void* self, std::int64_t offset, int whence) {
-  auto& film = *static_cast<FilmDemuxer*>(self);
-  const auto size = static_cast<std::int64_t>(film.file_.Size());
+std::int64_t VideoDemuxer::Seek(void* self, std::int64_t offset, int whence) {
+  auto& video = *static_cast<VideoDemuxer*>(self);
+  const auto size = static_cast<std::int64_t>(video.file_.Size());
   whence &= ~AVSEEK_FORCE;
   if (whence == AVSEEK_SIZE) return size;
-  const std::int64_t base = whence == SEEK_CUR   ? static_cast<std::int64_t>(film.position_)
+  const std::int64_t base = whence == SEEK_CUR   ? static_cast<std::int64_t>(video.position_)
                             : whence == SEEK_END ? size
                                                  : 0;
   if (offset < -base || offset > INT64_MAX - base) return AVERROR(EINVAL);
-  film.position_ = static_cast<std::uint64_t>(base + offset);
+  video.position_ = static_cast<std::uint64_t>(base + offset);
   return base + offset;
 }
 

@@ -19,14 +19,14 @@
 
 namespace captoria {
 
-struct CueBatch {
+struct CueRun {
   std::span<const SubtitleCue> cues;
   TrackStyle style;  // of their track; the tag of a cue overrides it for that cue
   BitmapFrame frame;
   std::function<std::string(std::size_t index)> path_of;  // the file for a cue; called from any thread
 };
 
-struct RenderedBatch {
+struct RenderedRun {
   std::vector<Size> sizes;  // in the order of the cues
   FontReport fonts;
 };
@@ -37,7 +37,7 @@ std::string BitmapFileName(int track, std::size_t cue_number);
 
 // Draws and saves every cue on `threads` threads, at least 1. After an error, or if `progress` asks to stop
 // (Cancelled), an unspecified part of the files has been written and is not removed.
-Result<RenderedBatch> RenderCues(const std::shared_ptr<FontCollection>& fonts, const CueBatch& batch, unsigned threads,
-                                 JobProgress& progress);
+Result<RenderedRun> RenderCues(const std::shared_ptr<FontCollection>& fonts, const CueRun& batch, unsigned threads,
+                               JobProgress& progress);
 
 }  // namespace captoria

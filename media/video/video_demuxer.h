@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A film opened with libavformat. Nothing but its own file is ever read: no file that a playlist or a reference in it
-// names, and nothing from the network. Only the container formats of ordinary films are supported.
+// A video opened with libavformat. Nothing but its own file is ever read: no file that a playlist or a reference in it
+// names, and nothing from the network. Only the container formats of ordinary videos are supported.
 #pragma once
 
 #include <chrono>
@@ -23,20 +23,20 @@ struct AVPacket;
 
 namespace captoria {
 
-class FilmDemuxer {
+class VideoDemuxer {
  public:
   // Larger pictures are not decoded, not even to detect the streams.
   static constexpr std::int64_t kMostPixels = std::int64_t{7680} * 4320;
 
-  // Damaged if the file is not a film. Opening has no steps, so `progress` is only asked whether to stop.
-  static Result<std::unique_ptr<FilmDemuxer>> Open(const std::string& path, JobProgress& progress);
-  FilmDemuxer(const FilmDemuxer&) = delete;
-  FilmDemuxer& operator=(const FilmDemuxer&) = delete;
-  ~FilmDemuxer();
+  // Damaged if the file is not a video. Opening has no steps, so `progress` is only asked whether to stop.
+  static Result<std::unique_ptr<VideoDemuxer>> Open(const std::string& path, JobProgress& progress);
+  VideoDemuxer(const VideoDemuxer&) = delete;
+  VideoDemuxer& operator=(const VideoDemuxer&) = delete;
+  ~VideoDemuxer();
 
   AVFormatContext* Context() const { return context_; }
 
-  // The pixels of a picture of stream `stream` by the film's header; 0 if it does not say. FFmpeg forgets the size of
+  // The pixels of a picture of stream `stream` by the video's header; 0 if it does not say. FFmpeg forgets the size of
   // pictures that it refuses to decode.
   std::int64_t PixelsByHeader(int stream) const;
 
@@ -49,13 +49,13 @@ class FilmDemuxer {
   // Whether the user wants to stop.
   bool IsStopped();
 
-  // Reads the next packet of stream `stream`; false at the end of the film, or of its readable part.
+  // Reads the next packet of stream `stream`; false at the end of the video, or of its readable part.
   Result<bool> Read(int stream, AVPacket* packet);
 
   Error Fail(ErrorKind kind, std::string_view what) const;
 
  private:
-  explicit FilmDemuxer(InputFile file) : file_(std::move(file)) {}
+  explicit VideoDemuxer(InputFile file) : file_(std::move(file)) {}
   Result<void> Start();
   static int ReadBytes(void* self, std::uint8_t* buffer, int size);
   static std::int64_t Seek(void* self, std::int64_t offset, int whence);
