@@ -157,11 +157,12 @@ std::vector<std::pair<std::int64_t, std::int64_t>> TimesOf(const SubtitleSource&
 
 TEST(VobSubSource, GivesEveryCueAnEndBeforeTheNext) {
   const TestFolder folder;
-  const TestSpu endless{.placed = kText.placed, .stop = {}}, long_one{.placed = kText.placed, .stop = 900};
-  // Its colours change on the way, and it fades out, so at last nothing is visible.
-  const TestSpu fading{.placed = kText.placed, .before_end = {4, 0, 0}, .at_start = {7, 0, 6, 9, 9, 9, 9}};
+  const TestSpu endless{.placed = kText.placed, .stop = {}};
+  // Its colours change in the middle of the picture, and at the end it fades to nothing.
+  const TestSpu changing{
+      .placed = kText.placed, .stop = 900, .before_end = {4, 0, 0}, .at_start = {7, 0, 6, 9, 9, 9, 9}};
   const auto source =
-      OpenCues(folder, {{9000, endless}, {1000, endless}, {3000, long_one}, {5000, kText}, {5000, fading}});
+      OpenCues(folder, {{9000, endless}, {1000, endless}, {3000, changing}, {5000, kText}, {5000, kText}});
   EXPECT_THAT(TimesOf(*source),
               ElementsAre(std::pair{1000, 3000}, std::pair{3000, 5000}, std::pair{5000, 6001}, std::pair{9000, 14000}));
   const auto early = OpenCues(folder, {{1000, endless}, {4000, kText}}, "delay: -00:00:02:000\n");
