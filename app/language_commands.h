@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The language of a session: which one it begins with, and going over to another. A file that is there and cannot be
-// used is told in one line through the view, and the texts are the built-in ones then.
+// The language of the program: the first one, and changing to another. A file that exists but cannot be used is
+// reported, and the built-in texts apply.
 #pragma once
 
 #include <string>
@@ -12,18 +12,18 @@
 
 namespace captoria {
 
-// English, for what is shown before the settings are known. Says nothing of a file that is missing or broken.
+// English, for what is shown before the settings are known. Does not report a missing or broken file.
 void LoadInitialLanguage(Workspace& workspace);
 
-// Goes over to the language with the base name `base`, as in "German.Captoria.exe". False, and nothing is changed, when
-// it has no file.
+// Changes to the language with the base name `base`, such as "German.Captoria.exe". False, and nothing changes, if it
+// has no file.
 bool LoadNewLang(Workspace& workspace, std::string_view base);
 
-// The language of the settings, else English; without a word when its file is gone.
+// Changes to the language of the settings, or to English if its file is missing.
 void RestoreLanguage(Workspace& workspace);
 
 // Who made the language, for `lblStatus4`, which shows `shown`: "Language by Ann (3.5.0)". Without a creator the
-// version goes behind what is shown, without either that stays.
+// version is added to what is shown; without a version as well, `shown` stays.
 std::string LanguageCredit(const LanguageDocument& language, std::string shown);
 
 }  // namespace captoria

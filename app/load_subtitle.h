@@ -25,7 +25,7 @@ struct LoadOptions {
 Result<void> LoadFileToList(Workspace& workspace, const std::string& file, const LoadOptions& options);
 
 // Loads `file` into as many tracks as the settings say (`LoadSubManyTimes`), from the current one on; a VobSub index
-// into the current track alone. A fault of the file is told once.
+// into the current track alone. A fault of the file is reported once.
 Result<void> OpenSubtitleFile(Workspace& workspace, const std::string& file, const LoadOptions& options);
 
 }  // namespace captoria

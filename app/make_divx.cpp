@@ -12,7 +12,7 @@
 namespace captoria {
 namespace {
 
-// Tells the user why nothing begins, and the caller as well.
+// Shows the user why nothing begins, and returns it to the caller.
 tl::unexpected<Error> Refuse(Workspace& workspace, ErrorKind kind, const Message& message, const std::string& reason) {
   workspace.prompts.ShowMessage(kProgramTitle, workspace.language.TextOf(message));
   return Failure(kind, reason);

@@ -26,7 +26,7 @@ struct ConversionBackend {
 };
 
 // What the plan will do, from the settings and what is open, as they are now. If nobody watches, the conversion waits
-// for the tools and leaves nothing behind, whatever the settings say. Nothing is checked or written.
+// for the tools and leaves no temporary file, whatever the settings say. Nothing is checked or written.
 ConversionPlan MakePlan(const Workspace& workspace, bool keep_temp);
 
 // Checks what is open and asks the user whatever has to be asked, so that the plan can be carried out without the user.

@@ -16,7 +16,7 @@ using ListFonts = std::array<std::optional<Font>, kMostTracks>;
 
 // What changed on screen, and whether the settings file could be written.
 struct OptionsEffect {
-  bool frame_changed = false;  // the number of the video frame behind the preview
+  bool frame_changed = false;  // the number of the video frame in the preview
   bool back_color_or_width_changed = false;
   bool list_fonts_changed = false;
   Result<void> saved;

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// How commands tell what they noticed, and the one place that knows whether a person watches.
+// How commands report what they noticed, and the one place that knows whether a person watches.
 //
 // A person gets message boxes. An unattended run must never wait for one, so its faults go to the view alone. Either
 // way every finding is kept until somebody takes it.
@@ -36,10 +36,10 @@ class Reporter {
   // Advice that only makes sense to a person; dropped if nobody watches.
   void Advise(const std::string& text);
 
-  // What was told and noted since the last call.
+  // What was reported since the last call.
   Findings Take();
 
-  // While it lives, nothing is told: for work that repeats what was told before.
+  // While it lives, nothing is reported: for work that repeats what was reported before.
   class Silence {
    public:
     explicit Silence(Reporter& reporter) : reporter_(reporter) { ++reporter_.silences_; }

@@ -10,7 +10,7 @@
 namespace captoria {
 
 // Checks the current track (render/safe_area.h) and returns the number of cues outside. A cue with a font colour takes
-// the shadow from the track, and a person is told so. If no cue is outside, all cues are shown again.
+// the shadow from the track, which a person is told. If no cue is outside, all cues are shown again.
 Result<int> CheckSafeArea(Workspace& workspace);
 
 // What a load says about `outside` cues: that they will be fitted, or that they will not.

@@ -13,7 +13,7 @@ constexpr std::string_view kSwitch = "/auto";
 
 std::size_t FindSwitch(std::string_view text, std::size_t from = 0) { return LowerAscii(text).find(kSwitch, from); }
 
-// Where slashes separate folders, one may be named "Autos": then the switch is only what stands by itself.
+// If slashes separate folders, one may be named "Autos", so the switch has to be a word of its own.
 bool HoldsNoOtherSlash(std::string_view text) {
   for (auto at = text.find('/'); at != text.npos; at = text.find('/', at + 1)) {
     if (FindSwitch(text, at) != at) return false;

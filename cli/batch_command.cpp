@@ -48,7 +48,8 @@ Result<std::string> ReadStandardInput() {
   }
 }
 
-// The videos of a list, a path a line. Paths are bytes: nothing is decoded, and blanks at their ends are theirs.
+// The videos of a list, one path on each line. Paths are bytes: nothing is decoded, and blanks at the ends belong to
+// them.
 Result<std::vector<std::string>> ReadList(const std::string& list) {
   const bool piped = list == kStandardInput;
   const auto content = piped ? ReadStandardInput() : ReadWholeFile(list, kLargestList);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What the commands of captoria-cli share: the options that stand for all of them, and the exit status.
+// What the commands of captoria-cli share: the options that all of them have, and the exit status.
 #pragma once
 
 #include <string>
@@ -19,7 +19,7 @@ struct CliContext {
 // Writes "captoria-cli: " and `message` as one line to standard error.
 void Complain(std::string_view message);
 
-// Writes to standard output; false, and a complaint, when that fails (a full disk behind a redirection).
+// Writes to standard output; false, after a complaint, if that fails (output redirected to a full disk).
 bool Print(std::string_view text);
 
 }  // namespace captoria

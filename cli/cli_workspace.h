@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The workspace of a command: settings from the data folder and the command line, questions answered on the terminal.
+// The workspace of a command: settings from the data folder and the command line.
 #pragma once
 
 #include <span>

@@ -21,14 +21,14 @@
 namespace captoria {
 namespace {
 
-// The tools work in a folder of their own, so names cannot stay relative to ours.
+// The tools run in another folder, so paths must not be relative.
 std::vector<std::string> AllAbsolute(const std::vector<std::string>& paths) {
   std::vector<std::string> absolute(paths.size());
   std::ranges::transform(paths, absolute.begin(), AbsolutePath);
   return absolute;
 }
 
-// Nobody sits before a command line's windows.
+// A command line opens no windows and waits for the tools.
 Result<void> ApplySettings(Preferences& preferences, const ConvertArguments& arguments) {
   Settings& settings = preferences.settings;
   settings.ShowDos = settings.ShowDosPause = settings.RunDivX = settings.ReplaceDivX = false;
@@ -37,7 +37,7 @@ Result<void> ApplySettings(Preferences& preferences, const ConvertArguments& arg
   return UseCommands(preferences, arguments.commands);
 }
 
-// The report's lines as lines of a terminal.
+// The lines of the report end as a terminal expects.
 void ShowReport(std::string report) {
   std::erase(report, '\r');
   std::fputs(report.c_str(), stderr);

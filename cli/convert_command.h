@@ -14,9 +14,9 @@ namespace captoria {
 
 struct ConvertArguments {
   std::vector<std::string> videos;
-  std::vector<std::string> subtitles;  // of a single video; none: those the settings look for
+  std::vector<std::string> subtitles;  // of a single video; if empty, those that the settings look for
   std::vector<std::string> settings;   // KEY=VALUE
-  std::string commands;                // a command file; empty: that of the settings
+  std::string commands;                // a command file; if empty, the one in the settings
   bool keep_temp = false;
   bool remove_unknown = false;
   bool dry_run = false;
@@ -24,7 +24,7 @@ struct ConvertArguments {
   bool quiet = false;
 };
 
-// The options that say how videos are converted, whichever they are.
+// The options that say how videos are converted.
 void AddConvertOptions(CLI::App& command, ConvertArguments& arguments, CliContext& context);
 
 // Converts the videos and shows what was made; returns the exit status.

@@ -12,7 +12,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// Collects text and hands it on in large pieces.
+// Collects text and passes it on in large pieces.
 class BufferedSink {
  public:
   explicit BufferedSink(const ListingSink& sink) : sink_(sink) {}
@@ -39,8 +39,8 @@ std::string Serialized(const Json& json) { return json.dump(-1, ' ', false, Json
 
 bool IsControl(char c) { return static_cast<unsigned char>(c) < ' ' || c == 0x7F; }
 
-// Appends `text` as one line without control characters. Written without a branch a character, as a compiler turns into
-// a few instructions for many of them.
+// Appends `text` as one line without control characters. Without a branch for each character, so that a compiler can
+// handle many characters with a few instructions.
 void AddOneLine(std::string_view text, std::string& line) {
   while (true) {
     const std::size_t end = std::min(text.find(kLineBreak), text.size());
@@ -59,7 +59,7 @@ void AddPadded(std::string_view text, std::size_t width, std::string& line) {
   line.append(width - std::min(text.size(), width), ' ');
 }
 
-// Put together by hand but for the texts, which alone need escaping: a tree a cue would take twice as long.
+// Built by hand, except for the texts, which need escaping: a JSON tree for each cue would take twice as long.
 void AddAsJson(const SubtitleCue& cue, bool outside, std::string& json) {
   json += "{\"number\":";
   json += cue.Number.empty() ? "null" : cue.Number;

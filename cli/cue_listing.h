@@ -21,7 +21,7 @@ bool ListCuesAsTable(const SubtitleTrack& track, const ListingSink& sink);
 
 // {"file", "encoding", "undecodable", "cues": [{"number", "show", "hide", "text", "tag", "selected", "outside"}],
 // "problem"}. The row of a VobSub index has the number null, as its file has the encoding null. Bytes of a file name
-// that are no UTF-8 appear as U+FFFD.
+// that are not UTF-8 appear as U+FFFD.
 bool ListCuesAsJson(const SubtitleTrack& track, const ListingSink& sink);
 
 }  // namespace captoria

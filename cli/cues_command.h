@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// captoria-cli cues: lists what a subtitle file holds.
+// captoria-cli cues: lists the cues of a subtitle file.
 #pragma once
 
 #include <CLI/CLI.hpp>

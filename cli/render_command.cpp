@@ -107,7 +107,7 @@ int RunRender(const RenderOptions& options, const std::string& data_folder) {
     Complain(rendered.error().message);
     return rendered.error().kind == ErrorKind::Cancelled ? kExitInterrupted : kExitFailed;
   }
-  const bool whole = !workspace.project.tracks.Current().source.problem;  // if not, the view has told
+  const bool whole = !workspace.project.tracks.Current().source.problem;  // if not, the view has shown why
   const bool listed = options.json ? ListAsJson(options, batch, *rendered) : ListAsText(options, *rendered);
   return listed && whole ? kExitDone : kExitFailed;
 }
@@ -119,7 +119,7 @@ void AddRenderCommand(CLI::App& app, CliContext& context) {
   options->threads = std::max(1U, std::thread::hardware_concurrency());
   CLI::App* command = app.add_subcommand("render", "Write the bitmaps of a subtitle file, as a conversion draws them");
   command->add_option("subtitle", options->file, "The subtitle file")->required()->type_name("FILE");
-  command->add_option("--out", options->out, "The folder for the bitmaps; made when it is not there")
+  command->add_option("--out", options->out, "The folder for the bitmaps; created if it does not exist")
       ->required()
       ->type_name("DIR");
   command->add_option("--set", options->settings, "A setting to use instead of the stored one, as VertPos0=60")
@@ -132,7 +132,7 @@ void AddRenderCommand(CLI::App& app, CliContext& context) {
   command->add_option("--threads", options->threads, "Threads to draw with; the bitmaps do not depend on it")
       ->check(CLI::Range(1U, 256U))
       ->type_name("N");
-  command->add_flag("--json", options->json, "Tell what was drawn as JSON");
+  command->add_flag("--json", options->json, "Show what was drawn as JSON");
   command->add_option("--data", context.data_folder, "The folder of the settings, instead of the program's own")
       ->type_name("DIR");
   command->callback([options, &context] { context.status = RunRender(*options, context.data_folder); });

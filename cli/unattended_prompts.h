@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Prompts of a command that never waits for a person: messages go to standard error, questions have their answer before
-// they are asked.
+// Prompts of a command that never waits for a person: messages go to standard error, questions are
+// answered without asking.
 #pragma once
 
 #include "platform/prompts.h"

@@ -40,7 +40,7 @@ StreamRow RowOf(const AviFileInfo& file, const AviStreamInfo& stream) {
                TextOfNumber(fps) + " fps, Length: " + DurationText(streams_own > 0 ? stream.length / streams_own : 0);
   } else if (stream.type == "auds") {
     row.type = StreamType::Audio;
-    // The length of sound is divided by the rate alone, as it always was; with a scale of 1 that is its duration.
+    // The length of sound is divided by the rate alone, as always. With a scale of 1 this is its duration.
     row.text = "SamplesPerSec: " + TextOfNumber(Ratio(stream.rate, stream.scale)) +
                ", Length: " + DurationText(Ratio(stream.length, stream.rate));
   }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What the program wants to know of a video before it puts subtitles beside it: the table of its streams, and whether
-// its frames are those of NTSC or PAL.
+// What the program has to know about a video before it adds subtitles: the table of its streams, and whether it is NTSC
+// or PAL.
 #pragma once
 
 #include <span>
@@ -25,21 +25,21 @@ struct StreamRow {
   StreamType type = StreamType::Unknown;
   std::string text;  // a summary, CR LF, and the stream's name
 
-  // The stream's name, trimmed; empty where the text has no CR LF.
+  // The stream's name, trimmed; empty if the text has no CR LF.
   std::string Title() const;
 };
 
 using StreamTable = std::vector<StreamRow>;
 
-// What a dialog for videos offers, and whether a name is one of those, in whatever case.
+// The names that a dialog for videos offers, and whether a name is such a name, in any case.
 inline constexpr const char* kVideoPatterns = "*.avi;*.divx";
 bool IsVideoName(std::string_view name);
 
-// PAL for 25 frames a second, when rounded; NTSC for every other rate, also for none.
+// PAL for 25 frames a second after rounding; NTSC for every other rate, and if there is no rate.
 VideoSystem SystemOfRate(std::uint32_t rate, std::uint32_t scale);
 
-// A row for each stream. Streams whose name begins with "subtitle" in any case are subtitles, although they are of the
-// video type.
+// A row for each stream. A stream of the video type whose name begins with "subtitle", in any case, is a subtitle
+// stream.
 StreamTable DescribeStreams(const AviFileInfo& file, std::span<const AviStreamInfo> streams);
 
 struct AviInspection {
@@ -55,14 +55,14 @@ struct FirstStream {
   int index = 0;
   std::uint32_t start = 0;   // in the stream's units
   std::uint32_t length = 0;  // the same
-  float fps = 0;             // of the file; for video only, as those below
+  float fps = 0;             // of the file; this and the values below only for video
   int width = 0;
   int height = 0;
 };
 
 enum class StreamKind { Video, Audio };
 
-// Nothing when the file has no such stream. The errors of AviFile::Open.
+// No value if the file has no such stream. The errors of AviFile::Open.
 Result<std::optional<FirstStream>> GetAviStreamInfo(const std::string& path, StreamKind kind);
 
 }  // namespace captoria

@@ -16,7 +16,7 @@ std::size_t CountCues(std::span<const SubtitleTrack> tracks) {
   return count;
 }
 
-// The progress of one track as part of that of all.
+// Reports the progress of one track as part of the whole.
 class PartProgress final : public JobProgress {
  public:
   PartProgress(JobProgress& whole, std::size_t before, std::size_t total)

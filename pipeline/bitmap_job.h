@@ -18,24 +18,24 @@
 namespace captoria {
 
 struct BitmapJob {
-  std::span<const SubtitleTrack> tracks;  // those without a file, or of a VobSub index, are passed over
+  std::span<const SubtitleTrack> tracks;  // without a file or with a VobSub index: skipped
   BitmapFrame bitmap;
   // Of the frame the bitmaps stand on, in pixels; its width is `bitmap.width`.
   int frame_height = HeightOf(VideoSystem::Pal);
   ListForm form = ListForm::Converter;
   VideoSystem system = VideoSystem::Pal;  // for the list
-  std::string folder;                     // for bitmaps and lists; it is there
+  std::string folder;                     // for bitmaps and lists; it exists
   unsigned threads = 1;
 };
 
 // "linkerfile0.txt" for the first track.
 std::string ListFileName(int track);
 
-// "aXsub0.xsub", what the converter makes of it.
+// "aXsub0.xsub", which the converter makes from that list.
 std::string XsubFileName(int track);
 
-// Makes them, in place of files of the same names. `progress` counts the cues of all tracks. What is told of fonts is
-// of all tracks together. On an error or when stopped (Cancelled) some files may have been written.
+// Writes bitmaps and lists; files with the same names are replaced. `progress` counts the cues of all tracks, and the
+// report covers all tracks. After an error or a stop (Cancelled), some files may exist.
 Result<FontReport> CreateBitmaps(const std::shared_ptr<FontCollection>& fonts, const BitmapJob& job,
                                  JobProgress& progress);
 

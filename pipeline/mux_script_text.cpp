@@ -17,7 +17,7 @@ namespace {
 constexpr const char* kExtension = ".divx";
 constexpr std::size_t kLongestName = 255;  // bytes, on the file systems of our time
 
-// What the script's quoting would not bring across is replaced: a name is there to be read.
+// Replaces characters that the script's quoting cannot carry: a title is only read by people.
 std::string Readable(std::string title) {
   std::ranges::replace(title, '"', '\'');
   std::ranges::replace_if(
@@ -25,7 +25,7 @@ std::string Readable(std::string title) {
   return title;
 }
 
-// The title of a stream, as long as it says what the stream is. Others are left to the tool.
+// The title of a stream if it says what the stream is; other titles are left to the tool.
 std::string TitleOf(const StreamRow& row, std::string_view beginning) {
   const std::string title = row.Title();
   const bool says_so = EqualsIgnoringCase(std::string_view{title}.substr(0, beginning.size()), beginning);
@@ -70,7 +70,7 @@ std::string OutputPath(const std::string& avi_path, bool replace, const NameTake
   std::string base = avi_path.substr(0, avi_path.size() - name.size()).append(RemoveExt(name));
   const auto path = [&] { return base + std::string{kExtension}; };
   if (replace) return EndsIgnoringCase(avi_path, kExtension) ? path() + std::string{kExtension} : path();
-  // Asked for second, files have those that were in the making and are made by now.
+  // Files are tested last, so a film that another conversion has just finished is seen.
   while (in_making(path()) || FileExists(path()) || FolderExists(path())) base += "_";
   return path();
 }

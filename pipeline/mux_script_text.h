@@ -24,26 +24,25 @@ struct MuxScript {
   bool pal_mode1 = false;  // for the converter
   bool pause = false;      // at the end
   std::string avi_path;
-  std::span<const StreamRow> streams;  // of the video; unknown ones are not named and so are left out
+  std::span<const StreamRow> streams;  // of the video; unknown ones are left out
   std::span<const SubtitleTrack> tracks;
   std::string output;
 };
 
-// The name of a film made from the video `avi_path`: beside it, like it, with ".divx". When a file or a conversion has
-// it: with as many "_" before the extension as it takes, or, with `replace`, the name all the same; but never the
-// video's own.
+// The path of the film: the video's, with the extension ".divx". If a file or another conversion has that name, "_" is
+// added before the extension as often as needed. With `replace` the name stays, unless it is the video's own.
 std::string OutputPath(const std::string& avi_path, bool replace, const NameTaken& in_making);
 
-// "en" of "en ENGLISH"; "en" as well for a text without a blank.
+// "el" for "el GREEK"; "en" for a text without a blank.
 std::string LanguageCode(std::string_view language);
 
-// The name of a track's stream, by which players offer it: "Subtitle - en;02".
+// The name of a track's stream, which players show: "Subtitle - en;02".
 std::string SubtitleTitle(const TrackStyle& style);
 
-// Unsupported, naming the path and what to do, for a name that the script cannot carry or the system cannot take.
+// Unsupported for a name that the script cannot contain or that is too long; the message says what to do.
 Result<void> CheckNames(const MuxScript& script);
 
-// The script's text; its names were checked.
+// The text of the script. Call CheckNames first.
 std::string TextOf(const MuxScript& script);
 
 }  // namespace captoria

@@ -20,7 +20,7 @@ namespace captoria {
 namespace {
 
 constexpr int kMost = 1000;                            // conversions at once
-constexpr const char* kOutputName = "divxmux.output";  // the name of the film in the making
+constexpr const char* kOutputName = "divxmux.output";  // contains the name of the film
 
 std::string FolderName(const std::string& program_folder, int number) {
   return JoinPath(program_folder, "tmp") + (number == 1 ? "" : "-" + std::to_string(number));
@@ -30,8 +30,8 @@ bool IsAtWork(const std::string& folder) {
   return IsLocked(folder) || IsLocked(JoinPath(folder, TempFolder::kLogName));
 }
 
-// Has the folder for a moment. One who has stopped in the middle is not waited for: two films of one name are likelier
-// to be borne than a conversion that does not begin.
+// Locks the folder for a moment. Does not wait long for another process: two films with one name are better than a
+// conversion that never begins.
 std::optional<FolderLock> LockBriefly(const std::string& folder) {
   constexpr int kPatience = 200;  // times 5 ms
   for (int i = 0; i < kPatience; ++i) {
@@ -55,7 +55,7 @@ Result<TempFolder> TempFolder::Open(const std::string& program_folder) {
     if (!lock) return tl::unexpected(lock.error());
     if (!*lock || IsLocked(JoinPath(path, kLogName))) continue;
     std::error_code none;
-    std::filesystem::remove(JoinPath(path, kOutputName), none);  // of one that was killed
+    std::filesystem::remove(JoinPath(path, kOutputName), none);  // left by a conversion that was killed
     return TempFolder(program_folder, path, std::move(**lock));
   }
   return Failure(ErrorKind::TooLarge,

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The folder that holds everything a conversion makes on the way: bitmaps, lists, packets, the script and the tools.
-// One conversion has it for itself.
+// The folder for everything that a conversion needs while it runs: bitmaps, lists, packets, the script and the tools.
+// No two conversions share one.
 #pragma once
 
 #include <functional>
@@ -15,10 +15,10 @@
 
 namespace captoria {
 
-// Whether a film is in the making under the name `path`.
+// Whether another conversion is making a film with the name `path`.
 using NameTaken = std::function<bool(const std::string& path)>;
 
-// What to delete when a conversion is over.
+// What to delete after a conversion.
 struct CleanUp {
   bool everything = true;
   bool bitmaps = false;
@@ -27,8 +27,8 @@ struct CleanUp {
 
 class TempFolder {
  public:
-  // "tmp" in `program_folder`, or where another conversion has that, "tmp-2" and so on; made when it is not there. A
-  // conversion that nobody waits for has it as long as its script runs.
+  // "tmp" in `program_folder`, or "tmp-2" and so on while another conversion uses it; created if it does not exist. A
+  // conversion that nobody waits for keeps its folder until its script ends.
   static Result<TempFolder> Open(const std::string& program_folder);
 
   // The folder that a conversion takes if no other has it.
@@ -37,9 +37,8 @@ class TempFolder {
   // Where the script's output goes; locked by what runs it.
   static constexpr const char* kLogName = kToolLogName;
 
-  // Settles the name of the film that the conversion makes, before it is there to be seen: `choose` gives it, and can
-  // ask which names the other conversions of the same program folder have. Unwritable when it cannot be noted down for
-  // them.
+  // Settles the name of the film before the film exists. `choose` returns the name and can ask which names other
+  // conversions of the same program folder have taken. Unwritable if the name cannot be written down for them.
   Result<std::string> ClaimOutput(const std::function<std::string(const NameTaken& in_making)>& choose) const;
 
   const std::string& Path() const { return path_; }

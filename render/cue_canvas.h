@@ -9,7 +9,6 @@
 
 #include <memory>
 #include <optional>
-#include <utility>
 
 #include "base/result.h"
 #include "render/subtitle_bitmap.h"
@@ -18,11 +17,6 @@ namespace captoria {
 
 class CueCanvas {
  public:
-  CueCanvas() = default;
-
-  // Begins with fonts that were found before.
-  explicit CueCanvas(std::shared_ptr<FontCollection> fonts) : fonts_(std::move(fonts)) {}
-
   // The errors of FontCollection::Open.
   Result<std::shared_ptr<FontCollection>> Fonts();
 

@@ -9,7 +9,6 @@
 #include <thread>
 
 #include "localisation/window_texts.h"
-#include "ui/jobs/on_gui_thread.h"
 #include "ui/texts/captions.h"
 #include "ui/texts/qt_text.h"
 
@@ -59,15 +58,14 @@ JobBar::JobBar(const LanguageDocument& language, QWidget* parent)
   hide();
 }
 
-void JobBar::Run(const std::function<void()>& work) {
+void JobBar::Run(const std::function<void()>& work, const QStringList& items) {
   if (busy_) return;
   busy_ = true;
   *stop_ = false;
   state_->item = 0;
-  state_->items = 1;
   state_->done = 0;
   state_->total = 0;
-  item_name_.clear();
+  items_ = items;
   since_.start();
   cancel_->setEnabled(true);
   label_->clear();
@@ -97,29 +95,34 @@ std::unique_ptr<JobProgress> JobBar::BeginWork(Work work) {
   return std::make_unique<Reporter>(state_, stop_);
 }
 
-void JobBar::BeginItem(int index, int count, const QString& name) {
+void JobBar::BeginItem(int index) {
   state_->done = 0;
   state_->total = 0;
   state_->work = Work::Bitmaps;
   state_->item = index;
-  state_->items = count;
-  OnGuiThread(
-      this, [&] { item_name_ = ToQt(TextOf(language_, window_texts::kJobItem)).arg(index + 1).arg(count).arg(name); });
+}
+
+QString JobBar::ItemText() const {
+  if (items_.isEmpty()) return {};
+  const int item = state_->item;
+  return ToQt(TextOf(language_, window_texts::kJobItem)).arg(item + 1).arg(items_.size()).arg(items_.at(item));
 }
 
 void JobBar::ShowState() {
   const std::size_t done = state_->done, total = state_->total;
   const bool drawing = state_->work == Work::Bitmaps;
-  label_->setText(item_name_);
+  const QString item = ItemText();
+  label_->setText(item);
   if (total == 0 || done == 0 || done > total) return;
   // A film's two halves take about the same time on a fast disk; on a slow one the second does.
   const double half = static_cast<double>(done) / static_cast<double>(total) / 2;
-  const double part = (state_->item + half + (drawing ? 0 : 0.5)) / state_->items;
+  const double part =
+      (state_->item + half + (drawing ? 0 : 0.5)) / static_cast<double>(std::max<qsizetype>(1, items_.size()));
   constexpr int kSteps = 1000;
   bar_->setRange(0, kSteps);
   bar_->setValue(std::max(bar_->value(), static_cast<int>(part * kSteps)));
   const QString what = ToQt(TextOf(language_, drawing ? window_texts::kCreateBitmaps : window_texts::kWritingFilm));
-  label_->setText(item_name_ + what + (drawing ? QString::number(done) : QString{}) + TimeLeft(part));
+  label_->setText(item + what + (drawing ? QString::number(done) : QString{}) + TimeLeft(part));
 }
 
 QString JobBar::TimeLeft(double part) const {

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QStringList>
 #include <QTimer>
 #include <QWidget>
 #include <atomic>
@@ -27,17 +28,17 @@ class JobBar final : public QWidget, public WorkMonitor {
   // The language, which may change, outlives the bar.
   JobBar(const LanguageDocument& language, QWidget* parent);
 
-  // Runs `work` on a thread of its own and returns when it has ended; the window goes on painting meanwhile. Not while
-  // another one runs.
-  void Run(const std::function<void()>& work);
+  // Runs `work` on a thread of its own and returns after it has ended; meanwhile the window keeps painting. Ignored
+  // while other work runs. `items` are the names of the films of a list; empty for a single film.
+  void Run(const std::function<void()>& work, const QStringList& items = {});
 
   bool IsBusy() const { return busy_; }
 
   // The work that runs is asked to stop, as by the button.
   void Stop() { *stop_ = true; }
 
-  // Both are for the work, on its thread: which film of a list begins, counted from 0; and where to report to.
-  void BeginItem(int index, int count, const QString& name);
+  // For the work, on any thread: which film of the list begins, counted from 0; and where to report its progress.
+  void BeginItem(int index);
   std::unique_ptr<JobProgress> BeginWork(Work work) override;
 
  signals:
@@ -51,11 +52,11 @@ class JobBar final : public QWidget, public WorkMonitor {
     std::atomic<std::size_t> done = 0;
     std::atomic<std::size_t> total = 0;
     std::atomic<int> item = 0;
-    std::atomic<int> items = 1;
   };
   class Reporter;
 
   void ShowState();
+  QString ItemText() const;
   QString TimeLeft(double part) const;
 
   const LanguageDocument& language_;
@@ -64,7 +65,7 @@ class JobBar final : public QWidget, public WorkMonitor {
   QPushButton* cancel_;
   QTimer timer_;
   QElapsedTimer since_;
-  QString item_name_;  // of the film of a list; set on the window's thread
+  QStringList items_;
   std::shared_ptr<State> state_;
   std::shared_ptr<std::atomic<bool>> stop_;
   bool busy_ = false;

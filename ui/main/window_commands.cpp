@@ -116,19 +116,19 @@ void WindowCommands::ConvertList(const std::vector<std::string>& films) {
       .documents = documents_,
       .ask_for_tool = [](Workspace&, Tool) { return false; }};
 
-  const auto count = static_cast<int>(films.size());
+  QStringList names;
+  for (const std::string& film : films) names.append(ToQt(GetFileNameOnly(film)));
   int begun = 0, made = 0;
   Findings findings;
-  const ConvertOptions options{
-      .subtitles{},
-      .begin = [&](const std::string& video) { jobs_.BeginItem(begun++, count, ToQt(GetFileNameOnly(video))); },
-      .done =
-          [&](const ConvertedFilm& film) {
-            made += film.status == ConversionStatus::Made ? 1 : 0;
-            findings.insert(findings.end(), film.findings.begin(), film.findings.end());
-          }};
+  const ConvertOptions options{.subtitles{},
+                               .begin = [&](const std::string&) { jobs_.BeginItem(begun++); },
+                               .done =
+                                   [&](const ConvertedFilm& film) {
+                                     made += film.status == ConversionStatus::Made ? 1 : 0;
+                                     findings.insert(findings.end(), film.findings.begin(), film.findings.end());
+                                   }};
   ConvertReport report;
-  jobs_.Run([&] { report = ConvertVideos(worker, backend, films, options); });
+  jobs_.Run([&] { report = ConvertVideos(worker, backend, films, options); }, names);
 
   workspace_.project.video = worker.project.video;
   workspace_.view.ShowVideo();
@@ -136,7 +136,7 @@ void WindowCommands::ConvertList(const std::vector<std::string>& films) {
   for (const Finding& finding : findings) workspace_.reporter.Note(finding);
   if (report.stopped) {
     const QString stopped = ToQt(TextOf(workspace_.language.document, window_texts::kBatchStopped));
-    report.text.insert(0, FromQt(stopped.arg(made).arg(count)) + "\r\n");
+    report.text.insert(0, FromQt(stopped.arg(made).arg(films.size())) + "\r\n");
   }
   workspace_.prompts.ShowMessage(std::string{"Batch results - "} + kProgramTitle, ReportOrAllWell(report.text));
 }
