@@ -206,6 +206,10 @@ TEST(FindOnPath, TakesTheFirstThatCanBeRun) {
   };
   EXPECT_EQ(path(":.:" + folder.File("a") + ":" + folder.File("b") + "::" + folder.File("c")), folder.File("c/tool"));
   EXPECT_EQ(path(folder.File("a")), std::nullopt);
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(folder.Path());
+  EXPECT_EQ(path("c"), std::nullopt) << "not the folder that somebody happens to be in";
+  std::filesystem::current_path(before);
 }
 
 }  // namespace

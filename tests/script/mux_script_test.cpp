@@ -110,17 +110,10 @@ TEST(MuxScript, IsReadBackAsItWasWritten) {
   EXPECT_EQ(*mux, script.mux);
 }
 
-TEST(MuxScript, WhatCanBeQuotedIsReadBackAsOneWord) {
-  for (const std::string path : {"/m/a b.avi", "C:\\a\\", "/m/it's (1) & 100% ^.avi", "\xFF", "  ", "/a\\"}) {
-    ASSERT_TRUE(CanBeQuoted(path)) << path;
-    const auto steps = ParseMuxScript("t \"" + path + "\"\r\n");
-    ASSERT_TRUE(steps) << path;
-    EXPECT_THAT(steps->front().words, ElementsAre("t", path));
-  }
-  for (const std::string& path :
-       {std::string{"a\"b"}, std::string{"a\nb"}, std::string{"a\r"}, std::string("a\0b", 3)}) {
-    EXPECT_FALSE(CanBeQuoted(path));
-  }
+TEST(MuxScript, WhatCannotBeQuotedIsKnown) {
+  EXPECT_TRUE(CanBeQuoted("C:\\it's (1) & 100% ^.avi\xFF\\"));
+  for (const std::string path : {"a\"b", "a\nb", "a\r"}) EXPECT_FALSE(CanBeQuoted(path)) << path;
+  EXPECT_FALSE(CanBeQuoted(std::string(1, '\0')));
 }
 
 }  // namespace

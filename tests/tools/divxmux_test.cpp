@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "media/avi/avi_file.h"
+#include "script/progress_file.h"
 #include "script/tool_log.h"
 #include "tests/support/run_program.h"
 
@@ -74,10 +75,13 @@ TEST_F(DivxMuxProgram, WhatItNoticesCanBeReadBack) {
   EXPECT_EQ(findings[1].file, film_);
 }
 
-TEST_F(DivxMuxProgram, ProfileComesFromTheEnvironmentToo) {
+TEST_F(DivxMuxProgram, TheEnvironmentNamesProfileAndProgressFile) {
   setenv("DIVXMUX_PROFILE", "hardware", 1);
+  setenv(kProgressVariable, folder_.File("progress").c_str(), 1);
   const auto run = Run({"-v", "()", film_, "-s", "(S)", list_});
   unsetenv("DIVXMUX_PROFILE");
+  unsetenv(kProgressVariable);
+  EXPECT_TRUE(ReadProgress(folder_.File("progress")));
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_THAT(Names("out.divx"), ElementsAre("FMP4 ", "divx S"));
 }

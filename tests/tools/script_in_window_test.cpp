@@ -31,10 +31,7 @@ class ScriptInWindow : public testing::Test {
 };
 
 TEST_F(ScriptInWindow, StoppingEndsItsToolsWhicheverTerminalItIsIn) {
-  struct Case {
-    const char* name;
-    const char* terminal;
-  };
+  using Case = std::pair<const char*, const char*>;
   PutProgram("a", "echo $$ >id; exec sleep 100");
   PutProgram("b", "touch ran");
   const std::string script = folder_.Put("divxmux.bat", "/h\ncd \"" + folder_.Path() + "\"\na\nb\n");
