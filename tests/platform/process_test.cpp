@@ -208,7 +208,7 @@ TEST(FindOnPath, TakesTheFirstThatCanBeRun) {
   EXPECT_EQ(path(folder.File("a")), std::nullopt);
   const auto before = std::filesystem::current_path();
   std::filesystem::current_path(folder.Path());
-  EXPECT_EQ(path("c"), std::nullopt) << "not the folder that somebody happens to be in";
+  EXPECT_EQ(path("./c"), std::nullopt) << "not the folder that somebody happens to be in";
   std::filesystem::current_path(before);
 }
 
