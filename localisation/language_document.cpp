@@ -15,7 +15,7 @@ constexpr std::size_t kDeepest = 32;  // a language file needs 2
 
 Result<LanguageDocument> DamagedAt(std::string_view text, std::size_t offset, const std::string& what) {
   return Failure(ErrorKind::Damaged, "line " + std::to_string(LineAt(text, offset)) + ": " + what +
-                                         "; correct that line or fetch the file anew");
+                                         "; correct that line or get a new copy of the file");
 }
 
 }  // namespace
@@ -27,7 +27,7 @@ Result<std::string> ReadLanguageText(const std::string& path) {
 }
 
 Error InLanguageFile(const std::string& path, const Error& error) {
-  return {error.kind, path + ": is no language file: " + error.message};
+  return {error.kind, path + ": not a valid language file: " + error.message};
 }
 
 Result<LanguageDocument> LanguageDocument::Load(const std::string& path) {
@@ -37,9 +37,9 @@ Result<LanguageDocument> LanguageDocument::Load(const std::string& path) {
 }
 
 Result<LanguageDocument> LanguageDocument::Parse(std::string_view text) {
-  // Asked of the text and not of the tree: a tree takes twenty times the room, and walking one may take the stack.
+  // Scan the text instead of the tree: a tree needs twenty times the memory, and a deep tree may overflow the stack.
   if (const XmlShape shape = ScanXml(text, kDeepest); shape.depth > kDeepest) {
-    return DamagedAt(text, shape.deepest_at, "an element inside more than " + std::to_string(kDeepest - 1) + " others");
+    return DamagedAt(text, shape.deepest_at, "elements are nested more than " + std::to_string(kDeepest) + " deep");
   }
   LanguageDocument document;
   const pugi::xml_parse_result parsed =

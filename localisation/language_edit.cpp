@@ -16,15 +16,15 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
 
-// Where an attribute stands in its start tag.
+// The position of an attribute in the text.
 struct AttributeSpan {
-  std::size_t before;  // the blanks in front of it begin here
+  std::size_t before;  // where the blanks before it begin
   std::size_t name;
   TextSpan value;  // without its quotation marks
 };
 
-// The attributes of the start tag whose element name begins at `at`, in order. The parser has taken the document, so
-// the tag is whole.
+// The attributes of the start tag whose element name begins at `at`, in order. The document was parsed before, so the
+// tag is complete.
 std::vector<AttributeSpan> AttributesAt(std::string_view text, std::size_t at) {
   std::vector<AttributeSpan> found;
   at = text.find_first_of(" \t\r\n/>", at);
@@ -45,8 +45,8 @@ std::string_view NameOf(std::string_view text, const AttributeSpan& attribute) {
   return text.substr(attribute.name, text.find_first_of(" \t\r\n=", attribute.name) - attribute.name);
 }
 
-// Told by the bytes of UTF-8: an ASCII letter, or a character beyond ASCII but the signs below U+00C0 and the dashes,
-// dots, arrows and frames from U+2000 to U+2FFF.
+// Judged by the bytes of the UTF-8 text: ASCII letters and all characters from U+00C0 on count as letters, except the
+// punctuation, arrows and frames from U+2000 to U+2FFF.
 bool HasLetters(std::string_view text) {
   return std::ranges::any_of(text, [](char c) {
     const auto byte = static_cast<unsigned char>(c);
@@ -136,7 +136,7 @@ bool EditedLanguage::AddAttribute(std::string_view section, std::string_view nam
   if (section.empty() || !element || name.empty() || document_.Text(section, name) || !IsXmlText(value)) return false;
   const std::size_t place = PlaceOf(element);
   const auto attributes = AttributesAt(text_, place);
-  // It stands as the one before it does, so a file with an attribute a line keeps its looks.
+  // Repeat the blanks before the last attribute, so that a file with one attribute per line keeps its layout.
   std::size_t at = place + std::string_view{element.name()}.size();
   std::string added = " ";
   if (!attributes.empty()) {
@@ -152,7 +152,7 @@ bool EditedLanguage::AddAttribute(std::string_view section, std::string_view nam
   return Take(std::move(text), {std::string{section}, std::string{name}}, value);
 }
 
-// The text with the element as the last of the root, indented as the root's first element is.
+// The text with the element added as the last child of the root.
 std::optional<std::string> EditedLanguage::WithSection(std::string_view section) const {
   const pugi::xml_node root = document_.Element("");
   const XmlShape shape = ScanXml(text_, text_.size());
@@ -164,7 +164,7 @@ std::optional<std::string> EditedLanguage::WithSection(std::string_view section)
     text.replace(shape.root_end, 2, ">" + line_end + "  " + element + "</" + root.name() + ">");
     return text;
   }
-  // The end tag mostly has a line of its own, whose indent stays its own.
+  // If the end tag has a line of its own, insert before that line and keep its indent.
   const auto line = text_.find_last_not_of(" \t", shape.root_end - 1) + 1;
   const bool has_own_line = text_[line - 1] == '\n';
   text.insert(has_own_line ? line : shape.root_end, (has_own_line ? "" : line_end) + "  " + element);
@@ -177,7 +177,7 @@ bool EditedLanguage::AddSection(std::string_view section) {
   return text && Take(std::move(*text), {std::string{section}, ""}, "");
 }
 
-// Goes over to `text` if that reads as it was meant to: one more or one other text, in place.
+// Takes `text` over if it parses and holds `value` at `node`.
 bool EditedLanguage::Take(std::string text, const LanguageNode& node, std::string_view value) {
   if (text.size() > kMostLanguageBytes) return false;
   auto document = LanguageDocument::Parse(text);
@@ -199,9 +199,10 @@ bool EditedLanguage::SetPrivate(const char* name, std::string_view value) {
 }
 
 Result<void> EditedLanguage::Save(const std::string& path, std::string_view creator, std::string_view version) {
+  changed_ = true;  // until it is written
   if (!SetPrivate(kCreatorItem, creator) || !SetPrivate(kVersionItem, version)) {
     return Failure(ErrorKind::Unsupported,
-                   path + ": creator or version holds a character that XML cannot; type it anew without");
+                   path + ": creator or version contains a character that XML cannot hold; remove the character");
   }
   if (auto folder = CreateFolder(FolderOf(path)); !folder) return folder;
   auto written = WriteWholeFile(path, text_);

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The model of the language editor: an original document, which is only read, beside a new one, which is changed.
-// Sections and items of the two belong together by their names.
+// The model of the language editor: a read-only original document beside a new document that is edited. Sections and
+// items of the two correspond by name.
 //
-// The new document is changed in its text, not written anew from a tree: comments, blanks, the order and whatever else
-// a translator keeps in the file stay as they are, byte for byte, but for the values that were changed.
+// Edits change the text of the new document instead of writing it from a tree. Comments, blanks, order and everything
+// else in the file stay byte for byte, except for the changed values.
 #pragma once
 
 #include <optional>
@@ -19,61 +19,61 @@
 
 namespace captoria {
 
-// A place in a document's tree. Both empty: the root; `name` empty: a section.
+// A node of a document's tree. Both empty: the root; `name` empty: a section.
 struct LanguageNode {
   std::string section;
   std::string name;
   bool operator==(const LanguageNode&) const = default;
 };
 
-// The next item in tree order, as a translator works through the original: a section gives its first item, or itself
-// when it has none. Nothing at the last node, or when `from` is not there.
+// The next item in tree order, as a translator works through the original. A section without items counts as an item.
+// Nothing after the last node, or if `from` does not exist.
 std::optional<LanguageNode> NextItem(std::span<const LanguageSection> sections, const LanguageNode& from);
 
-// The value of the first item of "Private" whose name begins with `start`, compared without regard to ASCII case.
+// The value of the first item of "Private" whose name begins with `start`, ignoring ASCII case.
 std::optional<std::string> PrivateText(std::span<const LanguageSection> sections, std::string_view start);
 
-// "ProgramVersion" as the editor shows it; "?.0.0" when there is none.
+// "ProgramVersion" as the editor shows it; "?.0.0" if it is missing.
 std::string LanguageVersion(std::span<const LanguageSection> sections);
 
 enum class ItemState {
   Missing,
-  Untranslated,  // the original's text, which holds letters
+  Untranslated,  // same text as the original, and it contains letters
   Translated,
 };
 
 class EditedLanguage {
  public:
-  // Errors as LanguageDocument::Load has them. The text turns into UTF-8, and so does the declaration.
+  // Same errors as LanguageDocument::Load. The text is converted to UTF-8, and its declaration changed accordingly.
   static Result<EditedLanguage> Open(const std::string& path);
   static Result<EditedLanguage> Parse(std::string text);
 
   const std::vector<LanguageSection>& Sections() const { return sections_; }
   const LanguageDocument& Document() const { return document_; }
 
-  // What a file would hold now.
+  // The current text, as Save would write it.
   const std::string& Source() const { return text_; }
 
-  // Whether there is a change that was not saved.
+  // Whether there are unsaved changes. A save that fails counts as one.
   bool Changed() const { return changed_; }
 
-  // Whether the section, or the item of it, is there.
+  // Whether the section or item exists.
   bool Has(const LanguageNode& node) const;
 
-  // How the item fares beside `original`, its text there. What "Private" holds is not for translating.
+  // The state of the item, whose text in the original is `original`. Items of "Private" need no translation.
   ItemState StateOf(const LanguageNode& item, std::string_view original) const;
 
-  // Sets an item that is there. False, and nothing is changed, when it is not or when XML cannot hold the value (see
-  // IsXmlText). The text it has already is no change.
+  // Sets an existing item; setting the same text again is no change. Returns false and changes nothing if the item is
+  // missing or XML cannot hold the value (see IsXmlText).
   bool WriteAttribute(std::string_view section, std::string_view name, std::string_view value);
 
-  // Appends the section to the root, without items, or the item to its section. False, and nothing is changed, when it
-  // is there already, when its section is not, or when XML cannot hold name or value.
+  // Appends an empty section to the root, or an item to its section. Returns false and changes nothing if it already
+  // exists, if its section is missing, or if XML cannot hold the name or value.
   bool AddSection(std::string_view section);
   bool AddAttribute(std::string_view section, std::string_view name, std::string_view value);
 
-  // Writes the document to `path`, whole or not at all, and creates its folder. "Private" gets both texts first, and is
-  // created when missing. Unsupported when XML cannot hold one of them.
+  // Writes creator and version to "Private", then the complete document to `path`; creates the folder. If writing
+  // fails, an existing file stays unchanged. Unsupported if XML cannot hold creator or version.
   Result<void> Save(const std::string& path, std::string_view creator, std::string_view version);
 
  private:
@@ -84,7 +84,7 @@ class EditedLanguage {
   bool Take(std::string text, const LanguageNode& node, std::string_view value);
 
   std::string text_;
-  LanguageDocument document_;  // of the text
+  LanguageDocument document_;  // parsed from text_
   std::vector<LanguageSection> sections_;
   bool changed_ = false;
 };

@@ -28,14 +28,14 @@ bool HasControls(std::string_view name) {
   return std::ranges::any_of(name, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; });
 }
 
-// One character goes with the ending, whether it is the "." or not.
+// The character before "Captoria.exe.xml" is cut off, even if it is not a ".".
 std::string_view CaptionOf(std::string_view file_name) {
   const std::size_t cut = kExecutable.size() + kXml.size() + 1;
   return file_name.substr(0, file_name.size() - std::min(cut, file_name.size()));
 }
 
-// The file of `folder` called `name`, else one whose name differs in case: files from systems that do not tell cases
-// apart come in any.
+// The file `name` in `folder`; otherwise a file whose name differs only in case, as it may come from a system that
+// ignores case.
 std::optional<std::string> FileNamed(const std::string& folder, const std::string& name) {
   if (std::string exact = JoinPath(folder, name); FileExists(exact)) return exact;
   for (const std::string& other : ListFiles(folder, FilePattern() + "*")) {
@@ -100,7 +100,7 @@ tl::expected<LanguageFile, NewLanguageRefusal> NameNewLanguage(const ProgramFold
 }
 
 Result<void> CreateLanguage(const LanguageFile& created, const std::string& original_path) {
-  // Not the permissions: the original may be one that only the system's administrator writes.
+  // Copy the content but not the permissions: the original may be writable only by the administrator.
   const auto content = ReadWholeFile(original_path, kMostLanguageBytes);
   if (!content) return tl::unexpected(content.error());
   if (auto folder = CreateFolder(FolderOf(created.path)); !folder) return folder;

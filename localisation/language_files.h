@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The names of language files and the places they are looked for. "English.Captoria.exe.xml" is the file of the base
-// name "English.Captoria.exe", which is the language "English"; with ".New" behind, it is loaded in the other's place.
+// Names and locations of language files. "English.Captoria.exe.xml" has the base name "English.Captoria.exe" and is the
+// language "English". If "English.Captoria.exe.xml.New" exists, it is loaded instead.
 //
-// Places, first to last: the user's data folder, the program's folder, the shipped "languages". A file hides one of
-// the same name in a later place.
+// Folders are searched in this order: the user's data folder, the program's folder, the shipped "languages". A file
+// hides files of the same name in later folders.
 #pragma once
 
 #include <optional>
@@ -18,12 +18,12 @@
 
 namespace captoria {
 
-// Stays the same whatever the executable is called.
+// The base name of English. Does not depend on the name of the executable.
 inline constexpr const char* kInitialLanguage = "English.Captoria.exe";
 
 struct LanguageFile {
-  std::string name;  // in the menu: the file name less a character and "Captoria.exe.xml"; may be empty
-  std::string base;  // what choosing that name loads
+  std::string name;  // in the menu: file name without "Captoria.exe.xml" and the character before it; may be empty
+  std::string base;  // base name that the menu entry loads
   std::string path;
 };
 
@@ -33,30 +33,30 @@ std::string LanguageBase(std::string_view name);
 // The text before the first ".": "English.Captoria.exe" -> "English".
 std::string LanguageName(std::string_view base);
 
-// The files "*Captoria.exe.xml" of all places, sorted by the bytes of the file name. A file whose name holds a control
-// character is left out: no setting can keep it.
+// The files "*Captoria.exe.xml" in all folders, sorted by the bytes of their names. File names with control characters
+// are left out, because the settings file cannot hold them.
 std::vector<LanguageFile> ListLanguages(const ProgramFolders& folders);
 
-// Those of ListLanguages that the language editor works on: with a "." before "Captoria.exe.xml".
+// The files of ListLanguages that the language editor can edit: those with a "." before "Captoria.exe.xml".
 std::vector<LanguageFile> ListEditableLanguages(const ProgramFolders& folders);
 
-// The file to load for `base`: base + ".xml.New", else base + ".xml", of the first place that has one of the two. The
-// exact name goes before one that differs in case. Nothing for a base with a path separator in it.
+// The file to load for `base`, from the first folder that has one: base + ".xml.New", otherwise base + ".xml". An exact
+// name wins over a name that differs in case. Nothing if `base` contains a path separator.
 std::optional<std::string> FindLanguageFile(const ProgramFolders& folders, std::string_view base);
 
-// Why a language cannot be created under a name.
+// Why a new language cannot have a certain name.
 enum class NewLanguageRefusal {
-  Blank,       // nothing but blanks, which is how a person takes a question back
-  BadName,     // "/", "." or a control character: no file could have it, or the language would not be found again
-  Exists,      // in one of the places
-  NoOriginal,  // there is nothing to copy
+  Blank,       // only blanks; the user changed his mind
+  BadName,     // contains "/", "." or a control character: no valid file name, or not found again later
+  Exists,      // in one of the folders
+  NoOriginal,  // no file to copy
 };
 
-// The file that the language called `answer`, trimmed, is to have in the user's data folder. Nothing is written.
+// The file in the user's data folder for a new language called `answer`, which is trimmed. Writes nothing.
 tl::expected<LanguageFile, NewLanguageRefusal> NameNewLanguage(const ProgramFolders& folders, std::string_view answer,
                                                                std::string_view original_path);
 
-// Writes the file, byte for byte the original. TooLarge when that is none that could be loaded.
+// Creates the file as an exact copy of the original. TooLarge if the original is too big to load.
 Result<void> CreateLanguage(const LanguageFile& created, const std::string& original_path);
 
 }  // namespace captoria

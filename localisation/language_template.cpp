@@ -27,7 +27,7 @@ std::vector<LanguageSection> SectionsOf(std::span<const LanguageText> texts, std
   return sections;
 }
 
-// "%1", "%2"... of the text, sorted.
+// The digits of "%1", "%2" ... in the text, sorted.
 std::vector<char> Placeholders(std::string_view text) {
   std::vector<char> found;
   for (std::size_t i = 1; i < text.size(); ++i) {
@@ -37,7 +37,7 @@ std::vector<char> Placeholders(std::string_view text) {
   return found;
 }
 
-// The number of letters that "&" marks; "&&" is an ampersand to be seen, and so is one before a blank.
+// The number of letters marked by "&". "&&" and "&" before a blank are visible ampersands.
 std::size_t Mnemonics(std::string_view text) {
   std::size_t count = 0;
   for (std::size_t i = 0; i + 1 < text.size(); ++i) {
@@ -48,7 +48,7 @@ std::size_t Mnemonics(std::string_view text) {
   return count;
 }
 
-// The blanks in front of and behind the text. A text of blanks alone has all of them in front.
+// The blanks before and after the text. In a text of blanks only, all of them count as before.
 std::pair<std::string_view, std::string_view> BlanksAround(std::string_view text) {
   constexpr std::string_view kBlanks = " \t\r\n";
   const auto first = std::min(text.find_first_not_of(kBlanks), text.size());
@@ -64,7 +64,7 @@ std::vector<LanguageFault> FaultsOf(std::string_view english, std::string_view o
   return faults;
 }
 
-// Calls `act` with section name and item for each item.
+// Calls `act` with the section name and the item, for each item.
 template <typename Act>
 void ForEachItem(const LanguageDocument& document, Act act) {
   for (const LanguageSection& section : document.Sections()) {
@@ -86,9 +86,9 @@ std::string WriteLanguage(std::span<const LanguageText> texts, std::string_view 
 }
 
 std::string LanguageDifference::Description() const {
-  constexpr std::array<std::string_view, 5> kFaults{"missing", "not in English", "other placeholders than English",
-                                                    "other blanks around it than English",
-                                                    "not one letter marked by &"};
+  constexpr std::array<std::string_view, 5> kFaults{"missing", "not in English", "placeholders differ from English",
+                                                    "blanks at its ends differ from English",
+                                                    "does not mark exactly one letter with &"};
   return section + "/" + name + ": " + std::string{kFaults[static_cast<std::size_t>(fault)]} + ": " + text;
 }
 
@@ -104,7 +104,7 @@ std::vector<LanguageDifference> CompareLanguages(const LanguageDocument& english
     }
   });
   ForEachItem(other, [&](const std::string& section, const LanguageItem& item) {
-    // A file may tell more of itself, as the direction of its writing.
+    // A file may contain more about itself, such as its layout direction.
     if (section == kPrivateSection) return;
     if (!english.Text(section, item.name)) differences.push_back({LanguageFault::Extra, section, item.name, item.text});
   });

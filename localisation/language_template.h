@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Language files of our own: writing one from the texts of the program, and telling what a translation lacks.
+// Writes the English language file from the program's texts, and checks translations against it.
 #pragma once
 
 #include <span>
@@ -20,32 +20,32 @@ struct LanguageText {
   std::string text;
 };
 
-// A language file in UTF-8 for a person to read and translate: "Private" first, then the sections, each in the place
-// of its first text, with an item a line. Of texts with the same section and key the first is taken. Sections and keys
-// are XML names; texts are such that XML can hold them (IsXmlText).
+// A readable language file in UTF-8: "Private" first, then the sections in the order of their first texts, one item per
+// line. If section and key repeat, the first text is used. Sections and keys must be XML names, texts must satisfy
+// IsXmlText.
 std::string WriteLanguage(std::span<const LanguageText> texts, std::string_view creator, std::string_view version);
 
 enum class LanguageFault {
-  Missing,       // English has the item, the other has not
-  Extra,         // the other way round
-  Placeholders,  // "%1", "%2"... are not the same ones, each as often
-  Blanks,        // before or behind the text: what it is joined to stands too close or too far
-  Mnemonic,      // English has one letter marked by "&"; the other has none or several
+  Missing,       // in English but not in the other file
+  Extra,         // in the other file but not in English
+  Placeholders,  // not the same "%1", "%2" ..., each as often
+  Blanks,        // different blanks before or after the text, where another text is joined
+  Mnemonic,      // English marks one letter by "&", the other file none or several
 };
 
 struct LanguageDifference {
   LanguageFault fault;
   std::string section;
   std::string name;  // of the item
-  std::string text;  // the other's; English where the other has none
+  std::string text;  // text of the other file; the English text if it is missing there
 
-  // As in "Form1_Design/mnuFile: missing: &File".
+  // Such as "Form1_Design/mnuFile: missing: &File".
   std::string Description() const;
   bool operator==(const LanguageDifference&) const = default;
 };
 
-// What is wrong with `other` as a translation of `english`, in the order of English and then of what is extra. Of
-// "Private", which may hold more, only the presence of the items of English is looked at.
+// The faults of `other` as a translation of `english`: in the order of `english`, then the extra items. In "Private",
+// which may have extra items, only missing items count.
 std::vector<LanguageDifference> CompareLanguages(const LanguageDocument& english, const LanguageDocument& other);
 
 }  // namespace captoria

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The texts of message boxes. A window numbers its messages; a language document may replace each.
+// The texts of message boxes. Each window numbers its messages; a language document may replace each text.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@ namespace messages {
 constexpr Message kFileNotFound{"Form1", 1, "File not found"};
 constexpr Message kOutsideFitted{"Form1", 2,
                                  " subtitle(s) are outside safe viewing area, but program will fit these subtitles by "
-                                 "decreasing font size."};  // behind a count
+                                 "decreasing font size."};  // after a count
 constexpr Message kLoadAvi{"Form1", 3, "Load a valid avi file"};
 constexpr Message kLoadSubtitle{"Form1", 4, "Load a subtitle file"};
 constexpr Message kNoFileInfo{"Form1", 5, "Error geting info for file"};
@@ -31,19 +31,19 @@ constexpr Message kUnknownStreams{"Form1", 10,
                                   "There are unknown streams at loaded avi file. You want to remove them?"};
 constexpr Message kOutsideNotFitted{"Form1", 11,
                                     " subtitle(s) are outside safe viewing area and program will NOT fit these "
-                                    "subtitles by decreasing font size."};  // behind a count
+                                    "subtitles by decreasing font size."};  // after a count
 constexpr Message kFailed{"Form1", 12, "Creation failed"};
 constexpr Message kNothingToSave{"Form2", 1, "Nothing to save"};
 constexpr Message kSelectToUpdate{"Form3", 1, "Select something to update"};
 constexpr Message kSetSomething{"frmSelectSubs", 1, "Please set something"};
-constexpr Message kSubtitlesSelected{"frmSelectSubs", 2, " subtitles selected"};  // behind a count
+constexpr Message kSubtitlesSelected{"frmSelectSubs", 2, " subtitles selected"};  // after a count
 
 constexpr Message kSetMuxPath{"frmAskForDivXMux", 1, "Please set a path"};
 constexpr Message kSetValidMuxPath{"frmAskForDivXMux", 2, "Please set a valid path"};
 constexpr Message kSetConverterPath{"frmAskForbmptoxsub", 1, "Please set a path"};
 constexpr Message kSetValidConverterPath{"frmAskForbmptoxsub", 2, "Please set a valid path"};
 
-// For whoever translates them.
+// For translators.
 constexpr Message kAll[]{
     kFileNotFound, kOutsideFitted,     kLoadAvi,          kLoadSubtitle,    kNoFileInfo,       kFinished,
     kBatchError,   kUnknownStreams,    kOutsideNotFitted, kFailed,          kNothingToSave,    kSelectToUpdate,

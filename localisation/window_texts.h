@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Texts that a window needs now and then and that are no caption of a widget, such as the words around a number. A
-// language file has each beside the window's captions, in the element "WINDOW_Design".
+// Texts of a window that are not the caption of a widget, such as the words around a number. In a language file they
+// are in the same element as the window's captions, for example "Form1_Design".
 #pragma once
 
 #include <string>
@@ -26,15 +26,15 @@ constexpr WindowText kForeColor{"Form1", "lblTitle_color", "Fore color"};
 constexpr WindowText kOutlineColor{"Form1", "lblTitle_outcolor", "Outline color"};
 constexpr WindowText kShadowColor{"Form1", "lblTitle_shadowcolor", "Shadow color"};
 
-// Instead of a picture.
+// Shown in place of a picture.
 constexpr WindowText kChooseSubtitle{"Form1", "lblChooseSubtitle", "Choose a subtitle to see it here."};
 constexpr WindowText kOpenVideo{"Form1", "lblOpenVideo", "Open a video to see its picture here."};
 
-// Tabs of tracks: the first, whose number gives way to that of each, and the one that opens another track.
+// Tabs of the tracks: the first track, whose number is replaced for the others, and the tab that adds a track.
 constexpr WindowText kFirstTab{"Form1", "TabStrip1_1", "Subtitle 1"};
 constexpr WindowText kNewTab{"Form1", "TabStrip1_2", "<New>"};
 
-// The list of cues: its columns, and what is said of one cue.
+// The list of cues: titles of the columns, and descriptions of a cue.
 constexpr WindowText kNumber{"Form1", "lblNumber", "#"};
 constexpr WindowText kShow{"Form1", "lblShow", "Show"};
 constexpr WindowText kHide{"Form1", "lblHide", "Hide"};
@@ -43,15 +43,15 @@ constexpr WindowText kTag{"Form1", "lblTag", "Font size and pos: "};    // befor
 constexpr WindowText kFitTag{"Form1", "lblFitTag", "Fit font size: "};  // the same, in the list of cues outside
 constexpr WindowText kOutside{"Form1", "lblOutside", ", outside safe viewing area"};  // after the cue's number
 
-// Long work: what is being done, and the time and the film of a list around it.
+// Long work: the current step, the time left, and the film's position in a list.
 constexpr WindowText kCreateBitmaps{"Form1", "lblCreateBitmaps", "Creating Bitmaps..."};  // before their number
 constexpr WindowText kWritingFilm{"Form1", "lblWritingFilm", "Writing the film"};
 constexpr WindowText kTimeLeft{"Form1", "lblTimeLeft", ", %1 s left"};
-constexpr WindowText kJobItem{"Form1", "lblJobItem", "%1 of %2, %3: "};  // place in the list, its length, file name
+constexpr WindowText kJobItem{"Form1", "lblJobItem", "%1 of %2, %3: "};  // position, number of films, file name
 constexpr WindowText kStopJob{"Form1", "lblStopJob", "A film is being made. Stop it?"};
 constexpr WindowText kBatchStopped{"Form1", "lblBatchStopped", "Stopped. %1 of %2 videos were converted."};
 
-// Columns of the video's streams.
+// Titles of the columns of the stream table.
 constexpr WindowText kStream{"Form1", "lblStream", "Stream"};
 constexpr WindowText kInformation{"Form1", "lblInformation", "Information"};
 
@@ -61,7 +61,7 @@ constexpr WindowText kSubOut{"Form1", "lblSubOut", " subtitle(s) outside safe vi
 constexpr WindowText kSubSelected{"Form1", "lblSubSelected", " subtitle(s) selected"};         // after a count
 
 // Options.
-constexpr WindowText kReplaceBatch{"Form2", "lblReplaceBatch", "%1 is there already. Do you want to replace it?"};
+constexpr WindowText kReplaceBatch{"Form2", "lblReplaceBatch", "%1 already exists. Do you want to replace it?"};
 constexpr WindowText kForceVideoHeightHelp{"Form2", "lblForceVideoHeightHelp",
                                            "Check this and type a big number (like 570) and 99% the subtitles will "
                                            "appear at the bottom of the movie"};

@@ -17,8 +17,8 @@ constexpr std::string_view kBlanks = " \t\r\n";
 
 std::string Line(std::size_t number) { return "line " + std::to_string(number) + ": "; }
 
-// As XML names encodings. Whatever else stands there is not handed to the system's converter, for which slashes and
-// commas mean more.
+// The characters XML allows in encoding names. Other names are not passed to the system's converter, where slashes and
+// commas have a meaning.
 bool IsEncodingName(std::string_view name) {
   return !name.empty() && std::ranges::all_of(name, [](char c) {
     return (LowerAscii(c) >= 'a' && LowerAscii(c) <= 'z') || IsDigit(c) || c == '.' || c == '_' || c == '-';
@@ -33,11 +33,12 @@ std::string EncodingOfXml(std::string_view bytes) {
   const auto span = DeclaredEncoding(bytes);
   if (!span) return "UTF-8";
   std::string name{bytes.substr(span->at, span->size)};
-  // A declaration that could be read byte by byte is not in units of two: the file was converted, its first line not.
+  // A declaration that is readable byte by byte cannot be UTF-16: the file was converted without changing its first
+  // line.
   return LowerAscii(name).starts_with("utf-16") ? "UTF-8" : name;
 }
 
-// Goes over the tags of a document once, as the parser will.
+// Scans the tags of a document once, in the same way as the parser.
 class TagScanner {
  public:
   TagScanner(std::string_view text, std::size_t most) : text_(text), most_(most) {}
@@ -50,7 +51,7 @@ class TagScanner {
  private:
   bool Here(std::string_view start) const { return text_.substr(at_).starts_with(start); }
 
-  // Behind the next `end`, looked for `offset` bytes on.
+  // Moves after the next `end`, searching from `offset` bytes ahead.
   void SkipTo(std::string_view end, std::size_t offset) {
     const auto found = text_.find(end, std::min(at_ + offset, text_.size()));
     at_ = found == text_.npos ? text_.size() : found + end.size();
@@ -91,7 +92,7 @@ class TagScanner {
     --open_;
   }
 
-  // Declarations nest, and their texts may hold any bracket.
+  // Declarations can be nested, and quoted texts may contain brackets.
   void SkipDoctype() {
     std::size_t open = 0;
     while (at_ < text_.size()) {
@@ -125,18 +126,20 @@ Result<std::string> DecodeXml(std::string bytes) {
   const std::string encoding = EncodingOfXml(bytes);
   if (!IsEncodingName(encoding) || !IsKnownEncoding(encoding)) {
     return Failure(ErrorKind::Unsupported,
-                   Line(1) + "no encoding is named \"" + encoding.substr(0, 40) + "\"; save the file as UTF-8");
+                   Line(1) + "unknown encoding \"" + encoding.substr(0, 40) + "\"; save the file as UTF-8");
   }
   auto decoded = Decode(std::move(bytes), encoding);
   if (!decoded) return tl::unexpected(decoded.error());
   std::string text = std::move(decoded->text);
   if (const auto nul = text.find('\0'); nul != text.npos)
-    return Failure(ErrorKind::Damaged, Line(LineAt(text, nul)) + "a byte 0 is no text; fetch the file anew");
+    return Failure(ErrorKind::Damaged,
+                   Line(LineAt(text, nul)) + "the file contains a NUL byte; get a new copy of the file");
   if (decoded->undecodable > 0) {
     const std::size_t line = LineAt(text, text.find(kReplacementCharacter));
-    return Failure(ErrorKind::Damaged,
-                   Line(line) + "a letter that is not in " + decoded->encoding +
-                       "; save the file as UTF-8 or name its encoding in the first line, <?xml ... encoding=\"...\"?>");
+    return Failure(
+        ErrorKind::Damaged,
+        Line(line) + "a character that is not valid in " + decoded->encoding +
+            "; save the file as UTF-8 or declare its encoding in the first line, <?xml ... encoding=\"...\"?>");
   }
   return text;
 }
@@ -161,7 +164,7 @@ XmlShape ScanXml(std::string_view text, std::size_t most) { return TagScanner(te
 bool IsXmlText(std::string_view text) {
   const bool has_controls = std::ranges::any_of(
       text, [](char c) { return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r'; });
-  // U+FFFE and U+FFFF are characters of UTF-8 but not of XML.
+  // U+FFFE and U+FFFF are valid in UTF-8 but not in XML.
   const bool has_noncharacters = text.find("\xEF\xBF\xBE") != text.npos || text.find("\xEF\xBF\xBF") != text.npos;
   return !has_controls && !has_noncharacters && TakeUtf8Census(text).invalid == 0;
 }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The bytes of an XML file before they are parsed, and texts on their way into one. The parser knows Unicode and
-// Latin-1 only and takes any depth; language files come in every code page and from anywhere.
+// Decodes and checks XML files before parsing, and escapes texts. Needed because the parser knows only Unicode and
+// Latin-1 and accepts any depth, while language files come from anywhere and in every code page.
 #pragma once
 
 #include <cstddef>
@@ -14,12 +14,12 @@
 
 namespace captoria {
 
-// The line that the byte `offset` is in, counted from 1.
+// The line of the byte `offset`, counted from 1.
 std::size_t LineAt(std::string_view text, std::size_t offset);
 
-// `bytes` as UTF-8 without a byte-order mark. The encoding is that of the mark or of a "<" of two bytes, else the one
-// the XML declaration names, else UTF-8. Unsupported when the declaration names none we know, Damaged when the bytes
-// are not in that encoding or hold a NUL; the message begins with "line N: ".
+// Converts `bytes` to UTF-8 without a byte-order mark. The encoding comes from the mark or from a "<" of two bytes,
+// otherwise from the XML declaration, otherwise it is UTF-8. Unsupported if the declared encoding is unknown, Damaged
+// if the bytes do not match the encoding or contain a NUL. The message begins with "line N: ".
 Result<std::string> DecodeXml(std::string bytes);
 
 // A part of a text.
@@ -28,25 +28,26 @@ struct TextSpan {
   std::size_t size = 0;
 };
 
-// Where the value stands that the XML declaration of `text` gives as its encoding.
+// The position of the encoding's name in the XML declaration of `text`.
 std::optional<TextSpan> DeclaredEncoding(std::string_view text);
 
 struct XmlShape {
-  std::size_t depth = 0;         // of the deepest element; the root's is 1
-  std::size_t deepest_at = 0;    // the "<" of the first element of that depth
-  std::size_t root_end = 0;      // the "</" of the root's end tag, or the "/>" of a root that is one tag
+  std::size_t depth = 0;         // of the deepest element; 1 for the root
+  std::size_t deepest_at = 0;    // position of the "<" of the first element of that depth
+  std::size_t root_end = 0;      // position of the root's "</", or of its "/>" if the root is a single tag
   bool root_is_one_tag = false;  // "<Language/>"
 };
 
-// The shape of a UTF-8 document, found without a tree and in constant space; the scan ends at an element deeper than
-// `most`. Means something only for a text that the parser then accepts.
+// Scans a UTF-8 document without a tree, in constant memory. Stops at an element deeper than `most`. The result is
+// meaningful only if the parser accepts the text.
 XmlShape ScanXml(std::string_view text, std::size_t most);
 
-// Whether XML 1.0 can hold the text: well-formed UTF-8, and no control character but tab, line feed and return.
+// Whether XML 1.0 can hold the text: valid UTF-8 without control characters other than tab, line feed and carriage
+// return.
 bool IsXmlText(std::string_view text);
 
-// `text` as it stands between two `quote` marks in a start tag. Line ends and tabs are written as references, as a
-// parser reads plain ones as blanks.
+// Escapes `text` for an attribute value between `quote` marks. Line ends and tabs become character references, because
+// a parser turns plain ones into blanks.
 std::string EscapedAttribute(std::string_view text, char quote = '"');
 
 }  // namespace captoria

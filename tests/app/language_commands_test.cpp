@@ -72,7 +72,7 @@ TEST_F(LanguageCommands, ABrokenFileIsToldOnceAndTheTextsAreTheBuiltInOnes) {
   LoadInitialLanguage(workspace_);
   RestoreLanguage(workspace_);
   EXPECT_EQ(Finished(), kBuiltIn);
-  EXPECT_THAT(view_.warnings, ElementsAre(HasSubstr("English.Captoria.exe.xml: is no language file: line 2: ")));
+  EXPECT_THAT(view_.warnings, ElementsAre(HasSubstr("English.Captoria.exe.xml: not a valid language file: line 2: ")));
 }
 
 TEST_F(LanguageCommands, TheCreditKeepsWhatTheFileDoesNotSay) {

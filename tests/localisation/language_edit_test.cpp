@@ -7,6 +7,7 @@
 
 #include <functional>
 
+#include "tests/support/full_disk.h"
 #include "tests/support/test_folder.h"
 
 namespace captoria {
@@ -45,35 +46,31 @@ struct Change {
   std::string part;  // of the file, which becomes
   std::string by;
 };
-void PrintTo(const Change& row, std::ostream* out) { *out << row.name; }
 
-class LanguageChange : public testing::TestWithParam<Change> {};
+const Change kChanges[] = {
+    {"TheSameTextWrittenOtherwise", [](auto& e) { return e.WriteAttribute("W_Design", "a", "It's & A"); }, "a='It",
+     "a='It"},
+    {"InItsOwnQuotationMarks", [](auto& e) { return e.WriteAttribute("W_Design", "a", "'\"<é>&amp;\n\t"); },
+     "It&apos;s &amp; &#x41;", "&apos;\"&lt;é&gt;&amp;amp;&#10;&#9;"},
+    {"AnEmptyTextIsFilled", [](auto& e) { return e.WriteAttribute("W_Design", "b", "\"x "); }, "b=\"\"",
+     "b=\"&quot;x \""},
+    {"AnItemStandsAsTheOneBeforeIt", [](auto& e) { return e.AddAttribute("W_Design", "c", "x"); }, "b=\"\"",
+     "b=\"\"\n    c=\"x\""},
+    {"BehindAValueThatLooksLikeATag", [](auto& e) { return e.AddAttribute("Private", "ProgramVersion", "3"); }, "> c'",
+     "> c'\r\n\t\tProgramVersion=\"3\""},
+    {"ASectionIsTheLastOfTheRoot", [](auto& e) { return e.AddSection("W_Module"); }, "\r\n</Language>",
+     "\r\n  <W_Module/>\r\n</Language>"}};
 
-TEST_P(LanguageChange, KeepsAllElseByteForByte) {
-  EditedLanguage edited = Edit(kFile);
-  EXPECT_EQ(edited.Source(), kUtf8File);
-  EXPECT_TRUE(GetParam().act(edited));
-  EXPECT_EQ(edited.Source(), Replaced(kUtf8File, GetParam().part, GetParam().by));
-  EXPECT_EQ(edited.Changed(), GetParam().part != GetParam().by);
+TEST(LanguageEdit, AChangeKeepsAllElseByteForByte) {
+  for (const auto& [name, act, part, by] : kChanges) {
+    SCOPED_TRACE(name);
+    EditedLanguage edited = Edit(kFile);
+    EXPECT_EQ(edited.Source(), kUtf8File);
+    EXPECT_TRUE(act(edited));
+    EXPECT_EQ(edited.Source(), Replaced(kUtf8File, part, by));
+    EXPECT_EQ(edited.Changed(), part != by);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Language, LanguageChange,
-    testing::Values(Change{"TheSameTextWrittenOtherwise",
-                           [](auto& e) { return e.WriteAttribute("W_Design", "a", "It's & A"); }, "a='It", "a='It"},
-                    Change{"InItsOwnQuotationMarks",
-                           [](auto& e) { return e.WriteAttribute("W_Design", "a", "'\"<é>&amp;\n\t"); },
-                           "It&apos;s &amp; &#x41;", "&apos;\"&lt;é&gt;&amp;amp;&#10;&#9;"},
-                    Change{"AnEmptyTextIsFilled", [](auto& e) { return e.WriteAttribute("W_Design", "b", "\"x "); },
-                           "b=\"\"", "b=\"&quot;x \""},
-                    Change{"AnItemStandsAsTheOneBeforeIt", [](auto& e) { return e.AddAttribute("W_Design", "c", "x"); },
-                           "b=\"\"", "b=\"\"\n    c=\"x\""},
-                    Change{"BehindAValueThatLooksLikeATag",
-                           [](auto& e) { return e.AddAttribute("Private", "ProgramVersion", "3"); }, "> c'",
-                           "> c'\r\n\t\tProgramVersion=\"3\""},
-                    Change{"ASectionIsTheLastOfTheRoot", [](auto& e) { return e.AddSection("W_Module"); },
-                           "\r\n</Language>", "\r\n  <W_Module/>\r\n</Language>"}),
-    [](const auto& info) { return info.param.name; });
 
 TEST(LanguageEdit, WhatCannotBeWrittenChangesNothing) {
   EditedLanguage edited = Edit(kFile);
@@ -163,9 +160,13 @@ TEST(LanguageEdit, ASaveThatFailsLeavesTheOldFileAndTheMark) {
   const std::string path = folder.Put("a.xml", "<L/>");
   EditedLanguage edited = Edit("<L/>");
   EXPECT_EQ(edited.Save(path, "\x02", "1").error().kind, ErrorKind::Unsupported);
-  EXPECT_EQ(folder.Get("a.xml"), "<L/>");
-  EXPECT_FALSE(edited.Save(path + "/b.xml", "Ann", "1"));
-  EXPECT_TRUE(edited.Changed());
+  EXPECT_TRUE(edited.Save(path, "Ann", "1"));
+  EXPECT_FALSE(edited.Changed());
+  const std::string saved = folder.Get("a.xml");
+  WithFullDisk(4, [&] { EXPECT_FALSE(edited.Save(path, "Ann", "1")); });
+  EXPECT_TRUE(edited.Changed()) << "nothing is new, yet it is not saved";
+  EXPECT_EQ(folder.Get("a.xml"), saved);
+  EXPECT_FALSE(edited.Save(path + "/b.xml", "Ann", "1")) << "the folder cannot be created";
 }
 
 }  // namespace

@@ -28,13 +28,7 @@ class BatchDialog : public testing::Test {
 
   void SetUp() override { dialog_.show(); }
 
-  QPushButton* Button(const QString& caption) {
-    for (auto* button : dialog_.findChildren<QPushButton*>()) {
-      if (button->text().remove('&') == caption) return button;
-    }
-    ADD_FAILURE() << "no button " << caption.toStdString();
-    return nullptr;
-  }
+  QPushButton* Button(const char* name) { return dialog_.findChild<QPushButton*>(name); }
 
   QListWidget& List() { return *dialog_.findChild<QListWidget*>("List1"); }
 
@@ -46,7 +40,7 @@ class BatchDialog : public testing::Test {
 
   void Add(const Paths& paths) {
     prompts_.Expect("Batch convert", paths);
-    Button("Add")->click();
+    Button("Command1")->click();
   }
 
   bool Drop(const QList<QUrl>& urls) {
@@ -66,24 +60,23 @@ class BatchDialog : public testing::Test {
   frmBatch dialog_{prompts_, "/m/now.avi", nullptr};
 };
 
-TEST_F(BatchDialog, AddsWhatIsNewAndAFolderWholly) {
-  const std::string a = folder_.Put("a.avi", ""), b = folder_.Put("\xC3\xA9.avi", "");
-  Add({a, "/m/x.divx"});
-  Add({"/M/X.DIVX"});
+TEST_F(BatchDialog, AddsFilesAndAFolder) {
+  const std::string a = folder_.Put("a.avi", "");
+  Add({"/m/x.divx", "/M/X.DIVX"});
   Add({});
   for (const std::optional<std::string>& chosen : {std::optional(folder_.Path()), std::optional<std::string>()}) {
     prompts_.Expect("Batch convert", chosen);
-    Button("All .avi files in folder")->click();
+    Button("Command4")->click();
   }
-  EXPECT_THAT(dialog_.Files(), ElementsAre(a, "/m/x.divx", a, b));
+  EXPECT_THAT(dialog_.Files(), ElementsAre("/m/x.divx", a));
   EXPECT_EQ(Shown(), dialog_.Files());
 }
 
 TEST_F(BatchDialog, DeletesWhatIsSelectedByButtonAndByKey) {
   Add({"/1.avi", "/2.avi", "/3.avi", "/4.avi", "/5.avi"});
-  EXPECT_FALSE(Button("Delete")->isEnabled());
+  EXPECT_FALSE(Button("Command2")->isEnabled());
   for (const int row : {0, 3}) List().item(row)->setSelected(true);
-  Button("Delete")->click();
+  Button("Command2")->click();
   EXPECT_THAT(dialog_.Files(), ElementsAre("/2.avi", "/3.avi", "/5.avi"));
   List().clearSelection();
   List().item(1)->setSelected(true);
@@ -91,30 +84,28 @@ TEST_F(BatchDialog, DeletesWhatIsSelectedByButtonAndByKey) {
   QApplication::sendEvent(&List(), &key);
   EXPECT_THAT(dialog_.Files(), ElementsAre("/2.avi", "/5.avi"));
   EXPECT_EQ(Shown(), dialog_.Files());
-  Button("Clear")->click();
+  Button("Command3")->click();
   EXPECT_THAT(dialog_.Files(), IsEmpty());
   EXPECT_THAT(Shown(), IsEmpty());
 }
 
 TEST_F(BatchDialog, TakesWhatIsDropped) {
-  const std::string a = folder_.Put("a.avi", "");
   EXPECT_FALSE(Drop({QUrl("https://example.org/a.avi")}));
-  EXPECT_TRUE(Drop({QUrl::fromLocalFile("/m/b 1.divx"), QUrl::fromLocalFile(QString::fromStdString(folder_.Path())),
-                    QUrl::fromLocalFile("/m/b.srt")}));
-  EXPECT_THAT(dialog_.Files(), ElementsAre("/m/b 1.divx", a));
+  EXPECT_TRUE(Drop({QUrl::fromLocalFile("/m/b 1.divx"), QUrl::fromLocalFile("/m/b.srt")}));
+  EXPECT_THAT(dialog_.Files(), ElementsAre("/m/b 1.divx"));
 }
 
 TEST_F(BatchDialog, IsLeftByOkWithAListOnly) {
-  Button("OK")->click();
+  Button("OKButton")->click();
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Plaese add some files"));
   EXPECT_TRUE(dialog_.isVisible());
   Add({"/1.avi"});
-  Button("OK")->click();
+  Button("OKButton")->click();
   EXPECT_TRUE(dialog_.Confirmed());
   EXPECT_TRUE(dialog_.isHidden());
   EXPECT_THAT(dialog_.Files(), ElementsAre("/1.avi"));
   dialog_.show();
-  Button("Cancel")->click();
+  Button("CancelButton")->click();
   EXPECT_FALSE(dialog_.Confirmed());
 }
 

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenu>
@@ -15,7 +16,6 @@
 #include <QToolBar>
 
 #include "tests/support/qt_application.h"
-#include "tests/support/test_folder.h"
 
 namespace captoria {
 namespace {
@@ -54,13 +54,12 @@ class Captions : public testing::Test {
     bar_->addSeparator();
     bar_->addAction(open_);
     open_->setToolTip("Open it");
+    auto* open_dialog = new QDialog(&window_);  // has texts of its own
+    (new QLabel("Another window's", open_dialog))->setObjectName("Label1");
   }
 
-  LanguageDocument Language(const std::string& attributes) {
-    const std::string path = folder_.Put("l.xml", "<Language><Form9_Design " + attributes + "/></Language>");
-    auto loaded = LanguageDocument::Load(path);
-    EXPECT_TRUE(loaded.has_value());
-    return std::move(*loaded);
+  static LanguageDocument Language(const std::string& attributes) {
+    return *LanguageDocument::Parse("<Language><Form9_Design " + attributes + "/></Language>");
   }
 
   std::map<std::string, std::string> Texts() {
@@ -69,7 +68,6 @@ class Captions : public testing::Test {
     return texts;
   }
 
-  TestFolder folder_;
   QWidget window_;
   QLabel* label_ = new QLabel("One", &window_);
   QTabBar* tabs_ = new QTabBar(&window_);
@@ -110,6 +108,7 @@ TEST_F(Captions, OfOneLanguageGiveWayToThoseOfTheNext) {
   EXPECT_EQ(Texts(), expected);
   EXPECT_EQ(bar_->widgetForAction(open_)->accessibleName(), "Öffnen");
   EXPECT_EQ(window_.findChild<QLabel*>("lblFile")->text(), "film.avi");
+  EXPECT_EQ(window_.findChild<QDialog*>()->findChild<QLabel*>()->text(), "Another window's");
 
   captions.Apply(Language(R"(Label1="Un")"));
   expected = kBuiltIn;

@@ -3,14 +3,9 @@
 
 #include "ui/language_editor/create_lang_dialog.h"
 
-#include <gmock/gmock.h>
-
 #include <QKeyEvent>
 
-#include "tests/support/qt_application.h"
-#include "tests/support/quiet_view.h"
-#include "tests/support/scripted_prompts.h"
-#include "tests/support/test_folder.h"
+#include "tests/ui/workspace_fixture.h"
 #include "ui/texts/qt_text.h"
 
 namespace captoria {
@@ -36,10 +31,8 @@ constexpr const char* kEnglishFile = "English.Captoria.exe.xml";
 constexpr const char* kGermanFile = "German.Captoria.exe.xml";
 constexpr const char* kAskSaveGerman = "Language file German.Captoria.exe.xml is not saved. Save it now?";
 
-class CreateLangDialog : public testing::Test {
+class CreateLangDialog : public WorkspaceFixture {
  protected:
-  static void SetUpTestSuite() { TestApplication(); }
-
   // With English and a German that is behind it, both in the folder of the program.
   void Open() {
     folder_.Put(std::string("program/") + kEnglishFile, kOriginal);
@@ -51,7 +44,7 @@ class CreateLangDialog : public testing::Test {
 
   template <typename Widget>
   Widget& Find(const char* name) {
-    return *dialog_->findChild<Widget*>(name);
+    return PartOf<Widget>(*dialog_, name);
   }
   QTreeView& Tree1() { return Find<QTreeView>("Tree1"); }
   QTreeView& Tree2() { return Find<QTreeView>("Tree2"); }
@@ -105,10 +98,6 @@ class CreateLangDialog : public testing::Test {
   std::string Written(const char* name) { return folder_.Get(std::string("data/") + name); }
 
   std::vector<std::string> told_;
-  TestFolder folder_;
-  ScriptedPrompts prompts_;
-  QuietView view_;
-  Workspace workspace_{{.executable = folder_.File("program"), .data = folder_.File("data")}, prompts_, view_};
   std::optional<frmCreateLang> dialog_;
 };
 
@@ -142,31 +131,18 @@ TEST_F(CreateLangDialog, CreatesALanguage) {
   EXPECT_EQ(LabelText("lblProgress"), "1 of 5 translated");  // "5 %" says the same everywhere
 }
 
-struct Refusal {
-  const char* name;
-  std::optional<std::string> answer;
-  bool has_original;
-  std::vector<std::string> messages;
-};
-
 TEST_F(CreateLangDialog, RefusesNames) {
   Open();
-  const Refusal refusals[] = {
-      {"taken back", std::nullopt, true, {}},
-      {"blank", " ", true, {}},
-      {"there already", "German", true, {"This name exist, just select it from list"}},
-      {"in another folder",
-       "../x",
-       true,
-       {"This name can not be that of a language: choose one without \".\" and \"/\""}},
-      {"no original", "x", false, {"Can not find original/source language. Select one from combo box"}},
-  };
-  for (const Refusal& refusal : refusals) {
-    SCOPED_TRACE(refusal.name);
-    if (!refusal.has_original) Find<QComboBox>("Combo1").setCurrentIndex(-1);
-    prompts_.Expect("Type the new language name", refusal.answer);
+  const std::pair<std::optional<std::string>, std::vector<std::string>> refusals[] = {
+      {std::nullopt, {}},
+      {"German", {"This name exist, just select it from list"}},
+      {"../x", {"This name is not possible for a language. Choose a name without \".\" and \"/\""}},
+      {"x", {"Can not find original/source language. Select one from combo box"}}};
+  for (const auto& [answer, messages] : refusals) {
+    if (answer == "x") Find<QComboBox>("Combo1").setCurrentIndex(-1);
+    prompts_.Expect("Type the new language name", answer);
     Choose("Combo2", "<create new>");
-    EXPECT_EQ(prompts_.TakeMessages(), refusal.messages);
+    EXPECT_EQ(prompts_.TakeMessages(), messages) << answer.value_or("cancelled");
     EXPECT_EQ(Find<QComboBox>("Combo2").currentIndex(), -1);
   }
 }
@@ -214,6 +190,8 @@ TEST_F(CreateLangDialog, AsksBeforeItCreates) {
   Select(Tree1(), "s1 = File not found");
   EXPECT_FALSE(At(Tree2(), "Form1_Module").isValid());
   EXPECT_TRUE(Text2().isReadOnly());
+  Press(Text2(), Qt::Key_Return, Qt::ShiftModifier);
+  EXPECT_EQ(Text2().toPlainText(), "") << "there is no text to break";
   prompts_.Expect("Section/Node Form1_Module not found. Create it?", true);
   prompts_.Expect("Value/Node \"s2\" not found. Create it?", true);
   Select(Tree1(), "s2 = One \xE2\x8F\x8E two");
@@ -260,34 +238,29 @@ TEST_F(CreateLangDialog, EnterTakesTheTextAndGoesOn) {
   EXPECT_THAT(Written(kGermanFile), HasSubstr("s2=\"Eins&#13;&#10;zwei\""));
 }
 
-TEST_F(CreateLangDialog, UnchangedTextIsNoChange) {
+TEST_F(CreateLangDialog, SelectsTheOriginalOfATranslationAndChangesNothing) {
   Open();
   Choose("Combo2", kGermanFile);
   Select(Tree2(), "mnuFile = &Datei");
   EXPECT_EQ(Selected(Tree1()), "mnuFile = &File");
   Find<QPushButton>("Command2").click();
   EXPECT_EQ(LabelText("lblSaved"), "");
-  dialog_->close();  // without a question
-  EXPECT_TRUE(dialog_->isHidden());
-}
-
-TEST_F(CreateLangDialog, SelectsTheOriginalOfATranslation) {
-  Open();
-  Choose("Combo2", kGermanFile);
   Select(Tree2(), "gone = Weg");
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Original item not found"));
   EXPECT_EQ(Text2().toPlainText(), "Weg");
   EXPECT_THAT(FromQt(Tree2().currentIndex().data(Qt::AccessibleTextRole).toString()), HasSubstr("not in the original"));
+  dialog_->close();  // without a question
+  EXPECT_TRUE(dialog_->isHidden());
 }
 
 TEST_F(CreateLangDialog, SavesCreatorAndVersion) {
   workspace_.language.LangFile = "German.Captoria.exe";
+  folder_.Put("program/Other.Captoria.exe.xml", kOld);
   Open();
   Choose("Combo2", kGermanFile);
   const auto color = [this](const char* label) { return Find<QLabel>(label).palette().color(QPalette::WindowText); };
   EXPECT_EQ(LabelText("lblVersionEdit"), "3.4.9");
   EXPECT_NE(color("lblVersionEdit"), color("lblVersion"));
-  EXPECT_GT(color("lblVersionEdit").red(), 2 * color("lblVersionEdit").blue());
   EXPECT_EQ(Find<QLineEdit>("txtCreator").text(), "Bert");
   Find<QLineEdit>("txtCreator").setText("Carla & Co");
   Save();
@@ -295,8 +268,8 @@ TEST_F(CreateLangDialog, SavesCreatorAndVersion) {
   EXPECT_EQ(LabelText("lblVersionEdit"), "3.5.0");
   EXPECT_EQ(color("lblVersionEdit"), color("lblVersion"));
   EXPECT_THAT(Written(kGermanFile), HasSubstr("Creator=\"Carla &amp; Co\" ProgramVersion=\"3.5.0\""));
-  Open();
-  Choose("Combo2", kGermanFile);  // that of the data folder
+  Choose("Combo2", "Other.Captoria.exe.xml");
+  Choose("Combo2", kGermanFile);  // now the file in the data folder
   EXPECT_EQ(Find<QLineEdit>("txtCreator").text(), "Carla & Co");
   EXPECT_EQ(LabelText("lblVersionEdit"), "3.5.0");
 }
@@ -324,7 +297,7 @@ TEST_F(CreateLangDialog, AsksToSave) {
 }
 
 TEST_F(CreateLangDialog, StaysWhenItCannotSave) {
-  folder_.Put("data", "");
+  folder_.Put(std::string("data/") + kGermanFile + "/file", "");  // a folder in the way
   Open();
   Choose("Combo2", kGermanFile);
   Select(Tree1(), "mnuFile = &File");

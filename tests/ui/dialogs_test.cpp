@@ -14,19 +14,14 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QThread>
-#include <QTimer>
-#include <functional>
 #include <memory>
 
-#include "tests/support/qt_application.h"
-#include "tests/support/quiet_view.h"
-#include "tests/support/scripted_prompts.h"
-#include "tests/support/test_folder.h"
+#include "tests/ui/next_dialog.h"
+#include "tests/ui/workspace_fixture.h"
 #include "ui/dialogs/about_dialog.h"
 #include "ui/dialogs/ask_for_tool_dialog.h"
 #include "ui/dialogs/label_ex.h"
 #include "ui/dialogs/link_label.h"
-#include "ui/dialogs/welcome_dialog.h"
 #include "ui/main/window_prompts.h"
 
 namespace captoria {
@@ -52,28 +47,8 @@ void Click(QWidget* widget) {
   }
 }
 
-// Waits for a dialog to come up, and does `does` to it.
-template <typename Dialog>
-void Next(std::function<void(Dialog&)> does) {
-  auto* timer = new QTimer(qApp);
-  QObject::connect(timer, &QTimer::timeout, [timer, does] {
-    QWidget* shown = QApplication::activeModalWidget();
-    if (shown == nullptr) return;
-    timer->stop();
-    timer->deleteLater();
-    auto* dialog = dynamic_cast<Dialog*>(shown);
-    EXPECT_NE(dialog, nullptr) << shown->metaObject()->className();
-    dialog == nullptr ? static_cast<void>(shown->close()) : does(*dialog);
-  });
-  timer->start(1);
-}
-
-class Dialogs : public testing::Test {
+class Dialogs : public WorkspaceFixture {
  protected:
-  static void SetUpTestSuite() { TestApplication(); }
-
-  TestFolder folder_;
-  ScriptedPrompts prompts_;
   RememberingOpener opener_;
 };
 
@@ -102,25 +77,19 @@ TEST_F(Dialogs, ALinkLeadsToItsAddressByClickAndByKey) {
 
 TEST_F(Dialogs, LabelExIsTwoLabelsOnePixelApart) {
   LabelEx label("lblTitle", nullptr);
-  label.resize(80, 20);
   label.show();
   EXPECT_EQ(label.Caption(), "lblTitle");
   label.setProperty("Caption", "Font");
   label.setProperty("FontBold", true);
   label.setProperty("Enabled", false);
-  label.setProperty("TooltipTextInside", "of the subtitles");
-  label.SetAlignment(Qt::AlignRight);
   label.SetBackColor(Qt::black);
   const auto both = label.findChildren<QLabel*>();
   ASSERT_EQ(both.size(), 2);
   EXPECT_EQ(both[1]->pos() - both[0]->pos(), QPoint(-1, -1));
   for (const QLabel* one : both) {
     EXPECT_EQ(one->text(), "Font");
-    EXPECT_EQ(one->size(), QSize(80, 20));
-    EXPECT_EQ(one->toolTip(), "of the subtitles");
     EXPECT_TRUE(one->font().bold());
     EXPECT_FALSE(one->isEnabled());
-    EXPECT_EQ(one->alignment(), Qt::AlignRight);
     EXPECT_EQ(one->palette().color(QPalette::Window), QColor(Qt::black));
   }
 }
@@ -145,73 +114,45 @@ TEST_F(Dialogs, TheAboutBoxTellsVersionsAndLeadsToPages) {
   EXPECT_FALSE(about.isVisible());
 }
 
-TEST_F(Dialogs, TheWelcomeFitsASmallScreenAndIsLeftByOk) {
-  frmWelcome welcome({}, nullptr);
-  welcome.show();
-  EXPECT_LE(welcome.width(), 1024);
-  EXPECT_LE(welcome.height(), 600);
-  EXPECT_TRUE(welcome.findChild<QLabel*>("Label4")->text().contains("<New>"));
-  welcome.findChild<QPushButton*>("OKButton")->click();
-  EXPECT_FALSE(welcome.isVisible());
+TEST_F(Dialogs, AToolQuestionIsLeftWithAFileOrNotAtAll) {
+  struct Asked {
+    Tool tool;
+    const char* name;
+    const char* object;
+  };
+  for (const auto& [tool, name, object] : {Asked{Tool::DivXMux, "DivXMux.exe", "frmAskForDivXMux"},
+                                           {Tool::BmpToXSub, "bmptoxsub.exe", "frmAskForbmptoxsub"}}) {
+    SCOPED_TRACE(name);
+    const std::string file = folder_.Put(name, "");
+    AskForToolDialog dialog(workspace_, tool, opener_, nullptr);
+    dialog.show();
+    EXPECT_EQ(dialog.objectName(), object);
+    EXPECT_EQ(PartOf<QLabel>(dialog, "Label1").text().toStdString(),
+              std::string("File ") + name + " not found. Please, set the path for this file");
+    for (const auto* link : dialog.findChildren<LinkLabel*>()) EXPECT_TRUE(link->isHidden());
+    auto& path = PartOf<QLineEdit>(dialog, "Text1");
+    const auto press = [&](const char* button) { PartOf<QPushButton>(dialog, button).click(); };
+    press("OKButton");
+    path.setText(QString::fromStdString(folder_.Path()));
+    press("OKButton");
+    EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Please set a path", "Please set a valid path"));
+    EXPECT_TRUE(dialog.isVisible());
+    for (const auto& chosen : {std::optional<std::string>(file), std::optional<std::string>()}) {
+      prompts_.Expect("File not found", chosen);
+      press("Command1");
+    }
+    EXPECT_EQ(path.text().toStdString(), file) << "cancelling leaves the field";
+    path.setText("  " + path.text() + " ");
+    press("OKButton");
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_THAT(folder_.Get("data/Captoria.ini"), testing::HasSubstr(file + "\r\n"));
+    InNextDialog<AskForToolDialog>([](auto& asked) { PartOf<QPushButton>(asked, "CancelButton").click(); });
+    EXPECT_FALSE(AskForToolDialog::Ask(workspace_, tool, nullptr));
+  }
 }
-
-struct AskedTool {
-  Tool tool;
-  const char* name;
-  const char* question;
-  const char* key;
-};
-
-class ToolQuestion : public Dialogs, public testing::WithParamInterface<AskedTool> {};
-
-TEST_P(ToolQuestion, IsLeftWithAFileOrNotAtAll) {
-  QuietView view;
-  Workspace workspace({.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view);
-  const std::string file = folder_.Put(GetParam().name, "");
-  AskForToolDialog dialog(workspace, GetParam().tool, opener_, nullptr);
-  dialog.show();
-  EXPECT_EQ(dialog.objectName().toStdString(), std::string("frmAskFor") + GetParam().key);
-  EXPECT_EQ(dialog.findChild<QLabel*>("Label1")->text().toStdString(), GetParam().question);
-  for (const auto* link : dialog.findChildren<LinkLabel*>()) EXPECT_TRUE(link->isHidden());
-  auto* path = dialog.findChild<QLineEdit*>("Text1");
-  auto* browse = dialog.findChild<QPushButton*>("Command1");
-  auto* ok = dialog.findChild<QPushButton*>("OKButton");
-
-  ok->click();
-  path->setText(QString::fromStdString(folder_.Path()));
-  ok->click();
-  EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Please set a path", "Please set a valid path"));
-  EXPECT_TRUE(dialog.isVisible());
-  prompts_.Expect("File not found", std::optional<std::string>(file));
-  browse->click();
-  prompts_.Expect("File not found", std::optional<std::string>());
-  browse->click();
-  EXPECT_EQ(path->text().toStdString(), file) << "cancelling leaves the field";
-  path->setText("  " + path->text() + " ");
-  ok->click();
-  EXPECT_EQ(dialog.result(), QDialog::Accepted);
-  EXPECT_THAT(folder_.Get("Captoria.ini"), testing::HasSubstr(file + "\r\n"));
-}
-
-TEST_P(ToolQuestion, CancelGivesNoPath) {
-  QuietView view;
-  Workspace workspace({.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view);
-  Next<AskForToolDialog>([](auto& dialog) { dialog.template findChild<QPushButton*>("CancelButton")->click(); });
-  EXPECT_FALSE(AskForToolDialog::Ask(workspace, GetParam().tool, nullptr));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Tools, ToolQuestion,
-    testing::Values(AskedTool{Tool::DivXMux, "DivXMux.exe",
-                              "File DivXMux.exe not found. Please, set the path for this file", "DivXMux"},
-                    AskedTool{Tool::BmpToXSub, "bmptoxsub.exe",
-                              "File bmptoxsub.exe not found. Please, set the path for this file", "bmptoxsub"}),
-    [](const auto& row) { return std::string{row.param.key}; });
 
 TEST_F(Dialogs, AddressesThatALanguageBringsAreShownAndOpened) {
-  QuietView view;
-  Workspace workspace({.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view);
-  AskForToolDialog dialog(workspace, Tool::DivXMux, opener_, nullptr);
+  AskForToolDialog dialog(workspace_, Tool::DivXMux, opener_, nullptr);
   dialog.findChild<QLabel*>("Label5")->setText("bad:address");
   dialog.show();
   EXPECT_FALSE(dialog.findChild<QLabel*>("Label2")->isVisible());
@@ -227,7 +168,7 @@ class WindowPromptsTest : public Dialogs {
 };
 
 TEST_F(WindowPromptsTest, MessagesShowTagsAsTheyAreAndStayOnTheScreen) {
-  Next<QMessageBox>([](QMessageBox& box) {
+  InNextDialog<QMessageBox>([](QMessageBox& box) {
     EXPECT_EQ(box.text(), "a '<font color=...>' tag");
     EXPECT_EQ(box.textFormat(), Qt::PlainText);
     box.accept();
@@ -235,7 +176,7 @@ TEST_F(WindowPromptsTest, MessagesShowTagsAsTheyAreAndStayOnTheScreen) {
   asked_.ShowMessage("Captoria", "a '<font color=...>' tag");
   std::string report;
   for (int i = 0; i < 200; ++i) report += "Error opening file\r\n";
-  Next<QMessageBox>([](QMessageBox& box) {
+  InNextDialog<QMessageBox>([](QMessageBox& box) {
     EXPECT_LE(box.height(), 600);
     EXPECT_EQ(box.detailedText().count('\n'), 199);
     box.accept();
@@ -246,20 +187,20 @@ TEST_F(WindowPromptsTest, MessagesShowTagsAsTheyAreAndStayOnTheScreen) {
 TEST_F(WindowPromptsTest, QuestionsAreAnsweredAlsoForAnotherThread) {
   bool yes = false, escaped = true;
   std::unique_ptr<QThread> worker(QThread::create([&] { yes = asked_.AskYesNo("Captoria", "Go on?"); }));
-  Next<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
+  InNextDialog<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
   QEventLoop loop;
   QObject::connect(worker.get(), &QThread::finished, &loop, &QEventLoop::quit);
   worker->start();
   loop.exec();
   EXPECT_TRUE(yes);
-  Next<QMessageBox>([](QMessageBox& box) { box.reject(); });
+  InNextDialog<QMessageBox>([](QMessageBox& box) { box.reject(); });
   escaped = asked_.AskYesNo("Captoria", "Go on?");
   EXPECT_FALSE(escaped);
 }
 
 TEST_F(WindowPromptsTest, FilesComeBackAsTheyAreNamed) {
   const std::string a = folder_.Put("a \xCE\xB1.avi", ""), b = folder_.Put("b.avi", "");
-  Next<QFileDialog>([&](QFileDialog& dialog) {
+  InNextDialog<QFileDialog>([&](QFileDialog& dialog) {
     EXPECT_EQ(dialog.nameFilters(), QStringList({"*.avi *.divx", "All (*)"}));
     EXPECT_EQ(dialog.directory().absolutePath().toStdString(), folder_.Path());
     dialog.findChild<QLineEdit*>("fileNameEdit")->setText("\"a \u03B1.avi\" \"b.avi\"");
@@ -267,9 +208,9 @@ TEST_F(WindowPromptsTest, FilesComeBackAsTheyAreNamed) {
   });
   EXPECT_THAT(asked_.AskFilesToOpen("Videos", {{"*.avi;*.divx", "*.avi;*.divx"}, {"All", "*"}}, b),
               testing::UnorderedElementsAre(a, b));
-  Next<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+  InNextDialog<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
   EXPECT_THAT(asked_.AskFilesToOpen("Videos", {}, ""), IsEmpty());
-  Next<QFileDialog>([](QFileDialog& dialog) {
+  InNextDialog<QFileDialog>([](QFileDialog& dialog) {
     dialog.findChild<QLineEdit*>("fileNameEdit")->setText("new");
     dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
   });
@@ -277,12 +218,12 @@ TEST_F(WindowPromptsTest, FilesComeBackAsTheyAreNamed) {
 }
 
 TEST_F(WindowPromptsTest, AnUntouchedColourOrFontStaysWhatItWas) {
-  Next<QColorDialog>([](QColorDialog& dialog) {
+  InNextDialog<QColorDialog>([](QColorDialog& dialog) {
     EXPECT_EQ(dialog.currentColor(), QColor(0x10, 0x20, 0x30));
     dialog.accept();
   });
   EXPECT_EQ(asked_.AskColor("Color", 0x302010u), 0x302010u);
-  Next<QFontDialog>([](QFontDialog& dialog) { dialog.accept(); });
+  InNextDialog<QFontDialog>([](QFontDialog& dialog) { dialog.accept(); });
   const auto font =
       asked_.AskFont("Font", {.name = "DejaVu Sans", .size = 20.25, .bold = true, .italic = false, .charset = 161});
   ASSERT_TRUE(font);

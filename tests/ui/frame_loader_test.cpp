@@ -135,57 +135,32 @@ TEST_F(FrameLoaderTest, EndsAtOnceWhateverItIsDoing) {
   }
 }
 
-struct Fault {
-  const char* name;
-  std::string (*path)(const TestFolder& folder);
-  qint64 frame;
-  std::size_t answers;
-  const char* expected;  // "@" stands for the path
-};
-
-class Faults : public FrameLoaderTest, public testing::WithParamInterface<Fault> {};
-
-TEST_P(Faults, AreToldInWords) {
-  const std::string path = GetParam().path(folder_);
-  const auto loader = Start();
-  loader->Open(path);
-  loader->Request(GetParam().frame);
-  const auto answers = Answers(GetParam().answers);
-  ASSERT_EQ(answers.size(), GetParam().answers);
-  QString expected = GetParam().expected;
-  EXPECT_EQ(answers.back(), expected.replace("@", QString::fromStdString(path)).toStdString());
-}
-
-std::string Whole(const TestFolder& folder) {
-  MakeReddening(folder, "a.avi");
-  return folder.File("a.avi");
-}
-
-std::string HalfOf(const TestFolder& folder) {
-  MakeReddening(folder, "a.avi");
-  const std::string whole = folder.Get("a.avi");
-  return folder.Put("half.avi", whole.substr(0, whole.size() / 2));
-}
-
-std::string Undecodable(const TestFolder& folder) {
-  Ffmpeg(folder, "-f lavfi -i testsrc2=size=64x48 -c:v mpeg4 -frames:v 5 a.avi");
-  std::string bytes = folder.Get("a.avi");
+TEST_F(FrameLoaderTest, FaultsAreToldInWords) {
+  Ffmpeg(folder_, "-f lavfi -i testsrc2=size=64x48 -c:v mpeg4 -frames:v 5 b.avi");
+  std::string bytes = folder_.Get("b.avi");
   for (auto at = bytes.find("FMP4"); at != bytes.npos; at = bytes.find("FMP4")) bytes.replace(at, 4, "QZ9?");
-  return folder.Put("b.avi", bytes);
+  folder_.Put("undecodable.avi", bytes);
+  MakeReddening(folder_, "whole.avi");
+  struct Fault {
+    const char* film;
+    qint64 frame;
+    std::size_t answers;
+    std::string expected;
+  };
+  for (const auto& [film, frame, count, expected] :
+       {Fault{"none.avi", 0, 1, "There was an error working with the file:\r\n" + folder_.File("none.avi")},
+        {"undecodable.avi", 0, 1, "No suitable decompressor found for this video stream!"},
+        {"whole.avi", 31, 2, "Frame not found"},
+        {"whole.avi", 30, 2, "Can not get frame of file '" + folder_.File("whole.avi") + "'"}}) {
+    SCOPED_TRACE(testing::Message() << film << ", frame " << frame);
+    const auto loader = Start();
+    loader->Open(folder_.File(film));
+    loader->Request(frame);
+    const auto answers = Answers(count);
+    ASSERT_EQ(answers.size(), count);
+    EXPECT_EQ(answers.back(), expected);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Films, Faults,
-    testing::Values(Fault{"NoSuchFile", [](const TestFolder& folder) { return folder.File("none.avi"); }, 0, 1,
-                          "There was an error working with the file:\r\n@"},
-                    Fault{"NoFilm",
-                          [](const TestFolder& folder) { return folder.Put("a.avi", std::string(5000, 'x')); }, 0, 1,
-                          "There was an error working with the file:\r\n@"},
-                    Fault{"NoDecoder", Undecodable, 0, 1, "No suitable decompressor found for this video stream!"},
-                    Fault{"BeyondTheEnd", Whole, 31, 2, "Frame not found"},
-                    Fault{"JustBehindTheLast", Whole, 30, 2, "Can not get frame of file '@'"},
-                    Fault{"BrokenOff", HalfOf, 29, 2, "Can not get frame of file '@'"}),
-    [](const auto& row) { return std::string{row.param.name}; });
 
 }  // namespace
 }  // namespace captoria

@@ -17,6 +17,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "tests/support/qt_application.h"
 #include "tests/support/scripted_prompts.h"
@@ -53,6 +54,7 @@ class MainWindow : public testing::Test {
     workspace_.emplace(ProgramFolders{.executable = CAPTORIA_BIN, .data = folder_.File("data")}, prompts_, view_,
                        attendance);
     workspace_->preferences.settings.ShowWelcome = false;
+    workspace_->preferences.settings.ShowDos = false;
     window_ = std::make_unique<Form1>(*workspace_, view_);
     window_->show();
   }
@@ -83,9 +85,11 @@ class MainWindow : public testing::Test {
     QApplication::sendEvent(window_.get(), &event);
   }
 
-  void OpenFilm() {
+  // Returns the messages shown.
+  std::vector<std::string> OpenFilm() {
     prompts_.Expect("Captoria", std::optional<std::string>{film_});
     Choose("mnuOpenAvi");
+    return prompts_.TakeMessages();
   }
 
   TestFolder folder_;

@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 
 #include <QPushButton>
+#include <QScreen>
+#include <set>
 
 #include "platform/files.h"
 #include "tests/ui/main_window_fixture.h"
@@ -15,19 +17,21 @@ namespace captoria {
 namespace {
 
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 constexpr const char* kFitted =
     "1 subtitle(s) are outside safe viewing area, but program will fit these subtitles by decreasing font size.";
 
 TEST_F(MainWindow, OpeningAVideoShowsItsSubtitlesCountsAndStreams) {
   EXPECT_EQ(Tabs(), QStringList({"Subtitle 1", "<New>"}));
-  OpenFilm();
-  EXPECT_THAT(prompts_.TakeMessages(), ElementsAre(kFitted));
+  EXPECT_THAT(OpenFilm(), ElementsAre(kFitted));
   EXPECT_EQ(window_->windowTitle().toStdString(), "film.srt - Captoria ver. 3.5.0 by Halvard");
   auto* list = Part<QTreeView>("ListView1");
   EXPECT_EQ(list->model()->rowCount(), 2);
+  EXPECT_EQ(list->model()->index(1, 0).data(Qt::AccessibleTextRole), "2, outside safe viewing area");
   EXPECT_THAT(Status("lblStatus2").toStdString(), HasSubstr("1 subtitle(s) outside safe viewing area"));
   EXPECT_EQ(Part<QComboBox>("Combo3")->currentText(), "PAL");
   Choose("AviInfo");
@@ -39,12 +43,14 @@ TEST_F(MainWindow, OpeningAVideoShowsItsSubtitlesCountsAndStreams) {
   Choose("mnuRightAl");
   EXPECT_EQ(workspace_->project.tracks.Current().cues.front().Tag, "|r");
   list->setCurrentIndex(list->model()->index(1, 0));
+  EXPECT_THAT(Status("lblStatus").toStdString(), AllOf(StartsWith("Font size and pos: "), EndsWith("|r")));
   Choose("mnuFitFont");
   EXPECT_EQ(list->currentIndex().row(), 1) << "the cue that is looked at stays";
   Choose("mnuFitFont");
   list->selectAll();
   Choose("mnuOnlyOut");
   EXPECT_EQ(list->model()->rowCount(), 1);
+  EXPECT_THAT(list->model()->index(0, 0).data(Qt::ToolTipRole).toString().toStdString(), StartsWith("Fit font size: "));
   Choose("mnuOnlyOut");
 
   Part<QTabBar>("TabStrip1")->setCurrentIndex(1);
@@ -57,19 +63,22 @@ TEST_F(MainWindow, OpeningAVideoShowsItsSubtitlesCountsAndStreams) {
 }
 
 TEST_F(MainWindow, WhatIsDroppedIsOpened) {
+  const std::string other = folder_.Put("other.srt", "1\n00:00:01,000 --> 00:00:02,000\nBye\n");
+  prompts_.Expect("Captoria", std::optional{other});
+  Part<QPushButton>("cmdStartSubtitle")->click();
+  EXPECT_THAT(window_->windowTitle().toStdString(), StartsWith("other.srt - "));
   Drop(film_);
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre(kFitted));
   EXPECT_EQ(workspace_->project.video.AviPath, film_);
-  Drop(folder_.Put("other.srt", "1\n00:00:01,000 --> 00:00:02,000\nBye\n"));
-  EXPECT_EQ(window_->windowTitle().toStdString(), "other.srt - Captoria ver. 3.5.0 by Halvard");
+  EXPECT_THAT(window_->windowTitle().toStdString(), StartsWith("film.srt - "));
+  Drop(other);
+  EXPECT_THAT(window_->windowTitle().toStdString(), StartsWith("other.srt - "));
   EXPECT_EQ(workspace_->project.tracks.Count(), 1) << "a single file goes into the current track";
 }
 
 TEST_F(MainWindow, CreatesTheSameFilmAsTheCommandLine) {
   OpenFilm();
-  workspace_->preferences.settings.ShowDos = false;
   workspace_->project.tracks.Current().style.VertPos = 77;
-  prompts_.TakeMessages();
   Choose("mnuMakeDivX");
   EXPECT_THAT(prompts_.TakeMessages(), ElementsAre("Creation Finished!"));
   EXPECT_FALSE(Part<JobBar>("jobBar")->isVisible());
@@ -85,7 +94,6 @@ TEST_F(MainWindow, CreatesTheSameFilmAsTheCommandLine) {
 TEST_F(MainWindow, CancelLeavesNothingAndTheWindowGoesOn) {
   folder_.Put("film.srt", ManyCues());
   OpenFilm();
-  workspace_->preferences.settings.ShowDos = false;
   prompts_.TakeMessages();
   QTimer::singleShot(60, window_.get(), [this] {
     EXPECT_TRUE(Part<JobBar>("jobBar")->isVisible());
@@ -102,7 +110,6 @@ TEST_F(MainWindow, CancelLeavesNothingAndTheWindowGoesOn) {
 TEST_F(MainWindow, ClosingDuringAJobAsksStopsItAndCloses) {
   folder_.Put("film.srt", ManyCues());
   OpenFilm();
-  workspace_->preferences.settings.ShowDos = false;
   prompts_.TakeMessages();
   QTimer::singleShot(30, window_.get(), [this] {
     prompts_.Expect("Stop it?", false);
@@ -117,29 +124,18 @@ TEST_F(MainWindow, ClosingDuringAJobAsksStopsItAndCloses) {
   EXPECT_FALSE(FileExists(folder_.File("film.divx")));
 }
 
-TEST_F(MainWindow, ShowsWhatACueHasOfItsOwn) {
-  OpenFilm();
-  prompts_.TakeMessages();
-  auto* list = Part<QTreeView>("ListView1");
-  workspace_->project.tracks.Current().cues[1].Tag = "|55";
-  for (const auto& [row, alignment, position] : {std::tuple{0, false, false}, {1, false, true}}) {
-    list->setCurrentIndex(list->model()->index(row, 0));
-    EXPECT_EQ(Part<QLabel>("lblOwnAlign")->isVisible(), alignment) << row;
-    EXPECT_EQ(Part<QLabel>("lblOwnPos")->isVisible(), position) << row;
-  }
-  EXPECT_EQ(Part<QSlider>("sldVertPos")->value(), 55);
-  Choose("mnuCenterAl");
-  EXPECT_TRUE(Part<QLabel>("lblOwnAlign")->isVisible());
-}
-
 TEST_F(MainWindow, HasATextInALanguageFileForEveryCaption) {
   OpenFilm();
-  prompts_.TakeMessages();
   for (QWidget* widget : window_->findChildren<QWidget*>()) {
     const auto* label = qobject_cast<QLabel*>(widget);
     const auto* button = qobject_cast<QPushButton*>(widget);
     const QString text = label != nullptr ? label->text() : button != nullptr ? button->text() : QString{};
     EXPECT_TRUE(text.isEmpty() || !widget->objectName().isEmpty()) << text.toStdString();
+  }
+  std::set<QKeySequence> keys;
+  for (const QAction* action : window_->findChildren<QAction*>()) {
+    const QKeySequence key = action->shortcut();
+    EXPECT_TRUE(key.isEmpty() || keys.insert(key).second) << key.toString().toStdString() << " stands for two commands";
   }
   for (const QAction* action : window_->menuBar()->actions()) {
     for (const QAction* entry : action->menu()->actions()) {
@@ -147,11 +143,8 @@ TEST_F(MainWindow, HasATextInALanguageFileForEveryCaption) {
           << entry->text().toStdString();
     }
   }
-  const std::string path =
-      folder_.Put("l.xml",
-                  R"(<L><Form1_Design TabStrip1_1="Untertitel 1" TabStrip1_2="&lt;Neu&gt;" lblText="Text!"
-                                          lblSubOut=" draußen" lblStream="Spur"/></L>)");
-  workspace_->language.document = std::move(*LanguageDocument::Load(path));
+  workspace_->language.document = *LanguageDocument::Parse(R"(<L><Form1_Design TabStrip1_1="Untertitel 1"
+      TabStrip1_2="&lt;Neu&gt;" lblText="Text!" lblSubOut=" draußen" lblStream="Spur"/></L>)");
   workspace_->project.SelectLastTab(workspace_->preferences);
   view_.ShowLanguage();
   EXPECT_EQ(Tabs(), QStringList({"Untertitel 1", "Untertitel 2", "<Neu>"}));
@@ -172,7 +165,6 @@ TEST_F(MainWindow, TheUnattendedRunIsShownWhenItIsOver) {
 
 TEST_F(MainWindow, StartsAgainAsItWasClosed) {
   OpenFilm();
-  prompts_.TakeMessages();
   workspace_->project.tracks.Current().style.VertPos = 66;
   window_->setGeometry(20, 30, 780, 620);
   window_->close();
@@ -184,7 +176,10 @@ TEST_F(MainWindow, StartsAgainAsItWasClosed) {
   ASSERT_EQ(recent.size(), 1);
   recent.front()->trigger();
   EXPECT_EQ(workspace_->project.video.AviPath, film_);
-  prompts_.TakeMessages();
+  EXPECT_EQ(Part<QMenu>("mnuRecent")->actions().size(), 1) << "listed once, however often it is opened";
+  workspace_->preferences.settings.MainX = 1e6F;  // on a screen that is gone
+  WindowState(*workspace_, window_.get()).Restore();
+  EXPECT_TRUE(window_->screen()->geometry().intersects(window_->geometry()));
 }
 
 }  // namespace

@@ -3,16 +3,8 @@
 
 #include "ui/options/options_batch_page.h"
 
-#include <gmock/gmock.h>
-
-#include <QApplication>
-#include <QTimer>
-#include <stdexcept>
-
-#include "tests/support/qt_application.h"
-#include "tests/support/quiet_view.h"
-#include "tests/support/scripted_prompts.h"
-#include "tests/support/test_folder.h"
+#include "tests/ui/next_dialog.h"
+#include "tests/ui/workspace_fixture.h"
 #include "ui/texts/qt_text.h"
 
 namespace captoria {
@@ -25,10 +17,8 @@ using Path = std::optional<std::string>;
 
 constexpr const char* kTidy = "# old\r\n# Dashes\r\n\r\nSelect 2, \"-\"A, \"\"\r\nx\r\n";
 
-class BatchPage : public testing::Test {
+class BatchPage : public WorkspaceFixture {
  protected:
-  static void SetUpTestSuite() { TestApplication(); }
-
   void Show(const std::string& batch_to_run) {
     Settings settings = workspace_.preferences.settings;
     settings.BatchToRun = batch_to_run;
@@ -38,10 +28,7 @@ class BatchPage : public testing::Test {
 
   template <typename Widget>
   Widget& Part(const char* name, int index = -1) {
-    for (auto* part : page_.findChildren<Widget*>(name)) {
-      if (index < 0 || part->property("Index") == index) return *part;
-    }
-    throw std::runtime_error(std::string{"no control "} + name);
+    return PartOf<Widget>(page_, name, index);
   }
 
   void Press(const char* name, int index = -1) { Part<QAbstractButton>(name, index).click(); }
@@ -59,14 +46,7 @@ class BatchPage : public testing::Test {
   void Add(int index, const char* action, Confirm confirm) {
     Press("cmdAddComm", index);
     page_.findChild<QMenu*>("mnuHidden")->close();
-    QTimer when_shown;
-    when_shown.setSingleShot(true);
-    QObject::connect(&when_shown, &QTimer::timeout, &page_, [&] {
-      auto* dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
-      ASSERT_NE(dialog, nullptr);
-      confirm(*dialog);
-    });
-    when_shown.start(0);
+    InNextDialog<Dialog>(confirm);
     page_.findChild<QAction*>(action)->trigger();
   }
 
@@ -83,10 +63,6 @@ class BatchPage : public testing::Test {
     return settings.BatchToRun;
   }
 
-  TestFolder folder_;
-  ScriptedPrompts prompts_;
-  QuietView view_;
-  Workspace workspace_{{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_};
   OptionsBatchPage page_{workspace_, {.cue = nullptr, .position = 0, .maximum = 300}, nullptr};
 };
 
@@ -132,7 +108,7 @@ TEST_F(BatchPage, AnotherFileTakesThePlaceOfTheFirst) {
   Show(tidy);
   prompts_.Expect("batch file", Path{});
   Press("cmdBatchToRun");
-  EXPECT_EQ(Stored(), tidy);
+  EXPECT_EQ(Stored(), tidy) << "cancelled";
   Part<QLineEdit>("txtComment", 1).setText("lost");
   prompts_.Expect("batch file", Path{other});
   Press("cmdBatchToRun");
@@ -153,34 +129,27 @@ TEST_F(BatchPage, AnotherFileTakesThePlaceOfTheFirst) {
   EXPECT_EQ(folder_.Get("tidy.cbx"), kTidy);
 }
 
-struct Creation {
-  const char* name;
-  const char* chosen;
-  const char* written;
-};
-
-class BatchCreation : public BatchPage, public testing::WithParamInterface<Creation> {};
-
-TEST_P(BatchCreation, NamesTheFile) {
+TEST_F(BatchPage, ANewFileGetsItsExtension) {
   Show("");
   AddSelect(0);
   Part<QLineEdit>("txtComment", 0).setText("Two lines");
   prompts_.Expect("Create", Path{});
   Press("cmdCreate");
   EXPECT_FALSE(page_.HasMadeFiles());
-  prompts_.Expect("Create", Path{folder_.File(GetParam().chosen)});
-  Press("cmdCreate");
-  EXPECT_EQ(folder_.Get(GetParam().written), "# Two lines\r\nSelect 2, \"\", \"\"\r\n");
+  for (const auto& [chosen, written] : std::vector<std::pair<const char*, const char*>>{
+           {"a.cbx", "a.cbx"}, {"b", "b.cbx"}, {"C.CBX", "C.CBX.cbx"}, {"dcbx", "dcbx"}}) {
+    prompts_.Expect("Create", Path{folder_.File(chosen)});
+    Press("cmdCreate");
+    EXPECT_EQ(folder_.Get(written), "# Two lines\r\nSelect 2, \"\", \"\"\r\n") << chosen;
+  }
   EXPECT_TRUE(page_.HasMadeFiles());
   EXPECT_THAT(Commands(1), IsEmpty());
+  prompts_.Expect("Create", Path{folder_.File("b")});
+  prompts_.Expect("b.cbx already exists", false);  // the file dialog asked only about "b"
+  Part<QLineEdit>("txtComment", 0).setText("anew");
+  Press("cmdCreate");
+  EXPECT_EQ(folder_.Get("b.cbx").find("anew"), std::string::npos);
 }
-
-INSTANTIATE_TEST_SUITE_P(Names, BatchCreation,
-                         testing::Values(Creation{"WithExtension", "tidy.cbx", "tidy.cbx"},
-                                         Creation{"Without", "tidy", "tidy.cbx"},
-                                         Creation{"InCapitals", "Tidy.CBX", "Tidy.CBX.cbx"},
-                                         Creation{"LettersAreEnough", "tidycbx", "tidycbx"}),
-                         [](const auto& row) { return std::string{row.param.name}; });
 
 TEST_F(BatchPage, TheFileToRunIsSeenWhenItIsCreatedAnew) {
   const std::string tidy = folder_.Put("tidy.cbx", kTidy);
@@ -191,17 +160,6 @@ TEST_F(BatchPage, TheFileToRunIsSeenWhenItIsCreatedAnew) {
   Press("cmdCreate");
   EXPECT_THAT(Commands(1), ElementsAre("Select 2, \"\", \"\""));
   EXPECT_EQ(Part<QLineEdit>("txtComment", 1).text(), "anew");
-}
-
-TEST_F(BatchPage, AFileThatTheDialogDidNotAskAboutIsAskedFor) {
-  folder_.Put("tidy.cbx", kTidy);
-  Show("");
-  AddSelect(0);
-  prompts_.Expect("Create", Path{folder_.File("tidy")});
-  prompts_.Expect("tidy.cbx is there already", false);
-  Press("cmdCreate");
-  EXPECT_EQ(folder_.Get("tidy.cbx"), kTidy);
-  EXPECT_FALSE(page_.HasMadeFiles());
 }
 
 TEST_F(BatchPage, WhatCannotBeReadOrWrittenIsTold) {

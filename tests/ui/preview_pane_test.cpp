@@ -3,17 +3,12 @@
 
 #include "ui/preview/preview_pane.h"
 
-#include <gmock/gmock.h>
-
 #include <QElapsedTimer>
 #include <cstdlib>
 #include <functional>
 #include <memory>
 
-#include "tests/support/qt_application.h"
-#include "tests/support/quiet_view.h"
-#include "tests/support/scripted_prompts.h"
-#include "tests/support/test_folder.h"
+#include "tests/ui/workspace_fixture.h"
 
 namespace captoria {
 namespace {
@@ -30,7 +25,7 @@ SubtitleCue Cue(const char* number, const char* show, const char* text, const ch
   return {.Number = number, .Show = show, .Hide = "00:01:00,000", .Text = text, .Tag = tag};
 }
 
-class PreviewPaneTest : public testing::Test {
+class PreviewPaneTest : public WorkspaceFixture {
  protected:
   static void SetUpTestSuite() {
     TestApplication();
@@ -71,10 +66,6 @@ class PreviewPaneTest : public testing::Test {
   }
 
   static inline std::unique_ptr<TestFolder> films_;
-  TestFolder folder_;
-  ScriptedPrompts prompts_;
-  QuietView view_;
-  Workspace workspace_{{.executable = folder_.Path(), .data = folder_.Path()}, prompts_, view_};
   PreviewPane pane_{workspace_, nullptr};
   std::vector<std::string> told_;
 };
@@ -136,6 +127,8 @@ TEST_F(PreviewPaneTest, StyleAndPositionAreFollowed) {
   ASSERT_EQ(heights.size(), 2u);
   EXPECT_EQ(heights[1], Subtitle()->Image().height());
   EXPECT_GT(heights[1], heights[0]);
+  pane_.ShowCue(nullptr);
+  EXPECT_GE(Subtitle()->minimumHeight(), heights[1]) << "the pane does not jump between cues";
 }
 
 TEST_F(PreviewPaneTest, TheSliderMovesThroughTheFilm) {
@@ -156,7 +149,7 @@ TEST_F(PreviewPaneTest, TheSliderMovesThroughTheFilm) {
 }
 
 TEST_F(PreviewPaneTest, CuesAreShownAtTheirTimeWhenThatIsWanted) {
-  const SubtitleCue first = Cue("1", "00:00:00,400", "One"), second = Cue("2", "00:00:03,079", "Two");
+  const SubtitleCue first = Cue("1", "00:00:00,400", "One"), second = Cue("1", "00:00:03,079", "Two");
   OpenFilm(films_->File("a.avi"));
   pane_.ShowCue(&first);
   ASSERT_TRUE(ShowsFrame(50));
@@ -196,8 +189,7 @@ TEST_F(PreviewPaneTest, AFilmThatCannotBeShownIsToldAndCuesGoOn) {
   const std::string broken = folder_.Put("b.avi", "no film");
   OpenFilm(broken);
   EXPECT_TRUE(Comes([&] { return !told_.empty(); }));
-  EXPECT_THAT(told_, ElementsAre("There was an error working with the file:\r\n" + broken));
-  EXPECT_EQ(Video()->Text().toStdString(), told_[0]);
+  EXPECT_THAT(told_, ElementsAre(HasSubstr(broken)));
   pane_.ShowCue(&cue);
   EXPECT_FALSE(Subtitle()->Image().isNull());
   EXPECT_EQ(Video()->Text().toStdString(), told_[0]);
@@ -206,7 +198,6 @@ TEST_F(PreviewPaneTest, AFilmThatCannotBeShownIsToldAndCuesGoOn) {
   OpenFilm(films_->File("a.avi"));
   EXPECT_TRUE(Comes([&] { return told_.size() == 2; }));
   EXPECT_EQ(Video()->Text(), "Frame not found");
-  EXPECT_TRUE(Video()->Image().isNull());
   Find<QSlider>("FrameSlider")->setValue(7);
   EXPECT_TRUE(ShowsFrame(7));
   EXPECT_EQ(Video()->Text(), "");

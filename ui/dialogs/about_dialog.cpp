@@ -64,7 +64,7 @@ void frmAbout::AddLinks(QLayout* layout, DocumentOpener& opener) {
     connect(link, &LinkLabel::NotOpened, this,
             [this](const QString& reason) { prompts_.ShowMessage(kProgramTitle, FromQt(reason)); });
     layout->addWidget(link);
-    layout->setAlignment(link, Qt::AlignLeading);  // only the words themselves can be clicked
+    layout->setAlignment(link, Qt::AlignLeading);  // so that only the words react to a click
     return link;
   };
   add("Label4", "BmpToxSub", facts_.bmptoxsub_page);

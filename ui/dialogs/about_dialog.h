@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What the program is, which version, and what it runs on.
+// The about box: the program's name, its version, links and system information.
 #pragma once
 
 #include <QDialog>
@@ -16,12 +16,12 @@ namespace captoria {
 struct ProgramFacts {
   std::string version;  // "3.5.0"
 
-  // Addresses of pages; a tool without one is named without a link, and no home page is not shown.
+  // Web addresses. A tool without an address is named without a link; a missing home page is not shown.
   std::string bmptoxsub_page{};
   std::string divxmux_page{};
   std::string home_page{};
 
-  // Told with the system's information beside Qt and the system itself: "FFmpeg 5.1".
+  // Listed in the system information, after the system and Qt: "FFmpeg 5.1".
   std::vector<std::string> libraries{};
 };
 

@@ -75,7 +75,7 @@ void AskForToolDialog::AddPath(QVBoxLayout* layout) {
   layout->addLayout(row);
 }
 
-// Before it is shown, so that its size is that of what stays.
+// Hides empty links before the dialog gets its size.
 void AskForToolDialog::setVisible(bool visible) {
   for (auto* link : findChildren<LinkLabel*>()) {
     const int number = link->objectName().mid(5).toInt();

@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Asks for the place of a tool that is nowhere to be found. It is left with the path of a file that is there, or not at
-// all.
+// Asks where a missing tool is. OK accepts only the path of an existing file.
 #pragma once
 
 #include <QDialog>
@@ -21,8 +20,8 @@ namespace captoria {
 // The object's name is "frmAskForDivXMux" or "frmAskForbmptoxsub".
 class AskForToolDialog final : public QDialog {
  public:
-  // `workspace` and `opener` outlive the dialog. Link labels begin empty; one that is empty when the dialog is shown is
-  // hidden, and so are the words that lead to it.
+  // `workspace` and `opener` outlive the dialog. Links are empty unless the language file fills them; an empty link and
+  // its caption are hidden.
   AskForToolDialog(Workspace& workspace, Tool tool, DocumentOpener& opener, QWidget* parent);
 
   // Asks until there is a path, which is then in the settings. False: the user gave up.

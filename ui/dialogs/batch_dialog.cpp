@@ -46,7 +46,7 @@ frmBatch::frmBatch(Prompts& prompts, std::string current_video, QWidget* parent)
   ok->setDefault(true);
   side->addWidget(ok);
   side->addWidget(Button("CancelButton", "Cancel", &frmBatch::reject));
-  delete_->setToolTip("Takes the selected lines off the list; the files stay");
+  delete_->setToolTip("Removes the selected lines from the list; the files are kept");
 
   auto* layout = new QGridLayout(this);
   layout->addWidget(label, 0, 0, 1, 2);
@@ -101,7 +101,7 @@ void frmBatch::accept() {
   prompts_.ShowMessage(kProgramTitle, "Plaese add some files");
 }
 
-// Files are only added at the end, so the lines that are there stay, and with them what is selected.
+// Files are only ever appended, so existing lines and their selection stay.
 void frmBatch::ShowFiles() {
   const auto& files = files_.Files();
   const auto shown = static_cast<std::size_t>(list_->count());
@@ -116,7 +116,7 @@ void frmBatch::ShowFiles() {
 
 void frmBatch::OfferWhatIsPossible() {
   const bool selected = list_->selectionModel()->hasSelection();
-  // A button that greys out under the keyboard would hand the focus to just any neighbour.
+  // A button that is disabled while it has the focus passes it to an arbitrary neighbour.
   if ((delete_->hasFocus() && !selected) || (clear_->hasFocus() && list_->count() == 0)) list_->setFocus();
   delete_->setEnabled(selected);
   clear_->setEnabled(list_->count() > 0);

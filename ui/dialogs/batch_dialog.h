@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Collects the videos of a batch conversion: from file dialogs, or dropped on it.
+// Collects the videos of a batch conversion from file dialogs and from drag and drop.
 #pragma once
 
 #include <QDialog>
@@ -17,10 +17,10 @@ namespace captoria {
 
 class frmBatch final : public QDialog {
  public:
-  // `prompts` outlives the dialog. File dialogs begin at `current_video`, which may be empty.
+  // `prompts` outlives the dialog. File dialogs start at `current_video`, which may be empty.
   frmBatch(Prompts& prompts, std::string current_video, QWidget* parent);
 
-  // Whether the dialog was left by "OK". It is hidden then, and its list can be read.
+  // Whether the user closed the dialog with OK. The dialog is then hidden, and Files is valid.
   bool Confirmed() const { return result() == QDialog::Accepted; }
 
   std::vector<std::string> Files() const { return files_.Files(); }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The two buttons a dialog ends with.
+// The row of OK and Cancel buttons at the end of a dialog.
 #pragma once
 
 #include <QDialog>
@@ -11,11 +11,11 @@
 namespace captoria {
 
 struct DialogButton {
-  const char* name;  // its object name
+  const char* name;  // object name
   QString text;
 };
 
-// In a row at the trailing edge: the one that Enter presses and that accepts the dialog, and the one that rejects it.
+// A row of two buttons at the trailing edge. `accept` is the default button.
 inline QHBoxLayout* DialogButtons(QDialog& dialog, const DialogButton& accept, const DialogButton& reject) {
   auto* row = new QHBoxLayout;
   row->addStretch();

@@ -17,7 +17,7 @@
 
 namespace captoria {
 
-// Puts the list over a cell. Only a choice changes the cell: leaving the list does not.
+// Opens a drop-down list over a cell. Only choosing an item changes the cell; leaving the list does not.
 class Info::ComboDelegate final : public QStyledItemDelegate {
  public:
   explicit ComboDelegate(Info* info) : QStyledItemDelegate(info), info_(info) {}
@@ -40,14 +40,14 @@ class Info::ComboDelegate final : public QStyledItemDelegate {
 
   void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const override {}
 
-  // An arrow tells which cells have a list.
+  // An arrow marks cells that have a list.
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& cell) const override {
     if (!info_->OffersList(cell)) return QStyledItemDelegate::paint(painter, option, cell);
     QStyleOptionViewItem text = option;
     initStyleOption(&text, cell);
     const QStyle* style = info_->style();
     const int size = style->pixelMetric(QStyle::PM_MenuButtonIndicator, &option, info_);
-    // The whole cell is drawn first, so that a selected one is filled up to its edge.
+    // Draw the whole cell first, so that the selection fills it up to the edge.
     text.text.clear();
     style->drawControl(QStyle::CE_ItemViewItem, &text, painter, info_->table_);
     initStyleOption(&text, cell);
@@ -67,13 +67,13 @@ class Info::ComboDelegate final : public QStyledItemDelegate {
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& cell) const override {
     const QSize size = QStyledItemDelegate::sizeHint(option, cell);
-    constexpr int kRoom = 6;  // above and below the text, together
+    constexpr int kRoom = 6;  // pixels above and below the text, in total
     return {size.width(), std::max(size.height() + kRoom, info_->line_height_)};
   }
 
  private:
   void Choose(QComboBox* combo, const QModelIndex& cell, const QString& text) const {
-    if (!cell.isValid()) return;  // its line was removed meanwhile
+    if (!cell.isValid()) return;  // the line was removed in the meantime
     info_->table_->model()->setData(cell, text);
     auto* self = const_cast<ComboDelegate*>(this);
     emit self->closeEditor(combo);
@@ -108,7 +108,7 @@ void Info::BuildTable() {
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   table_->setEditTriggers(QAbstractItemView::EditKeyPressed);
-  table_->setTabKeyNavigation(false);  // Tab leaves the table; the arrows move in it
+  table_->setTabKeyNavigation(false);  // Tab leaves the table; the arrow keys move inside it
   table_->setAccessibleName("Information");
   table_->setShowGrid(false);
   table_->setAlternatingRowColors(true);
@@ -246,7 +246,7 @@ void Info::Copy() const {
   QString text;
   for (const QModelIndex& row : rows) {
     QString line = Caption(row.row() + 1, 1) + "\t" + Caption(row.row() + 1, 2);
-    // What is pasted has a line for a row, so the lines of a cell become fields.
+    // One line per row when pasted, so line breaks inside a cell become tabs.
     text += line.replace("\r\n", "\t").replace('\n', '\t') + "\n";
   }
   if (!text.isEmpty()) QGuiApplication::clipboard()->setText(text);

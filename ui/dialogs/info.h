@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A table of two columns of texts with a movable divider between them; the cells of one column can be given another
-// text of a list. Lines and columns are numbered from 1.
+// A table of text with two columns and a movable divider. The cells of one column may offer a list of texts to choose
+// from. Lines and columns are numbered from 1.
 //
-// A line or a column that there is none of is told in a message box, changes nothing, and gives an empty value.
+// A line or column out of range shows a message box, changes nothing and returns an empty value.
 #pragma once
 
 #include <QFont>
@@ -26,21 +26,20 @@ class Info final : public QWidget {
   // `prompts` outlives the panel.
   Info(Prompts& prompts, QWidget* parent);
 
-  // Where the divider is, in pixels from the edge that lines begin at.
+  // Position of the divider, in pixels from the leading edge.
   int MiddleWidth() const;
   void SetMiddleWidth(int width);
 
   QFont Font(int line, int column) const;
   void SetFont(int line, int column, const QFont& font);
 
-  // The column whose cells offer the list of texts; 0 for none.
+  // The column whose cells offer the list; 0 for none.
   int ColumnForCombo() const { return combo_column_; }
   void SetColumnForCombo(int column);
   void ComboClear();
   void ComboAddItem(const QString& text);
 
-  // The item that the list opens with over a cell whose own text is none of its items. A text that is no item itself
-  // changes nothing.
+  // The item selected first if the cell's own text is not in the list. Ignored if `text` is not in the list either.
   void SetComboText(const QString& text);
 
   Qt::Alignment VerticalAlingment(int line, int column) const;
@@ -48,20 +47,20 @@ class Info final : public QWidget {
   Qt::Alignment Alingment(int line, int column) const;
   void SetAlingment(int line, int column, Qt::Alignment alignment);
 
-  // Line breaks are shown as such.
+  // A line break starts a new line in the cell.
   QString Caption(int line, int column) const;
   void SetCaption(int line, int column, const QString& text);
 
   int LineCount() const { return table_->rowCount(); }
 
-  // The least height of a line in pixels; texts of several lines get more.
+  // Minimum height of a line in pixels; cells with several lines of text are higher.
   int LineHeight() const { return line_height_; }
   void SetLineHeight(int height);
 
   void Clear() { table_->setRowCount(0); }
   void RemoveLine(int line);
 
-  // Texts that are missing are empty, those beyond the second column are not shown.
+  // Missing texts are empty; texts after the second are ignored.
   void AddLine(const QStringList& texts, Qt::Alignment alignment = Qt::AlignLeading,
                Qt::Alignment vertical = Qt::AlignVCenter);
 
@@ -71,7 +70,7 @@ class Info final : public QWidget {
   void SetTitle2(const QString& text);
 
  signals:
-  // A person has given the cell another text of the list.
+  // The user chose another text for the cell.
   void CaptionChosen(int line, int column);
 
  private:

@@ -12,7 +12,7 @@ LabelEx::LabelEx(const QString& name, QWidget* parent)
   setObjectName(name);
   for (QLabel* label : {relief_, front_}) {
     label->setTextFormat(Qt::PlainText);
-    label->setMargin(1);  // what is moved out of the control is no letter
+    label->setMargin(1);  // so that moving the label cuts off no letter
   }
   front_->move(-1, -1);
   SetCaption(name);
@@ -78,7 +78,7 @@ void LabelEx::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
 }
 
-// A light edge below dark letters, a dark one below light letters: the other way round they would be blurred.
+// A light edge for dark letters and a dark edge for light letters; the other way round the text looks blurred.
 void LabelEx::ChooseRelief() {
   const bool dark_text = palette().color(QPalette::WindowText).lightness() < BackColor().lightness();
   relief_->setForegroundRole(dark_text ? QPalette::Light : QPalette::Shadow);

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A label whose text stands out by one pixel: the same label twice, the upper one moved up and left. Every property
-// goes to both.
+// A label with raised text: the same label twice, the upper one moved up and left by a pixel. Every property applies to
+// both.
 #pragma once
 
 #include <QLabel>
@@ -21,21 +21,21 @@ class LabelEx final : public QWidget {
   Q_PROPERTY(QString TooltipTextInside READ TooltipTextInside WRITE SetTooltipTextInside)
 
  public:
-  // `name` becomes the object's name, and its caption until it is given another.
+  // `name` is the object name and the initial caption.
   LabelEx(const QString& name, QWidget* parent);
 
   QString Caption() const { return front_->text(); }
   void SetCaption(const QString& text);
 
-  // Of the border: 0 is flat, 1 is sunken.
+  // Appearance of the border: 0 flat, 1 sunken.
   int Appearance() const { return appearance_; }
   void SetAppearance(int appearance);
 
-  // 0 is none, 1 is a line of one pixel.
+  // 0: no border, 1: a line of one pixel.
   int BorderStyle() const { return border_; }
   void SetBorderStyle(int border);
 
-  // The palette's own until it is set.
+  // Initially the palette's colour.
   QColor BackColor() const { return palette().color(QPalette::Window); }
   void SetBackColor(const QColor& color);
 

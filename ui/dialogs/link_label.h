@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A label that opens an address, by a click or, when it has the focus, by Enter or Space. Without an address it is an
-// ordinary label and does nothing.
+// A label that opens an address when it is clicked, or on Enter or Space while it has the focus. Without an address it
+// is an ordinary label.
 #pragma once
 
 #include <QLabel>
@@ -23,7 +23,7 @@ class LinkLabel final : public QLabel {
   QString Address() const { return (place_ == AddressIn::Caption ? text() : toolTip()).trimmed(); }
 
  signals:
-  // The address cannot be opened, and why.
+  // The address could not be opened.
   void NotOpened(const QString& reason);
 
  protected:

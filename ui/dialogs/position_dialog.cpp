@@ -101,7 +101,7 @@ QLayout* Form3::BuildAlignment() {
   return row;
 }
 
-// Ticks nothing: what is not touched is not written.
+// Leaves both boxes unchecked: only what the user touches is applied.
 void Form3::ShowStart(int position) {
   const Placement own = ReadPlacement(tag_);
   const QSignalBlocker quiet(position_);
@@ -134,7 +134,7 @@ void Form3::accept() {
   if (!chosen.position && !chosen.alignment) {
     return workspace_.prompts.ShowMessage(kProgramTitle, workspace_.language.TextOf(messages::kSelectToUpdate));
   }
-  Restore();  // the current cue need not be one of the selected
+  Restore();  // the current cue may not be selected
   if (mode_ == CommandMode::ComposeOnly) {
     composed_ = ComposeCommand(CommandOf(chosen));
   } else {

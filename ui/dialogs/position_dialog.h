@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Asks for a placement and gives it to the selected cues, or composes the command that does so in a command file. While
-// it is open, the current cue shows what would be.
+// Asks for a placement and applies it to the selected cues, or composes the command for a command file. While the
+// dialog is open, the current cue previews the placement.
 #pragma once
 
 #include <QButtonGroup>
@@ -19,10 +19,10 @@
 
 namespace captoria {
 
-// What the dialog begins with, and how high a cue can go.
+// Initial state of the dialog and the range of positions.
 struct PositionDialogStart {
-  SubtitleCue* cue = nullptr;  // the current one; changed while the dialog is open, and back when it is cancelled
-  int position = 0;            // pixels above the bottom of the frame; of the current cue or its track
+  SubtitleCue* cue = nullptr;  // current cue; changed while the dialog is open, restored on Cancel
+  int position = 0;            // of the current cue or its track, in pixels above the bottom of the frame
   int maximum = 0;
 };
 
@@ -30,17 +30,17 @@ class Form3 final : public QDialog {
   Q_OBJECT
 
  public:
-  // The workspace, and the cue in it, outlive the dialog.
+  // The workspace and its cue outlive the dialog.
   Form3(Workspace& workspace, CommandMode mode, const PositionDialogStart& start, QWidget* parent);
 
-  // The line for a command file; nothing unless the dialog was to compose one and was confirmed.
+  // The line for a command file, if the mode is ComposeOnly and the user confirmed.
   const std::optional<std::string>& ComposedCommand() const { return composed_; }
 
   void accept() override;
   void reject() override;
 
  signals:
-  // The current cue's placement is another one, for the time being.
+  // The placement of the current cue changed for the preview.
   void Previewed();
 
  private:
@@ -55,7 +55,7 @@ class Form3 final : public QDialog {
   Workspace& workspace_;
   CommandMode mode_;
   SubtitleCue* cue_;
-  std::string tag_;  // of the cue when the dialog was opened
+  std::string tag_;  // the cue's original tag
   QCheckBox* with_position_;
   QSlider* position_;
   QLabel* number_;

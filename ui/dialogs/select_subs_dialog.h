@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Asks by which shape cues are to be selected; selects those of the current track, or composes the command that does
-// so in a command file.
+// Asks for conditions on the text of cues. Selects the matching cues of the current track, or composes the command for
+// a command file.
 #pragma once
 
 #include <QComboBox>
@@ -24,13 +24,13 @@ class frmSelectSubs final : public QDialog {
   // The workspace outlives the dialog.
   frmSelectSubs(Workspace& workspace, CommandMode mode, QWidget* parent);
 
-  // The line for a command file; nothing unless the dialog was to compose one and was confirmed.
+  // The line for a command file, if the mode is ComposeOnly and the user confirmed.
   const std::optional<std::string>& ComposedCommand() const { return composed_; }
 
   void accept() override;
 
  private:
-  // Whether, where and with which characters a cue begins or ends.
+  // How a cue has to begin or end: with which characters, in one line or in all.
   struct Condition {
     QComboBox* where;
     QLineEdit* characters;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Scrolls its widget up and down where the window is low. It is never narrower than the widget, whatever the language
-// makes of its captions.
+// Scrolls its widget vertically if the window is too low for it. Never narrower than the widget, however long the
+// captions of a language are.
 #pragma once
 
 #include <QEvent>

@@ -60,7 +60,7 @@ frmWelcome::frmWelcome(const LanguageDocument& language, QWidget* parent) : QDia
   }
   texts->addStretch();
 
-  // A translation may be longer than the screen is high.
+  // A translation may not fit the height of the screen.
   auto* scroll = new QScrollArea(this);
   scroll->setWidget(page);
   scroll->setWidgetResizable(true);

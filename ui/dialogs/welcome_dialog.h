@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What to do first, for who starts the program for the first time.
+// First steps, shown when the program starts for the first time.
 #pragma once
 
 #include <QDialog>

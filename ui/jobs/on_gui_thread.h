@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Long work runs beside the window, but only the window's own thread may touch it.
+// Long work runs on a thread of its own, but only the GUI thread may touch widgets.
 #pragma once
 
 #include <QMetaObject>
@@ -10,7 +10,7 @@
 
 namespace captoria {
 
-// Runs `work` on the thread of `context`, and returns when it is done. That thread has an event loop.
+// Runs `work` on the thread of `context`, which has an event loop, and waits for it to finish.
 template <typename Work>
 void OnGuiThread(QObject* context, Work work) {
   if (QThread::currentThread() == context->thread()) {

@@ -8,7 +8,7 @@
 #include <QSignalBlocker>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <algorithm>
+#include <utility>
 
 #include "base/path_text.h"
 #include "ui/texts/qt_text.h"
@@ -27,27 +27,15 @@ constexpr const char* kInstructions =
     "4. If you must/want to edit some items you must do it manually, checking\r\n"
     "one by one all items.";
 
-LanguageMark MarkOf(ItemState state) {
-  switch (state) {
-    case ItemState::Missing:
-      return LanguageMark::Missing;
-    case ItemState::Untranslated:
-      return LanguageMark::Untranslated;
-    case ItemState::Translated:
-      break;
-  }
-  return LanguageMark::Translated;
-}
-
 std::string FileNameOf(const LanguageFile& file) { return std::string{GetFileNameOnly(file.path)}; }
 
-// The entry `name` again, without anyone being told.
+// Selects the entry `name` without sending a signal.
 void Restore(QComboBox* box, const QString& name) {
   const QSignalBlocker quiet(box);
   box->setCurrentIndex(box->findText(name));
 }
 
-// What went wrong with `path`, behind the path.
+// A message with the path once, followed by the error.
 std::string BrokenFile(const std::string& path, const Error& error) {
   const std::string& message = error.message;
   const std::string start = path + ": ";
@@ -58,7 +46,7 @@ std::string BrokenFile(const std::string& path, const Error& error) {
 const char* RefusalText(NewLanguageRefusal refusal) {
   switch (refusal) {
     case NewLanguageRefusal::BadName:
-      return "This name can not be that of a language: choose one without \".\" and \"/\"";
+      return "This name is not possible for a language. Choose a name without \".\" and \"/\"";
     case NewLanguageRefusal::Exists:
       return "This name exist, just select it from list";
     case NewLanguageRefusal::NoOriginal:
@@ -74,10 +62,8 @@ const char* RefusalText(NewLanguageRefusal refusal) {
 frmCreateLang::frmCreateLang(Workspace& workspace, const std::string& version, QWidget* parent)
     : QDialog(parent),
       workspace_(workspace),
-      originals_([this](const auto& node, const auto& text) { return MarkInOriginal(node, text); }, this),
-      filter_(originals_, this),
-      translations_([this](const auto& node, const auto&) { return MarkInEdited(node); }, this),
-      form_(new CreateLangForm(ToQt(version), &filter_, &translations_, this)) {
+      trees_(this),
+      form_(new CreateLangForm(ToQt(version), &trees_.Filter(), &trees_.Edited(), this)) {
   setObjectName("frmCreateLang");
   setWindowTitle(QStringLiteral("Create new language for program ") + kProgramTitle + " ver. " + ToQt(version));
   setSizeGripEnabled(true);
@@ -100,7 +86,7 @@ void frmCreateLang::Connect() {
   connect(form.original_tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
           &frmCreateLang::SelectOriginal);
   connect(form.edited_tree->selectionModel(), &QItemSelectionModel::currentChanged, this, &frmCreateLang::SelectEdited);
-  // Enter on what is selected already: to type its text, or to be asked again whether it is to be created.
+  // Enter on the selected item starts typing its text, or asks again whether to create it.
   connect(form.original_tree, &QTreeView::activated, this, &frmCreateLang::SelectOriginal);
   connect(form.edited_tree, &QTreeView::activated, form.translation, qOverload<>(&QWidget::setFocus));
   connect(form.translation, &TranslationEdit::Entered, this, &frmCreateLang::UpdateAndMoveOn);
@@ -140,8 +126,8 @@ void frmCreateLang::ChooseOriginal(int index) {
     return Tell(BrokenFile(path, loaded.error()));
   }
   original_name_ = form_->original_box->itemText(index);
-  originals_.Load(loaded->Element("").name(), loaded->Sections());
-  form_->ShowOriginalVersion(ToQt(LanguageVersion(originals_.Sections())));
+  trees_.LoadOriginal(*loaded);
+  form_->ShowOriginalVersion(ToQt(LanguageVersion(trees_.Original().Sections())));
   form_->original_text->clear();
   ShowEdited({}, false);
   Refilter();
@@ -186,10 +172,9 @@ bool frmCreateLang::LoadEdited(const LanguageFile& file) {
     Tell(BrokenFile(file.path, loaded.error()));
     return false;
   }
-  edited_ = std::move(*loaded);
+  trees_.LoadEdited(std::move(*loaded));
   edited_name_ = PathToQt(FileNameOf(file));
   Restore(form_->edited_box, edited_name_);
-  translations_.Load(edited_->Document().Element("").name(), edited_->Sections());
   form_->edited_tree->expandAll();
   ShowEdited({}, false);
   ShowPrivate();
@@ -200,20 +185,19 @@ bool frmCreateLang::LoadEdited(const LanguageFile& file) {
 }
 
 bool frmCreateLang::Save() {
-  if (!edited_) {
+  if (!trees_.HasEdited()) {
     Tell("Select or create a new language file first");
     return false;
   }
   if (!Update()) return false;
   if (!original_name_.isEmpty()) form_->ShowEditedVersion(form_->original_version->text());
   const std::string name = PathFromQt(edited_name_);
-  const auto saved = edited_->Save(JoinPath(workspace_.folders.data, name), FromQt(form_->creator->text()),
-                                   FromQt(form_->edited_version->text()));
-  translations_.Follow(edited_->Sections());
+  const auto saved = trees_.Save(JoinPath(workspace_.folders.data, name), FromQt(form_->creator->text()),
+                                 FromQt(form_->edited_version->text()));
   if (saved) {
     form_->creator->setModified(false);
     form_->saved->setText("Saved");
-    FillFiles();  // the file may lie in another folder now
+    FillFiles();  // the file may be in another folder now
   }
   ShowChanges();
   if (!saved) {
@@ -225,10 +209,10 @@ bool frmCreateLang::Save() {
 }
 
 bool frmCreateLang::HasChanges() const {
-  return edited_ && (edited_->Changed() || form_->creator->isModified() || form_->translation->Edited());
+  return trees_.Changed() || (trees_.HasEdited() && (form_->creator->isModified() || form_->translation->Edited()));
 }
 
-// Whether work can go on: nothing was to be saved, or it is saved.
+// Returns false if the user wants to save and saving fails.
 bool frmCreateLang::AskToSave() {
   if (!HasChanges()) return true;
   const std::string question = "Language file " + FromQt(edited_name_) + " is not saved. Save it now?";
@@ -242,12 +226,12 @@ void frmCreateLang::reject() {
 void frmCreateLang::SelectOriginal() {
   if (following_) return;
   const QScopedValueRollback following(following_, true);
-  const LanguageNode node = filter_.NodeAt(form_->original_tree->currentIndex());
+  const LanguageNode node = NodeInOriginal();
   ShowOriginal(node);
   const bool is_there = ProvideInEdited(node);
   ShowEdited(node, is_there);
   if (is_there && !node.name.empty()) form_->translation->setFocus();
-  // Not now: the tree is still busy with the click.
+  // Later: the tree is still handling the click.
   if (form_->only_untranslated->isChecked()) QTimer::singleShot(0, this, &frmCreateLang::Refilter);
 }
 
@@ -255,10 +239,10 @@ void frmCreateLang::SelectEdited() {
   if (following_) return;
   const QScopedValueRollback following(following_, true);
   const LanguageNode node = NodeInEdited();
-  const bool is_in_both = originals_.IndexOf(node).isValid();
+  const bool is_in_both = trees_.Original().IndexOf(node).isValid();
   if (is_in_both) {
-    filter_.Refilter(form_->only_untranslated->isChecked(), node);
-    form_->original_tree->setCurrentIndex(filter_.IndexOf(node));
+    trees_.Filter().Refilter(form_->only_untranslated->isChecked(), node);
+    form_->original_tree->setCurrentIndex(trees_.Filter().IndexOf(node));
   } else {
     form_->original_tree->setCurrentIndex({});
   }
@@ -267,52 +251,48 @@ void frmCreateLang::SelectEdited() {
   if (!is_in_both) Tell("Original item not found");
 }
 
-// Whether the new document has the node, be it since a moment ago.
+// Creates the node in the new document if it is missing and the user agrees. Returns whether it exists.
 bool frmCreateLang::ProvideInEdited(const LanguageNode& node) {
-  if (!edited_) return false;
-  if (edited_->Has(node)) return true;
+  if (!trees_.HasEdited()) return false;
+  if (trees_.Has(node)) return true;
   const auto may_create = [this](const std::string& what) {
     return form_->auto_create->isChecked() ||
            workspace_.prompts.AskYesNo(kProgramTitle, what + " not found. Create it?");
   };
-  if (!edited_->Has({node.section, {}})) {
-    if (!may_create("Section/Node " + node.section) || !edited_->AddSection(node.section)) return false;
-    translations_.Follow(edited_->Sections());
+  if (!trees_.Has({node.section, {}})) {
+    if (!may_create("Section/Node " + node.section) || !trees_.AddSection(node.section)) return false;
     ShowChanges();
   }
   if (!node.name.empty()) {
-    const std::string text = originals_.TextOf(node).value_or("");
-    if (!may_create("Value/Node \"" + node.name + "\"")) return false;
-    if (!edited_->AddAttribute(node.section, node.name, text)) return false;
-    translations_.Follow(edited_->Sections());
+    const std::string text = trees_.Original().TextOf(node).value_or("");
+    if (!may_create("Value/Node \"" + node.name + "\"") || !trees_.AddItem(node, text)) return false;
     ShowChanges();
   }
   return true;
 }
 
 void frmCreateLang::ShowOriginal(const LanguageNode& node) {
-  form_->original_text->setPlainText(ToQt(originals_.TextOf(node).value_or("")));
+  form_->original_text->setPlainText(ToQt(trees_.Original().TextOf(node).value_or("")));
 }
 
 void frmCreateLang::ShowEdited(const LanguageNode& node, bool is_there) {
   const QScopedValueRollback following(following_, true);
-  form_->edited_tree->setCurrentIndex(is_there ? translations_.IndexOf(node) : QModelIndex());
-  const auto text = is_there ? translations_.TextOf(node) : std::nullopt;
+  form_->edited_tree->setCurrentIndex(is_there ? trees_.Edited().IndexOf(node) : QModelIndex());
+  const auto text = is_there ? trees_.Edited().TextOf(node) : std::nullopt;
   form_->translation->ShowText(text.value_or(""));
   form_->translation->setReadOnly(!text);
   form_->update->setEnabled(text.has_value());
   ShowWhetherSaved();
 }
 
-// False when the text could not be taken; the user knows then.
+// Takes the text typed so far. Returns false after a message if the document cannot hold it.
 bool frmCreateLang::Update() {
   const LanguageNode node = NodeInEdited();
-  if (!edited_ || node.name.empty() || !form_->translation->Edited()) return true;
-  if (!edited_->WriteAttribute(node.section, node.name, form_->translation->Text())) {
+  if (!trees_.HasEdited() || node.name.empty() || !form_->translation->Edited()) return true;
+  if (!trees_.Write(node, form_->translation->Text())) {
     Tell("Error writing text in language file");
     return false;
   }
-  translations_.Follow(edited_->Sections());
   ShowEdited(node, true);
   if (node.section == kPrivateSection) ShowPrivate();
   ShowChanges();
@@ -324,9 +304,8 @@ void frmCreateLang::UpdateAndMoveOn() {
 }
 
 void frmCreateLang::MoveToNextItem() {
-  const LanguageNode from = filter_.NodeAt(form_->original_tree->currentIndex());
-  if (const auto next = NextItem(filter_.Sections(), from))
-    form_->original_tree->setCurrentIndex(filter_.IndexOf(*next));
+  if (const auto next = NextItem(trees_.Filter().Sections(), NodeInOriginal()))
+    form_->original_tree->setCurrentIndex(trees_.Filter().IndexOf(*next));
 }
 
 void frmCreateLang::Step(int rows) {
@@ -335,44 +314,23 @@ void frmCreateLang::Step(int rows) {
   if (to.isValid()) form_->original_tree->setCurrentIndex(to);
 }
 
-void frmCreateLang::Refilter() {
-  filter_.Refilter(form_->only_untranslated->isChecked(), filter_.NodeAt(form_->original_tree->currentIndex()));
-}
+void frmCreateLang::Refilter() { trees_.Filter().Refilter(form_->only_untranslated->isChecked(), NodeInOriginal()); }
 
-LanguageMark frmCreateLang::MarkInOriginal(const LanguageNode& node, const std::string& text) const {
-  if (!edited_) return LanguageMark::None;
-  if (node.name.empty()) return edited_->Has(node) ? LanguageMark::None : LanguageMark::Missing;
-  return MarkOf(edited_->StateOf(node, text));
-}
-
-LanguageMark frmCreateLang::MarkInEdited(const LanguageNode& node) const {
-  if (original_name_.isEmpty() || node.section.empty()) return LanguageMark::None;
-  if (!originals_.IndexOf(node).isValid()) return LanguageMark::Extra;
-  return node.name.empty() ? LanguageMark::None : MarkOf(edited_->StateOf(node, *originals_.TextOf(node)));
-}
+LanguageNode frmCreateLang::NodeInOriginal() { return trees_.Filter().NodeAt(form_->original_tree->currentIndex()); }
 
 LanguageNode frmCreateLang::NodeInEdited() const {
   const QModelIndex current = form_->edited_tree->currentIndex();
-  return current.isValid() ? translations_.NodeAt(current) : LanguageNode{};
+  return current.isValid() ? trees_.Edited().NodeAt(current) : LanguageNode{};
 }
 
 void frmCreateLang::ShowPrivate() {
-  form_->creator->setText(ToQt(PrivateText(edited_->Sections(), kCreatorItem).value_or("")));
-  form_->ShowEditedVersion(ToQt(LanguageVersion(edited_->Sections())));
+  form_->creator->setText(ToQt(PrivateText(trees_.Edited().Sections(), kCreatorItem).value_or("")));
+  form_->ShowEditedVersion(ToQt(LanguageVersion(trees_.Edited().Sections())));
 }
 
-// After the new document, or what it is compared with, has become another.
+// Called after the new or the original document changed.
 void frmCreateLang::ShowChanges() {
-  originals_.Refresh();
-  translations_.Refresh();
-  int items = 0, translated = 0;
-  for (const LanguageSection& section : originals_.Sections()) {
-    if (section.name == kPrivateSection || !edited_) continue;
-    items += static_cast<int>(section.items.size());
-    translated += static_cast<int>(std::ranges::count_if(section.items, [&](const LanguageItem& item) {
-      return edited_->StateOf({section.name, item.name}, item.text) == ItemState::Translated;
-    }));
-  }
+  const auto [items, translated] = trees_.Count();
   form_->progress->setText(items > 0 ? QStringLiteral("%1 of %2 translated").arg(translated).arg(items) : QString());
   ShowWhetherSaved();
 }

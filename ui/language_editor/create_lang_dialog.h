@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The editor of language files: an original, which is only read, beside a new file, which is translated item by item.
-// A file is written when it is created or saved, always in the user's data folder.
+// The editor of language files: a read-only original beside a new file, which the user translates item by item. Files
+// are created and saved in the user's data folder.
 #pragma once
 
 #include <QDialog>
@@ -11,10 +11,9 @@
 #include <vector>
 
 #include "app/workspace.h"
-#include "localisation/language_edit.h"
 #include "localisation/language_files.h"
 #include "ui/language_editor/create_lang_form.h"
-#include "ui/language_editor/language_tree_model.h"
+#include "ui/language_editor/translation_trees.h"
 
 namespace captoria {
 
@@ -22,14 +21,14 @@ class frmCreateLang final : public QDialog {
   Q_OBJECT
 
  public:
-  // `version` is the running program's, as in "3.5.0". The workspace outlives the dialog.
+  // `version` is the program's version, such as "3.5.0". The workspace outlives the dialog.
   frmCreateLang(Workspace& workspace, const std::string& version, QWidget* parent);
 
-  // Asks to save what is not saved. The dialog stays when that fails.
+  // Offers to save changes. The dialog stays open if saving fails.
   void reject() override;
 
  signals:
-  // The language in use was saved, under this base name.
+  // The language in use was saved; `base` is its base name.
   void Saved(const std::string& base);
 
  private:
@@ -54,8 +53,7 @@ class frmCreateLang final : public QDialog {
   void Step(int rows);
   void Refilter();
 
-  LanguageMark MarkInOriginal(const LanguageNode& node, const std::string& text) const;
-  LanguageMark MarkInEdited(const LanguageNode& node) const;
+  LanguageNode NodeInOriginal();
   LanguageNode NodeInEdited() const;
   void ShowPrivate();
   void ShowChanges();
@@ -63,16 +61,12 @@ class frmCreateLang final : public QDialog {
   void Tell(const std::string& text) const { workspace_.prompts.ShowMessage(kProgramTitle, text); }
 
   Workspace& workspace_;
-  std::vector<LanguageFile> files_;  // the entries of both boxes
-  QString original_name_;            // file name of what is loaded; empty: nothing
+  std::vector<LanguageFile> files_;  // entries of both boxes
+  QString original_name_;            // file name of the loaded original; empty if none is loaded
   QString edited_name_;
-  std::optional<EditedLanguage> edited_;
-  bool following_ = false;  // one tree's selection goes where the other's went
+  bool following_ = false;  // one tree is following the selection of the other
 
-  LanguageTreeModel originals_;
-  LanguageTreeFilter filter_;
-  LanguageTreeModel translations_;
-
+  TranslationTrees trees_;
   CreateLangForm* form_;
 };
 

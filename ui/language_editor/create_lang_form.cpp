@@ -15,7 +15,7 @@ namespace captoria {
 namespace {
 
 constexpr int kTextLines = 3;
-constexpr int kSideMargin = 2;     // a mirrored splitter cuts its widgets by a pixel
+constexpr int kSideMargin = 2;     // a mirrored splitter clips its widgets by a pixel
 constexpr int kShortestName = 20;  // characters
 
 QPushButton* NamedButton(const char* name, const QString& text, QWidget* parent) {
@@ -24,7 +24,7 @@ QPushButton* NamedButton(const char* name, const QString& text, QWidget* parent)
   return button;
 }
 
-// A mirrored window would put the closing bracket in front.
+// Keeps the closing bracket at the end in a right-to-left window.
 QString LeftToRight(const QString& text) { return QGuiApplication::isRightToLeft() ? text + QChar(0x200E) : text; }
 
 void SetUpTree(QTreeView* tree, QAbstractItemModel* model) {
@@ -34,14 +34,14 @@ void SetUpTree(QTreeView* tree, QAbstractItemModel* model) {
   tree->setMinimumHeight(tree->fontMetrics().lineSpacing() * 5);
 }
 
-// High enough for most texts; longer ones scroll.
+// High enough for most texts; longer texts scroll.
 void SetUpText(QPlainTextEdit* text) {
   const int frame = 2 * (text->frameWidth() + static_cast<int>(text->document()->documentMargin()));
   text->setFixedHeight(text->fontMetrics().lineSpacing() * kTextLines + frame);
   text->setTabChangesFocus(true);
 }
 
-// A side's widgets from top to bottom; the tree takes what height is left.
+// Stacks the widgets of one side; the tree takes the remaining height.
 QWidget* Side(QWidget* parent, QLabel* caption, QTreeView* tree, QLayout* options, QLabel* text_caption,
               QPlainTextEdit* text, QLayout* end) {
   auto* side = new QWidget(parent);
@@ -122,7 +122,7 @@ QLabel* CreateLangForm::CaptionOf(const char* name, const QString& text, QWidget
 QLayout* CreateLangForm::FileRow() {
   auto* rows = new QGridLayout;
   for (QComboBox* box : {original_box, edited_box}) {
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);  // a name may be long
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);  // file names may be long
     box->setMinimumContentsLength(kShortestName);
   }
   rows->addWidget(CaptionOf("lblOriginalFile", "&Original Language file", original_box), 0, 0);
@@ -164,7 +164,7 @@ QWidget* CreateLangForm::EditedSide() {
 
 QLayout* CreateLangForm::Legend() {
   auto* row = new QHBoxLayout;
-  row->addStrut(update->sizeHint().height());  // as high as the other side's, so that the texts are beside each other
+  row->addStrut(update->sizeHint().height());  // as high as on the other side, so that the texts line up
   for (const auto mark : {LanguageMark::Missing, LanguageMark::Untranslated, LanguageMark::Translated}) {
     auto* picture = new QLabel(this);
     legend_.emplace_back(picture, mark);
@@ -185,7 +185,7 @@ QLayout* CreateLangForm::EndRow() {
   row->addWidget(save);
   row->addWidget(close);
   instructions->setToolTip("How to do that, step by step");
-  save->setToolTip("Writes the file to the program's data folder");
+  save->setToolTip("Saves the file in the program's data folder");
   return row;
 }
 
@@ -194,7 +194,7 @@ void CreateLangForm::ShowVersion(QLabel* label, const QString& text) {
   UsePalette();
 }
 
-// Colours that are set for good, unlike those that widgets ask the palette for.
+// Sets the colours that do not follow the palette by themselves.
 void CreateLangForm::UsePalette() {
   const bool is_dark = palette().color(QPalette::Window).lightness() < 128;
   for (QLabel* label : {original_version, edited_version}) {
@@ -202,7 +202,7 @@ void CreateLangForm::UsePalette() {
     QPalette colors = palette();
     if (differs) colors.setColor(QPalette::WindowText, is_dark ? QColor(255, 112, 112) : QColor(192, 0, 0));
     label->setPalette(colors);
-    label->setToolTip(differs ? QStringLiteral("Not the version of this program, which is %1").arg(version_)
+    label->setToolTip(differs ? QStringLiteral("Differs from the version of this program, %1").arg(version_)
                               : QString());
   }
   const int side = fontMetrics().height();

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The widgets of the language editor and where they stand: the original on the leading side, the new file on the
-// other. What they do is the dialog's.
+// The widgets of the language editor and their layout: the original on the leading side, the new file on the other. The
+// dialog gives them their behaviour.
 #pragma once
 
 #include <QAbstractItemModel>
@@ -24,10 +24,10 @@ namespace captoria {
 
 class CreateLangForm final : public QWidget {
  public:
-  // `version` is the running program's. The models outlive the form.
+  // `version` is the program's version. The models outlive the form.
   CreateLangForm(QString version, QAbstractItemModel* originals, QAbstractItemModel* translations, QWidget* parent);
 
-  // Each in a colour of its own when it is not the running program's. Empty: nothing is loaded.
+  // Highlighted if it differs from the program's version. Empty if no file is loaded.
   void ShowOriginalVersion(const QString& text) { ShowVersion(original_version, text); }
   void ShowEditedVersion(const QString& text) { ShowVersion(edited_version, text); }
 

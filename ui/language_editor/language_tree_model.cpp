@@ -15,17 +15,17 @@
 namespace captoria {
 namespace {
 
-// What an index holds besides its row: its level, and of an item its section.
+// The internal id of an index holds its level and, for an item, its section.
 constexpr quintptr kRoot = 0;
 constexpr quintptr kSection = 1;
-constexpr quintptr kFirstItem = 2;  // an item of the section i has kFirstItem + i
+constexpr quintptr kFirstItem = 2;  // items of section i have the id kFirstItem + i
 
 std::size_t SectionOf(const QModelIndex& index) {
   const auto id = index.internalId();
   return id >= kFirstItem ? id - kFirstItem : static_cast<std::size_t>(index.row());
 }
 
-// Shapes that can be told apart without their colour.
+// The marks differ in shape, not only in colour.
 class MarkEngine final : public QIconEngine {
  public:
   explicit MarkEngine(LanguageMark mark) : mark_(mark) {}
@@ -48,7 +48,7 @@ class MarkEngine final : public QIconEngine {
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->translate(QRectF(rect).center());
-    painter->scale(side / 16, side / 16);  // drawn from -8 to 8
+    painter->scale(side / 16, side / 16);  // coordinates run from -8 to 8
     painter->setPen(QPen(color, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     Draw(*painter, color, colors.color(mode == QIcon::Selected ? QPalette::Highlight : QPalette::Base));
     painter->restore();
@@ -212,7 +212,7 @@ QVariant LanguageTreeModel::data(const QModelIndex& index, int role) const {
 
 LanguageTreeFilter::LanguageTreeFilter(LanguageTreeModel& model, QObject* parent)
     : QSortFilterProxyModel(parent), model_(model) {
-  // Otherwise an item would leave the tree while it is being worked on.
+  // Otherwise an item would leave the tree while the user is working on it.
   setDynamicSortFilter(false);
   setRecursiveFilteringEnabled(true);
   setSourceModel(&model);
@@ -247,7 +247,7 @@ bool LanguageTreeFilter::filterAcceptsRow(int row, const QModelIndex& parent) co
   const LanguageNode node = model_.NodeAt(source);
   if (!only_open_ || node.section.empty() || node == kept_) return true;
   const auto mark = static_cast<LanguageMark>(model_.data(source, LanguageTreeModel::kMarkRole).toInt());
-  // A section is in the tree for its items.
+  // Other sections are shown only if one of their items is.
   return mark == LanguageMark::Missing || (!node.name.empty() && mark != LanguageMark::Translated);
 }
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A language document as a tree: its root, the sections below it, and in each its items as "name = text". An item
-// tells by an icon, by its tool tip and to screen readers how far its translation is.
+// A language document as a tree: root, sections, and items as "name = text". The icon, the tool tip and the accessible
+// text of an item show the state of its translation.
 #pragma once
 
 #include <QAbstractItemModel>
@@ -19,7 +19,7 @@ namespace captoria {
 
 enum class LanguageMark { None, Missing, Untranslated, Translated, Extra };
 
-// In the colours of the application's palette at the time it is painted.
+// Drawn in the colours of the current application palette.
 QIcon MarkIcon(LanguageMark mark);
 
 QString MarkText(LanguageMark mark);
@@ -28,30 +28,30 @@ class LanguageTreeModel final : public QAbstractItemModel {
  public:
   static constexpr int kMarkRole = Qt::UserRole;
 
-  // Gives the mark of a node. An item's text comes with it.
+  // Returns the mark of a node. `text` is the text of an item.
   using Marking = std::function<LanguageMark(const LanguageNode& node, const std::string& text)>;
 
-  // Without a document, and so without any row.
+  // The model is empty until Load.
   LanguageTreeModel(Marking marking, QObject* parent);
 
   void Load(const std::string& root, std::vector<LanguageSection> sections);
 
-  // The document as it is now: since the last call texts were changed, items appended to sections and sections to the
-  // root; nothing else.
+  // Updates the model to `sections`. Since the last call, only texts may have changed, and items and sections may have
+  // been appended.
   void Follow(const std::vector<LanguageSection>& sections);
 
-  // Marks have changed.
+  // Call after marks changed.
   void Refresh();
 
   const std::vector<LanguageSection>& Sections() const { return sections_; }
 
-  // Invalid when there is no such node.
+  // Invalid if there is no such node.
   QModelIndex IndexOf(const LanguageNode& node) const;
 
   // `index` is valid.
   LanguageNode NodeAt(const QModelIndex& index) const;
 
-  // Of an item; nothing for other nodes and when there is none.
+  // The text of an item. Nothing for other nodes and for a missing item.
   std::optional<std::string> TextOf(const LanguageNode& node) const;
 
   QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
@@ -69,21 +69,21 @@ class LanguageTreeModel final : public QAbstractItemModel {
   std::vector<LanguageSection> sections_;
 };
 
-// The same tree, on demand with nothing but the items that are missing or not translated. What was translated since
+// The same tree, optionally reduced to the items that are missing or not translated. An item translated in the meantime
 // stays until the next Refilter.
 class LanguageTreeFilter final : public QSortFilterProxyModel {
  public:
   // `model` outlives the filter.
   LanguageTreeFilter(LanguageTreeModel& model, QObject* parent);
 
-  // All others are in the tree only when `only_open` is false, but for the node `kept` and what it is in.
+  // `only_open`: show only missing and untranslated items. The node `kept` and its parents are always shown.
   void Refilter(bool only_open, const LanguageNode& kept);
 
-  // Root: none is selected.
+  // An empty node for an invalid index.
   LanguageNode NodeAt(const QModelIndex& index) const;
   QModelIndex IndexOf(const LanguageNode& node) const { return mapFromSource(model_.IndexOf(node)); }
 
-  // What is in the tree.
+  // The sections and items shown.
   std::vector<LanguageSection> Sections() const;
 
  protected:

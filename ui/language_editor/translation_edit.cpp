@@ -13,14 +13,14 @@ namespace captoria {
 TranslationEdit::TranslationEdit(QWidget* parent) : QPlainTextEdit(parent) { setTabChangesFocus(true); }
 
 void TranslationEdit::ShowText(const std::string& text) {
-  const QSignalBlocker quiet(this);  // for as long as text and `raw_` do not belong together
+  const QSignalBlocker quiet(this);  // until `raw_` matches the text
   shown_ = text;
   setPlainText(ToQt(text));
   raw_ = Raw();
   selectAll();
 }
 
-// Not toPlainText, which turns no-break spaces into plain ones.
+// Not toPlainText, which replaces no-break spaces by plain spaces.
 QString TranslationEdit::Raw() const { return document()->toRawText().replace(QChar::ParagraphSeparator, u'\n'); }
 
 std::string TranslationEdit::Text() const {

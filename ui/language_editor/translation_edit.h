@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The box a translation is typed in. Enter takes it, Shift+Enter breaks the line; Up and Down beyond the text's first
-// and last line step to the next item.
+// The edit box for a translation. Enter takes the text, Shift+Enter starts a new line, Up in the first line and Down in
+// the last line step to the previous and the next item.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -16,13 +16,14 @@ class TranslationEdit final : public QPlainTextEdit {
  public:
   explicit TranslationEdit(QWidget* parent);
 
-  // Shows `text` (UTF-8), all of it selected.
+  // Shows `text` (UTF-8) and selects all of it.
   void ShowText(const std::string& text);
 
-  // The very text that was shown while it is not edited; otherwise with the line ends that text had, or else LF.
+  // If not edited, exactly the text that was shown. Otherwise lines end as they did in that text; LF if it had a single
+  // line.
   std::string Text() const;
 
-  // Whether the text is another than what was shown.
+  // Whether the text differs from the one shown.
   bool Edited() const { return Raw() != raw_; }
 
  signals:
@@ -36,7 +37,7 @@ class TranslationEdit final : public QPlainTextEdit {
   QString Raw() const;
 
   std::string shown_;
-  QString raw_;  // what Raw gave when `shown_` was shown
+  QString raw_;  // result of Raw for `shown_`
 };
 
 }  // namespace captoria

@@ -37,7 +37,7 @@ void BatchCommandsMenu::RunFile(const QString& name) {
   if (!FileExists(path)) {
     return workspace_.prompts.ShowMessage(kProgramTitle, workspace_.language.TextOf(messages::kFileNotFound));
   }
-  (void)RunBatch(workspace_, path);  // what is at fault is told by it
+  (void)RunBatch(workspace_, path);  // it reports errors itself
 }
 
 }  // namespace captoria

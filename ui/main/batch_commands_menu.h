@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The menu of command files: an entry for each "*.cbx" file of the program's folder, or one that says there is none.
+// The menu of command files: an entry for each "*.cbx" file in the program's folder, or a disabled entry if there is no
+// such file.
 #pragma once
 
 #include <QMenu>
@@ -13,10 +14,10 @@ namespace captoria {
 
 class BatchCommandsMenu final : public QObject {
  public:
-  // `none` is the entry of `menu` for a folder without command files. The workspace outlives the object.
+  // `none` is the entry of `menu` for a folder without command files. The workspace outlives the menu.
   BatchCommandsMenu(Workspace& workspace, QMenu* menu, QAction* none);
 
-  // Looks into the folder again.
+  // Lists the folder again.
   void ReloadBatch();
 
  private:

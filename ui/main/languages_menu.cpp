@@ -29,7 +29,7 @@ void LanguagesMenu::Reload() {
     group_->addAction(entry);
     connect(entry, &QAction::triggered, this, [this, base = file.base] {
       (void)LoadNewLang(workspace_, base);
-      ShowCurrent();  // not the entry of a file that is gone
+      ShowCurrent();  // the chosen file may be gone
     });
   }
   ShowCurrent();

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The menu of languages: an entry for each language file, the one in use ticked.
+// The menu of languages: an entry for each language file; the language in use is checked.
 #pragma once
 
 #include <QActionGroup>
@@ -14,13 +14,13 @@ namespace captoria {
 
 class LanguagesMenu final : public QObject {
  public:
-  // `none` is a hidden entry of `menu` that language files know. The workspace outlives the object.
+  // `none` is a hidden entry of `menu` whose caption language files contain. The workspace outlives the menu.
   LanguagesMenu(Workspace& workspace, QMenu* menu, QAction* none);
 
-  // Looks for language files again.
+  // Lists the language files again.
   void Reload();
 
-  // Ticks the language in use.
+  // Checks the language in use.
   void ShowCurrent();
 
  private:

@@ -15,7 +15,7 @@ QAction* Find(const QList<QAction*>& actions, const QString& name) {
   return nullptr;
 }
 
-// An entry of the menu bar under a name of its own.
+// Adds a menu to the menu bar.
 QMenu* AddMenu(QMenuBar* bar, const char* name, const QString& text) {
   QMenu* menu = bar->addMenu(text);
   menu->setObjectName(name);
@@ -48,7 +48,7 @@ void MainMenu::BuildFile(QMenuBar* bar) {
   recent = file->addMenu("&Recent videos");
   recent->setObjectName("mnuRecent");
   file->addSeparator()->setObjectName("mnuSep2");
-  // A single file is closed by no command; language files know the entry all the same.
+  // No command closes a single file, but language files contain a caption for it.
   Add(file, "mnuCloseThisSrt", "Close active srt/idx file")->setVisible(false);
   close_srt = Add(file, "mnuCloseSrt", "&Close all srt/idx files", nullptr, QKeySequence::Close);
   file->addSeparator()->setObjectName("mnuSep3");

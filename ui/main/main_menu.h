@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The commands of the main window as actions, and the menus and the toolbar that show them. An action is made once and
-// stands in both; its object name is the one that language files know it by.
+// The commands of the main window as actions, and the menus and the toolbar that show them. Menu and toolbar share the
+// action; its object name is its key in language files.
 #pragma once
 
 #include <QActionGroup>
@@ -16,7 +16,7 @@ namespace captoria {
 
 class MainMenu final : public QObject {
  public:
-  // `style_actions` are those of the style panel: font, colours and outline widths.
+  // `style_actions` are the actions of the style panel: font, colours and outline widths.
   MainMenu(QMenuBar* bar, QToolBar* toolbar, const QList<QAction*>& style_actions, QObject* parent);
 
   QAction* open_avi;
@@ -25,7 +25,7 @@ class MainMenu final : public QObject {
   QAction* options;
   QAction* batch_convert;
   QAction* exit;
-  QAction* fit_font;  // checkable, as the three below
+  QAction* fit_font;  // checkable, like the next three
   QAction* preview;
   QAction* only_outside;
   QAction* stream_info;
@@ -33,7 +33,7 @@ class MainMenu final : public QObject {
   QAction* welcome;
   QAction* about;
   QMenu* recent;
-  QMenu* selected_subs;  // the pop-up for selected cues
+  QMenu* selected_subs;  // context menu of the selected cues
   QAction* left;
   QAction* center;
   QAction* right;

@@ -23,8 +23,9 @@ StartPage::StartPage(QAction* open_video, QAction* open_subtitle, QWidget* paren
   title->setFont(font);
   title->setAlignment(Qt::AlignCenter);
   auto* hint = new QLabel(
-      "Subtitle files of its name are opened with it. Then give them a style, look at them over the "
-      "picture, and create the DivX file.",
+      "Subtitle files with the same name open too. Choose their style, check them over the picture, then create the "
+      "DivX "
+      "file.",
       this);
   hint->setObjectName("lblStartHint");
   hint->setWordWrap(true);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What the window shows while nothing is open: what to do first.
+// Shown while nothing is open: what to do first.
 #pragma once
 
 #include <QAction>
@@ -11,7 +11,7 @@ namespace captoria {
 
 class StartPage final : public QWidget {
  public:
-  // Its buttons do what the two actions do.
+  // The buttons trigger the two actions.
   StartPage(QAction* open_video, QAction* open_subtitle, QWidget* parent);
 };
 

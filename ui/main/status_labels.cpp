@@ -44,7 +44,7 @@ void StatusLabels::Tell(const QString& text) {
 void StatusLabels::TellBatch(const QString& name) { Tell(ToQt(TextOf(words_, window_texts::kBatch)) + name); }
 
 void StatusLabels::ShowOutside(std::optional<int> count, bool fitted) {
-  // The sign says it to those who do not see the colour.
+  // The sign is for users who cannot see the colour.
   const QString sign = fitted ? QString{} : QStringLiteral("\u26A0 ");
   const bool any = count.value_or(0) > 0;
   const QString words = ToQt(TextOf(words_, window_texts::kSubOut));

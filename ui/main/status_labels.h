@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The four fields along the bottom edge: messages, cues outside the safe area, selected cues, the language.
+// The four fields of the status bar: messages, cues outside the safe area, selected cues, the language.
 #pragma once
 
 #include <QLabel>
@@ -15,21 +15,21 @@ namespace captoria {
 
 class StatusLabels final : public QObject {
  public:
-  // The language, which may change, outlives the object.
+  // `language`, which may change, outlives the object.
   StatusLabels(QStatusBar* bar, const LanguageDocument& language);
 
-  // Shown for some seconds.
+  // Shows `text` for a few seconds.
   void Tell(const QString& text);
 
-  // The commands of the file `name` were run.
+  // Reports that the commands of the file `name` have run.
   void TellBatch(const QString& name);
 
-  // The number of cues outside, none for a track without cues of its own. `fitted`: they will be made to fit.
+  // Shows the number of cues outside; nothing for a track of bitmaps. `fitted`: they will be reduced to fit.
   void ShowOutside(std::optional<int> count, bool fitted);
 
   void ShowSelected(int count);
 
-  // Whose translation is on screen.
+  // Shows whose translation is in use.
   void ShowLanguage(const QString& text) { language_->setText(text); }
   QString Language() const { return language_->text(); }
 

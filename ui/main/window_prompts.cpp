@@ -19,12 +19,12 @@
 namespace captoria {
 namespace {
 
-// More lines would make a message box that is higher than the screen.
+// With more lines a message box could exceed the height of the screen.
 constexpr int kLinesShown = 15;
 
 QMessageBox::StandardButton Show(QMessageBox& box, const std::string& text) {
   const QString whole = ToQt(text).trimmed().replace("\r\n", "\n");
-  box.setTextFormat(Qt::PlainText);  // a text may speak of tags
+  box.setTextFormat(Qt::PlainText);  // messages may contain tags
   box.setTextInteractionFlags(Qt::TextSelectableByMouse);
   if (whole.count('\n') < kLinesShown) {
     box.setText(whole);
@@ -44,7 +44,7 @@ QStringList NameFilters(const std::vector<FileFilter>& filters) {
   return names;
 }
 
-// A file dialog that begins at `start`, a file or a folder, there or not.
+// A file dialog that starts at `start`: a file or a folder, which may be missing.
 class FileQuestion {
  public:
   FileQuestion(QWidget* parent, const std::string& title, const std::string& start) : dialog_(parent, ToQt(title)) {
@@ -89,7 +89,7 @@ Font FromQFont(const QFont& font, Font choice) {
   return choice;
 }
 
-// What `ask` answers on the window's thread.
+// Runs `ask` on the GUI thread and returns its answer.
 template <typename Ask>
 auto Answered(Ask ask) {
   decltype(ask()) answer{};
@@ -158,7 +158,7 @@ std::optional<std::string> WindowPrompts::AskFileToSave(const std::string& title
     FileQuestion question(Parent(), title, start);
     question.Dialog().setAcceptMode(QFileDialog::AcceptSave);
     question.Dialog().setNameFilters(NameFilters(filters));
-    // A name typed without an extension gets that of the first pattern, and is then asked for if it is there.
+    // Completes a name without an extension, so that the dialog asks before it replaces that file.
     if (!filters.empty()) {
       const QString first = ToQt(filters.front().patterns).section(';', 0, 0);
       if (first.startsWith("*.") && first != "*.*") question.Dialog().setDefaultSuffix(first.mid(2));

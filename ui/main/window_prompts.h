@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Prompts as message boxes and the desktop's own dialogs, over the window that is in front.
+// Prompts as message boxes and the desktop's own dialogs, over the active window.
 //
-// They may be called on any thread: what is shown is shown on the window's thread, and the caller waits for the answer.
+// May be called on any thread: the dialog runs on the GUI thread, and the caller waits for the answer.
 #pragma once
 
 #include <QPointer>
@@ -15,7 +15,7 @@ namespace captoria {
 
 class WindowPrompts final : public Prompts {
  public:
-  // Without a parent, or when that is gone, dialogs stand alone. They stand over another dialog that is open.
+  // `parent` may be null, and may be destroyed before the prompts. An open dialog takes its place as the parent.
   explicit WindowPrompts(QWidget* parent) : parent_(parent) {}
   void SetParent(QWidget* parent) { parent_ = parent; }
 
@@ -32,7 +32,7 @@ class WindowPrompts final : public Prompts {
   std::optional<std::string> AskFolder(const std::string& title, const std::string& start) override;
   std::optional<std::uint32_t> AskColor(const std::string& title, std::uint32_t current) override;
 
-  // The character set stays, and so does a size that the dialog can show only rounded.
+  // Keeps the character set, and the exact size if the dialog only rounded it.
   std::optional<Font> AskFont(const std::string& title, const Font& current) override;
 
  private:

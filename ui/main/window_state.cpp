@@ -12,7 +12,7 @@
 namespace captoria {
 namespace {
 
-constexpr int kTwips = 15;  // a pixel
+constexpr int kTwips = 15;  // per pixel
 constexpr int kMostRecent = 10;
 constexpr const char* kRecentKey = "recent/videos";
 
@@ -39,7 +39,7 @@ void WindowState::Keep(QHeaderView* header, const QString& name) {
 void WindowState::Restore() {
   const Settings& settings = workspace_.preferences.settings;
   QRect place(Pixels(settings.MainX), Pixels(settings.MainY), Pixels(settings.MainWidth), Pixels(settings.MainHeight));
-  // A window remembered from a screen that is gone has to be found again.
+  // The screen the window was on may be gone.
   const QRect screen = window_->screen()->availableGeometry();
   place.setSize(place.size().boundedTo(screen.size()).expandedTo(window_->minimumSizeHint()));
   if (!screen.intersects(place)) place.moveTopLeft(screen.topLeft());
@@ -47,7 +47,7 @@ void WindowState::Restore() {
 }
 
 void WindowState::Save() {
-  // Of the restored window, also when it is closed maximised or minimised.
+  // A maximised or minimised window has the geometry it will be restored to.
   const QRect place =
       window_->isMaximized() || window_->isMinimized() ? window_->normalGeometry() : window_->geometry();
   Settings& settings = workspace_.preferences.settings;

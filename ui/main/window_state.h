@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What the window remembers: its place and size with the session's settings, and in a file of its own the splitters,
-// the widths of columns and the videos opened last.
+// What the window remembers: its place and size in the workspace's settings; splitters, column widths and recent videos
+// in a file of its own.
 #pragma once
 
 #include <QHeaderView>
@@ -21,14 +21,14 @@ class WindowState final : public QObject {
  public:
   WindowState(Workspace& workspace, QMainWindow* window);
 
-  // These are restored now and remembered at Save. Their object names tell them apart.
+  // Restores the state now and remembers it in Save, under the object name or `name`.
   void Keep(QSplitter* splitter);
   void Keep(QHeaderView* header, const QString& name);
 
   void Restore();
   void Save();
 
-  // The videos opened last are entries of `menu`; choosing one tells its path.
+  // Lists the recent videos in `menu`. Choosing one sends RecentChosen.
   void KeepRecent(QMenu* menu);
   void AddRecent(const QString& path);
 

@@ -20,7 +20,7 @@ BatchEditor::BatchEditor(int index, const Captions& captions, QPushButton* finis
       add_(Part(new QPushButton(captions.add, this), "cmdAddComm")),
       delete_(Part(new QPushButton(captions.del, this), "cmdDel")) {
   commands_->setUniformItemSizes(true);
-  commands_->setLayoutDirection(Qt::LeftToRight);  // commands are written so in every language
+  commands_->setLayoutDirection(Qt::LeftToRight);  // commands look the same in every language
   auto* remove = new QAction(commands_);
   remove->setShortcut(QKeySequence::Delete);
   remove->setShortcutContext(Qt::WidgetShortcut);

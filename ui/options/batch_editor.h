@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The commands and the comment of one command file. Commands are not typed: who shows the editor composes one when it
-// is asked to, and adds it.
+// The commands and the comment of one command file. Commands are not typed: on CommandWanted, the owner composes a
+// command and adds it.
 #pragma once
 
 #include <QLabel>
@@ -25,7 +25,7 @@ class BatchEditor final : public QWidget {
   };
 
   // The parts are named lblCommands, lstCommands, lblComment, txtComment, cmdAddComm and cmdDel; their property "Index"
-  // is `index`. `finish` is the button that ends the row of buttons.
+  // is `index`. `finish` becomes the last button of the row.
   BatchEditor(int index, const Captions& captions, QPushButton* finish, QWidget* parent);
 
   void SetFile(const CommandFileText& file);
@@ -34,10 +34,10 @@ class BatchEditor final : public QWidget {
 
   void AddCommand(const std::string& line);
 
-  // Whether there is a file to edit.
+  // Enables the editor if there is a file to edit.
   void SetUsable(bool usable);
 
-  // The place below the button "Add".
+  // The point below the button "Add", on the screen.
   QPoint MenuPlace() const { return add_->mapToGlobal(add_->rect().bottomLeft()); }
 
  signals:

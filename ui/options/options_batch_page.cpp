@@ -112,7 +112,7 @@ void OptionsBatchPage::Browse() {
   LoadFile(*chosen);
 }
 
-// A file that is named is shown before "Save" can write over it.
+// Shows the named file before "Save" can overwrite it.
 void OptionsBatchPage::TakeTypedPath() {
   const std::string path{Trim(path_->Path())};
   if (path != loaded_ && FileExists(path)) LoadFile(path);
@@ -143,7 +143,7 @@ void OptionsBatchPage::Save() {
   const std::string path{Trim(path_->Path())};
   if (path.empty() || !Write(path, file)) return;
   loaded_ = path;
-  if (save_->hasFocus()) path_->setFocus();  // a button that greys out would hand it to just any neighbour
+  if (save_->hasFocus()) path_->setFocus();  // a disabled button passes the focus to an arbitrary neighbour
   save_->setEnabled(false);
 }
 
@@ -156,7 +156,7 @@ void OptionsBatchPage::Create() {
   if (!path) return;
   if (!path->ends_with("cbx")) {
     *path += ".cbx";
-    // The dialog has asked about the name as it was chosen.
+    // The file dialog asked only about the name without the extension.
     const QString question =
         ToQt(TextOf(workspace_.language.document, window_texts::kReplaceBatch)).arg(PathToQt(*path));
     if (FileExists(*path) && !workspace_.prompts.AskYesNo(PlainText(*create_), FromQt(question))) return;

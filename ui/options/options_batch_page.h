@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// "Batch": the command file that is run after a subtitle file was loaded, and an editor for a new one. Command files
-// are written by the page's own buttons, whatever becomes of the dialog.
+// "Batch": the command file that runs after a subtitle file is loaded, and an editor for a new command file. The page's
+// own buttons write command files, even if the dialog is cancelled later.
 #pragma once
 
 #include <QGroupBox>
@@ -18,13 +18,13 @@ namespace captoria {
 
 class OptionsBatchPage final : public OptionsPage {
  public:
-  // The workspace, and the cue that a placement begins with, outlive the page.
+  // The workspace and the cue of `placement` outlive the page.
   OptionsBatchPage(Workspace& workspace, const PositionDialogStart& placement, QWidget* parent);
 
   void Load(const Settings& settings) override;
   void Store(Settings& settings) const override;
 
-  // Whether there is a command file now that was not there before.
+  // Whether a new command file was created.
   bool HasMadeFiles() const { return has_made_files_; }
 
  private:
@@ -53,8 +53,8 @@ class OptionsBatchPage final : public OptionsPage {
   BatchEditor* new_file_;
   QPushButton* create_;
   QMenu* menu_;
-  BatchEditor* asking_;  // the editor that the menu is for
-  std::string loaded_;   // the file that `to_run_` was filled from
+  BatchEditor* asking_;  // the editor that gets the command chosen in the menu
+  std::string loaded_;   // the file shown in `to_run_`
   bool has_made_files_ = false;
 };
 

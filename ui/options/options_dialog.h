@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The options dialog: the settings that are not made in the main window, on five pages.
+// The options dialog: five pages of settings that the main window does not offer.
 //
-// Nothing is changed before "OK", except command files, which are written by buttons of their own, and list fonts of
-// tracks that are not open.
+// Nothing changes before "OK", except command files, which have buttons of their own, and the list fonts of tracks that
+// are not open.
 #pragma once
 
 #include <QDialog>
@@ -24,13 +24,13 @@ class OptionsFontsPage;
 
 class Form2 final : public QDialog {
  public:
-  // The workspace, the entry in the file manager's menu and the cue that a placement begins with outlive the dialog.
+  // The workspace, `entry` and the cue of `placement` outlive the dialog.
   Form2(Workspace& workspace, ContextMenuEntry& entry, const PositionDialogStart& placement, QWidget* parent);
 
-  // What "OK" has changed; nothing before, or after "Cancel".
+  // What "OK" changed; nothing before "OK" or after "Cancel".
   const OptionsEffect& Effect() const { return effect_; }
 
-  // Whether the list of command files may be another one. It may also after "Cancel".
+  // Whether command files were created. Possible even after "Cancel".
   bool BatchFilesChanged() const;
 
   void accept() override;

@@ -13,7 +13,7 @@
 namespace captoria {
 namespace {
 
-constexpr int kProposedHeight = 570;  // pixels; a PAL screen's
+constexpr int kProposedHeight = 570;  // pixels; almost the height of a PAL frame
 constexpr int kHighest = 4096;        // pixels
 
 QCheckBox* Check(const char* name, const QString& caption, QWidget* frame) {
@@ -26,7 +26,7 @@ QRadioButton* Option(const char* name, const QString& caption, QWidget* frame) {
   return Named(new QRadioButton(caption, frame), name);
 }
 
-// An option, the words about it and what counts only with it.
+// An option, its note and the controls that depend on it.
 QLayout* OptionWithParts(QRadioButton* option, QLabel* what, QWidget* part) {
   auto* layout = new QVBoxLayout;
   layout->addWidget(option);

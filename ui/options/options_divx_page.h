@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// "Creating DivX": how the film is made, and what is left when it is.
+// "Creating DivX": how the film is made, and what is cleaned up afterwards.
 #pragma once
 
 #include <QComboBox>

@@ -40,7 +40,7 @@ QWidget* OptionsExtraPage::BuildPreview() {
   color_label_ = FieldLabel(color_button_, "lblBackColor", "&Background color for subtitles");
   auto* number = new QVBoxLayout;
   number->addWidget(frame_);
-  number->addWidget(Note("lblFrameForPreviewNote", "-1 is the first frame, 0 leaves it as it was", frame));
+  number->addWidget(Note("lblFrameForPreviewNote", "-1 is the first frame, 0 keeps the current setting", frame));
   auto* color = new QHBoxLayout;
   color->addWidget(color_button_);
   color->addStretch();

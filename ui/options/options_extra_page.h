@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// "Extra": the preview's frame and background, and the entry in the file manager's menu.
+// "Extra": frame and background colour of the preview, and the entry in the file manager's menu.
 #pragma once
 
 #include <QPushButton>
@@ -20,7 +20,7 @@ class OptionsExtraPage final : public OptionsPage {
   void Load(const Settings& settings) override;
   void Store(Settings& settings) const override;
 
-  // Shows whether the entry is there; makes it so, or not so, as shown.
+  // Shows whether the entry exists; creates or removes it to match the check box.
   void LoadEntry(const ContextMenuEntry& entry);
   Result<void> StoreEntry(ContextMenuEntry& entry) const;
 

@@ -17,7 +17,8 @@ class OptionsFontsPage final : public QWidget {
   // The workspace outlives the page.
   OptionsFontsPage(Workspace& workspace, QWidget* parent);
 
-  // Of open tracks, to be given to them. That of a track that is not open is written as soon as it is chosen.
+  // The fonts chosen for open tracks, to be applied to them. For a track that is not open, the font is written as soon
+  // as it is chosen.
   const ListFonts& Chosen() const { return chosen_; }
 
  private:

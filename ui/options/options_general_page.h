@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// "General": which files are loaded together.
+// "General": which files are opened together.
 #pragma once
 
 #include "ui/options/options_page.h"

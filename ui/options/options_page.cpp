@@ -14,8 +14,8 @@
 namespace captoria {
 namespace {
 
-constexpr double kNoteSize = 0.9;    // of the size of other text
-constexpr double kNoteColor = 0.75;  // of the way from the window's colour to that of other text
+constexpr double kNoteSize = 0.9;    // relative to the size of other text
+constexpr double kNoteColor = 0.75;  // opacity, relative to other text
 
 }  // namespace
 

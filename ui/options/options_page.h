@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// A page of the options dialog, and what such pages are built of.
+// A page of the options dialog, and the controls that pages are built from.
 #pragma once
 
 #include <QAbstractButton>
@@ -22,33 +22,33 @@ class OptionsPage : public QWidget {
  public:
   using QWidget::QWidget;
 
-  // Shows the settings that the page is for.
+  // Shows the page's settings.
   virtual void Load(const Settings& settings) = 0;
 
-  // Puts what is shown into those settings.
+  // Stores the values shown.
   virtual void Store(Settings& settings) const = 0;
 };
 
-// A label that leads the keyboard to `field`.
+// A label whose keyboard shortcut leads to `field`.
 QLabel* FieldLabel(QWidget* field, const char* name, const QString& text);
 
-// Words about what stands above: smaller, paler, over as many lines as they need.
+// An explanation of the control above it: smaller, paler, and wrapped.
 QLabel* Note(const char* name, const QString& text, QWidget* parent);
 
-// A button that is a sign; what it does is its tool tip and what screen readers tell.
+// A button with a sign as its text. `what` is its tool tip and accessible name.
 QAbstractButton* SmallButton(const QString& name, const QString& sign, const QString& what, QWidget* parent);
 
 // A button that shows the text `help` under the dialog's title.
 QAbstractButton* HelpButton(const char* name, const QString& about, const std::string& help, Prompts& prompts,
                             QWidget* parent);
 
-// What belongs to a check box or an option stands below it, a bit farther in.
+// Indents what belongs to the check box or option above.
 QLayout* Indented(QWidget* part, Qt::Alignment alignment = {});
 
-// Shows a number, also one that could not be typed: a settings file may hold it.
+// Shows a number, extending the range if a settings file holds a number outside it.
 void ShowNumber(QSpinBox* field, int number);
 
-// A path that is typed or shown. One that is not edited is given back byte for byte.
+// An edit box for a path. A path that is not edited is returned byte for byte.
 class PathEdit final : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
@@ -60,10 +60,10 @@ class PathEdit final : public QLineEdit {
   std::string shown_;
 };
 
-// A check box, and the folder that it is about: that can be given only while the box is checked.
+// A check box with a folder, which can be edited only while the box is checked.
 class FolderOption final : public QWidget {
  public:
-  // The parts are named chk, txt and cmd with `name` behind it. The prompts outlive the widget.
+  // The parts are named "chk", "txt" and "cmd" followed by `name`. The prompts outlive the widget.
   FolderOption(const QString& name, const QString& caption, Prompts& prompts, QWidget* parent);
 
   void SetFolder(const std::string& folder) { folder_->SetPath(folder); }

@@ -23,14 +23,14 @@ QString WhyNotOpened(const Error& error, const std::string& path) {
 
 QString NotFoundText() { return QStringLiteral("Frame not found"); }
 
-// A film whose length is known should have had the frame.
+// If the film's length is known, the frame should exist.
 QString WhyNoFrame(const Error& error, const std::string& path, qint64 frames) {
   if (frames == 0 && error.kind == ErrorKind::NotFound) return NotFoundText();
   return QStringLiteral("Can not get frame of file '") + ToQt(path) + '\'';
 }
 
-// How long the pictures last, in milliseconds. The film's own duration is that of its sound where that is longer, and
-// frames reckoned from it would drift away from the cues.
+// Duration of the video stream in milliseconds. The film's own duration may be that of a longer sound stream; frames
+// computed from it would drift away from the cues.
 qint64 DurationOf(const FrameDecoder& film, const std::string& path) {
   const auto video = GetAviStreamInfo(path, StreamKind::Video);
   if (!video || !*video || (*video)->fps <= 0) return film.Duration();
@@ -39,7 +39,7 @@ qint64 DurationOf(const FrameDecoder& film, const std::string& path) {
 
 }  // namespace
 
-// Stops what nobody wants any more.
+// Stops work that a newer request replaced.
 class FrameLoader::Watch final : public JobProgress {
  public:
   Watch(const std::atomic<std::uint64_t>& newest, std::uint64_t own) : newest_(newest), own_(own) {}
@@ -50,7 +50,7 @@ class FrameLoader::Watch final : public JobProgress {
   std::uint64_t own_;
 };
 
-// The open film; of the worker only.
+// The open film. Used only by the worker thread.
 class FrameLoader::Film {
  public:
   explicit Film(FrameLoader& loader) : loader_(loader) {}
@@ -96,7 +96,7 @@ FrameLoader::FrameLoader(QObject* parent) : QObject(parent) {
 }
 
 FrameLoader::~FrameLoader() {
-  Close();  // stops what is decoded now
+  Close();  // stops the current decoding
   worker_.request_stop();
   worker_.join();
 }
@@ -117,7 +117,7 @@ void FrameLoader::Close() { Open({}); }
 void FrameLoader::Place(Order order) {
   {
     const std::lock_guard lock(mutex_);
-    // A film that was not opened yet still has to be, before its frame.
+    // A film that is still waiting to be opened has to be opened before its frame.
     if (!order.path && next_) order.path = std::move(next_->path);
     next_ = std::move(order);
   }
@@ -138,7 +138,7 @@ void FrameLoader::Work(const std::stop_token& stop) {
 }
 
 void FrameLoader::Send(bool is_of_film, const Ticket& ticket, std::function<void(FrameLoader&)> answer) {
-  // Asked once more when it arrives: meanwhile something else may have been wanted.
+  // Checked again on arrival: a newer request may have come in the meantime.
   emit Answered([this, is_of_film, ticket, answer = std::move(answer)] {
     const Ticket newest = Newest();
     if (is_of_film ? newest.film == ticket.film : newest.frame == ticket.frame) answer(*this);

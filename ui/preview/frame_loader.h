@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Pictures of a film, decoded beside the window. Only what was asked for last is answered: a newer request stops the
-// decoding of an older one, and nothing comes of a film that was closed.
+// Decodes frames of a film on a worker thread. Only the newest request is answered: it stops the decoding of older
+// requests, and a closed film answers nothing.
 #pragma once
 
 #include <QImage>
@@ -26,33 +26,33 @@ class FrameLoader final : public QObject {
   explicit FrameLoader(QObject* parent = nullptr);
   ~FrameLoader() override;
 
-  // Another film in the place of the one before. `path` may be any bytes. Answered by Opened or Failed.
+  // Opens a film in place of the current one. `path` may be any bytes. Answered by Opened or Failed.
   void Open(const std::string& path);
 
-  // Frame `frame` of the film, counted from 0. Answered by FrameReady or Failed, after the answer to Open; not at all
-  // when the film could not be opened.
+  // Decodes frame `frame`, counted from 0. Answered by FrameReady or Failed after the answer to Open; not answered if
+  // the film could not be opened.
   void Request(qint64 frame);
 
   void Close();
 
  signals:
-  // These three on the thread of the loader's owner. Frames and duration, which is that of the pictures, are 0 when not
-  // known.
+  // These three arrive on the owner's thread. `frames` and the duration of the video stream are 0 if unknown.
   void Opened(int width, int height, qint64 frames, qint64 duration_ms);
   void FrameReady(qint64 number, QImage image);
   void Failed(QString message);
 
-  // The worker's way to that thread; of nobody else's concern.
+  // Internal: carries an answer from the worker to the owner's thread.
   void Answered(std::function<void()> answer);
 
  private:
-  // Counts of what was asked for. What is worked on has the counts of its time and is in vain when they have changed.
+  // Numbers of the film and the frame requested last. Work carries a copy and is dropped if a newer request has
+  // arrived.
   struct Ticket {
     std::uint64_t film = 0;
     std::uint64_t frame = 0;
   };
   struct Order {
-    std::optional<std::string> path;  // of another film; empty for none
+    std::optional<std::string> path;  // film to open; empty to close the current one
     std::optional<qint64> frame;
     Ticket ticket;
   };
@@ -66,7 +66,7 @@ class FrameLoader final : public QObject {
 
   std::atomic<std::uint64_t> film_ = 0;
   std::atomic<std::uint64_t> frame_ = 0;
-  std::mutex mutex_;  // for next_
+  std::mutex mutex_;  // guards next_
   std::condition_variable_any wake_;
   std::optional<Order> next_;
   std::jthread worker_;

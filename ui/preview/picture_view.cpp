@@ -21,7 +21,7 @@ bool IsWholeMultiple(int length, int of) { return length % of == 0; }
 
 QImage ToImage(VideoFrame frame) {
   if (frame.pixels.empty()) return {};
-  // Blue, green, red, opacity are the bytes of Qt's 0xAARRGGBB.
+  // On a little-endian machine, the bytes of Qt's 0xAARRGGBB are blue, green, red, alpha.
   static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN);
   auto kept = std::make_unique<VideoFrame>(std::move(frame));
   auto* pixels = kept->pixels.data();
@@ -68,7 +68,7 @@ QSizeF PictureView::ShownSize() const {
 
 void PictureView::Scale(QSize pixels) {
   if (scaled_.size() == pixels) return;
-  // Where each pixel becomes the same number of pixels of the screen, none has to be blurred.
+  // At a whole multiple, each pixel becomes the same number of screen pixels and stays sharp.
   const bool is_exact =
       IsWholeMultiple(pixels.width(), image_.width()) && IsWholeMultiple(pixels.height(), image_.height());
   scaled_ = image_.scaled(pixels, Qt::IgnoreAspectRatio, is_exact ? Qt::FastTransformation : Qt::SmoothTransformation);
@@ -86,7 +86,7 @@ void PictureView::paintEvent(QPaintEvent* /*event*/) {
   const double ratio = devicePixelRatioF();
   const QSize pixels = (ShownSize() * ratio).toSize().expandedTo({1, 1});
   Scale(pixels);
-  // The corner lies on a pixel of the screen, or all of them would be blurred by a fraction.
+  // Aligned to whole screen pixels; a fraction would blur the picture.
   const QPointF corner(std::floor((width() * ratio - pixels.width()) / 2),
                        std::floor((height() * ratio - pixels.height()) / 2));
   painter.scale(1 / ratio, 1 / ratio);

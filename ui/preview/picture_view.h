@@ -1,8 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// One picture in the middle of its surroundings: as large as it is, or reduced to the space there is. A text stands
-// there while there is no picture.
+// A picture, centred, in its own size or reduced to fit. Shows a text while there is no picture.
 #pragma once
 
 #include <QColor>
@@ -14,23 +13,23 @@
 
 namespace captoria {
 
-// Takes the pixels over; nothing is copied. A null image when there are none.
+// Takes over the pixels without a copy. A null image if there are none.
 QImage ToImage(VideoFrame frame);
 
 class PictureView final : public QWidget {
  public:
-  // `name` is what screen readers call it.
+  // `name` is the accessible name.
   PictureView(const QString& name, QWidget* parent);
 
-  // A null image is no picture.
+  // A null image removes the picture.
   void SetImage(const QImage& image);
   const QImage& Image() const { return image_; }
 
-  // Says why there is no picture; goes with the next one.
+  // Removes the picture and shows `text` until the next picture.
   void SetText(const QString& text);
   const QString& Text() const { return text_; }
 
-  // Text is black or white there, whichever can be read.
+  // The background colour. Text is black or white, whichever is readable.
   void SetSurroundings(const QColor& color);
 
   QSize sizeHint() const override;
@@ -44,7 +43,7 @@ class PictureView final : public QWidget {
   void Scale(QSize pixels);
 
   QImage image_;
-  QImage scaled_;  // to the pixels of the screen
+  QImage scaled_;  // to screen pixels
   QString text_;
 };
 

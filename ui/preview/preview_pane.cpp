@@ -19,10 +19,10 @@ namespace {
 
 constexpr QRgb kDark = 0xFF1E1E1E;
 
-// A picture between cues of one and of two lines must not jump. Beyond this height, bitmaps are reduced.
+// The pane keeps its height between cues of one and two lines. Higher bitmaps are reduced.
 constexpr int kMostReserved = 160;
 
-constexpr qint64 kPages = 40;  // that the slider goes through the film in
+constexpr qint64 kPages = 40;  // page steps of the slider from start to end
 
 QColor ColorOf(const Color& color) { return {color.red, color.green, color.blue}; }
 
@@ -68,7 +68,7 @@ QWidget* PreviewPane::BuildFilmBar() {
   slider_ = new QSlider(Qt::Horizontal, bar);
   slider_->setObjectName("FrameSlider");
   slider_->setAccessibleName("Frame of the video");
-  slider_->setToolTip("Moves through the video. Arrow keys go by one frame.");
+  slider_->setToolTip("Moves through the video. Arrow keys move by one frame.");
   caption->setBuddy(slider_);
   position_ = new QLabel(bar);
   position_->setObjectName("FramePosition");
@@ -77,7 +77,7 @@ QWidget* PreviewPane::BuildFilmBar() {
   position_->setMinimumWidth(position_->fontMetrics().horizontalAdvance("0000000 \u2013 00:00:00,000"));
   at_cue_ = new QCheckBox("Frame at the cue's &time", bar);
   at_cue_->setObjectName("FrameAtCue");
-  at_cue_->setToolTip("Shows each subtitle over the frame that it appears at.");
+  at_cue_->setToolTip("Shows each subtitle over the frame where it appears.");
 
   auto* layout = new QHBoxLayout(bar);
   layout->setContentsMargins(6, 0, 6, 0);
@@ -98,7 +98,7 @@ void PreviewPane::Connect() {
 }
 
 void PreviewPane::ShowCue(const SubtitleCue* cue) {
-  // A cue that is only drawn anew leaves the frame that was gone to meanwhile.
+  // Redrawing the same cue keeps the frame the user moved to.
   const bool is_other = cue != nullptr && (!cue_ || cue_->Number != cue->Number || cue_->Show != cue->Show);
   cue_ = cue == nullptr ? std::nullopt : std::optional{*cue};
   Repaint();
@@ -108,8 +108,8 @@ void PreviewPane::ShowCue(const SubtitleCue* cue) {
 void PreviewPane::Repaint() {
   const int height = bitmap_.Height();
   bitmap_.Destroy();
-  if (workspace_.project.video.AviPath.empty())
-    video_->SetText(Words(window_texts::kOpenVideo));  // in the language of now
+  // The language may have changed.
+  if (workspace_.project.video.AviPath.empty()) video_->SetText(Words(window_texts::kOpenVideo));
   subtitle_->SetSurroundings(ColorOf(SplitColour(workspace_.preferences.settings.BackColor)));
   if (cue_) {
     const auto shared = workspace_.canvas.Bitmap(FrameOf(workspace_.preferences.settings));
@@ -134,8 +134,8 @@ void PreviewPane::ReserveHeight(bool anew) {
   subtitle_->setMaximumHeight(is_on_ ? subtitle_->minimumHeight() : QWIDGETSIZE_MAX);
 }
 
-// Lays the cue over the film's picture. Asks nothing of the workspace, which may be at work elsewhere when a frame
-// comes.
+// Draws the cue over the film's picture. Must not read the workspace: another thread may be using it when a frame
+// arrives.
 void PreviewPane::Compose() {
   if (clean_.pixels.empty()) return;
   VideoFrame shown = clean_;
@@ -217,7 +217,7 @@ void PreviewPane::ShowPosition(qint64 frame) {
 }
 
 void PreviewPane::TakeSlider(int frame) {
-  // While the slider is drawn along, each picture is waited for, so that the film is seen to move.
+  // While the user drags the slider, wait for each picture before requesting the next, so that the film moves.
   if (slider_->isSliderDown() && is_waiting_) {
     next_ = frame;
     ShowPosition(frame);

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What the selected cue will look like: over a picture of the film, and below that its bitmap by itself. Both are the
-// very pixels that a conversion writes.
+// Shows the selected cue over a picture of the film, and its bitmap alone below. Both show exactly the pixels that a
+// conversion writes.
 //
-// Frames are decoded beside the window and come when they come; cues are drawn at once.
+// Frames are decoded on another thread and arrive later; cues are drawn at once.
 #pragma once
 
 #include <QCheckBox>
@@ -26,29 +26,29 @@ class PreviewPane final : public QWidget {
   Q_OBJECT
 
  public:
-  // `workspace` outlives the pane. The preview over the film is off at first.
+  // `workspace` outlives the pane. The preview over the film is initially off.
   PreviewPane(Workspace& workspace, QWidget* parent);
 
-  // Draws `cue` in the style of the current track; a copy of it is kept. Null: no cue is shown.
+  // Draws `cue` in the style of the current track and keeps a copy of it. Null shows no cue.
   void ShowCue(const SubtitleCue* cue);
 
-  // The session's video is another one. Shows its frame FrameForPreview.
+  // Call after the project's video changed. Shows its frame FrameForPreview.
   void SetVideo();
 
-  // Off: only the subtitle picture is shown, and the film is let go of. On: its frame is fetched anew.
+  // Off: closes the film and shows only the subtitle picture. On: opens the film again.
   void SetPreviewOn(bool on);
 
-  // Draws the cue again: the style of its track, or a setting of all bitmaps, has changed.
+  // Draws the cue again, after a change of its track's style or of a setting for all bitmaps.
   void Repaint();
 
-  // Where the slider for the vertical position stands; the cue's bitmap is moved on the film's picture.
+  // Moves the cue on the film's picture. `value` and `maximum` are those of the vertical position slider.
   void SetVertical(int value, int maximum);
 
  signals:
-  // Of the subtitle picture, in pixels.
+  // The height of the subtitle picture changed, in pixels.
   void PictureHeightChanged(int height);
 
-  // Why there is no picture of the film. The pane shows it too.
+  // Reports why there is no picture of the film. The pane shows the text too.
   void Told(const QString& text);
 
  private:
@@ -80,8 +80,8 @@ class PreviewPane final : public QWidget {
   QCheckBox* at_cue_;
 
   std::optional<SubtitleCue> cue_;
-  cDIB bitmap_;      // of the cue; none without one
-  int hor_pos_ = 0;  // of its track
+  cDIB bitmap_;      // of the cue; empty without a cue
+  int hor_pos_ = 0;  // of the cue's track
   int vertical_ = 0;
   int vertical_maximum_ = 0;
 
@@ -89,9 +89,9 @@ class PreviewPane final : public QWidget {
   VideoFrame clean_;        // the film's picture without the cue
   qint64 frames_ = 0;       // of the film
   qint64 duration_ms_ = 0;  // the same
-  qint64 wanted_ = 0;       // frame that was asked for last
+  qint64 wanted_ = 0;       // frame requested last
   bool is_waiting_ = false;
-  std::optional<int> next_;  // frame to ask for when the answer has come
+  std::optional<int> next_;  // frame to request after the current one arrives
 };
 
 }  // namespace captoria

@@ -11,9 +11,9 @@ namespace {
 
 constexpr int kSide = 16;
 constexpr int kLargeIcon = 20;
-constexpr QColor kFrame{122, 129, 140};  // in sight on light and on dark windows
+constexpr QColor kFrame{122, 129, 140};  // visible on light and on dark windows
 
-// The square in the middle of an icon of `side` logical pixels.
+// The square, centred in an icon of `side` logical pixels.
 QPixmap Square(QColor color, int side, int ratio) {
   QPixmap icon(side * ratio, side * ratio);
   icon.setDevicePixelRatio(ratio);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What a button shows of a colour it lets one choose: a square of it, and its numbers.
+// How a button shows the colour that it changes: a filled square and its RGB values.
 #pragma once
 
 #include <QIcon>
@@ -11,8 +11,8 @@
 
 namespace captoria {
 
-// A filled square of 16 x 16 pixels, for icons of 16 and of 20 pixels and for screens of one, two and three pixels to
-// the logical one. A thin frame keeps a square of the window's own colour in sight.
+// A filled square of 16 x 16 pixels, for icon sizes of 16 and 20 pixels and screen scales of 1, 2 and 3. A thin frame
+// keeps a square in the window's own colour visible.
 QIcon ColorSwatch(Color color);
 
 // "RGB = (255, 255, 255)"

@@ -23,7 +23,7 @@ PositionSlider::PositionSlider(const QString& name, const QString& caption, cons
   slider_->setToolTip(tool_tip);
   slider_->setSingleStep(1);
   slider_->setPageStep(5);
-  // Left and right are those of the frame, which no language mirrors.
+  // Left and right refer to the video frame, which no language mirrors.
   slider_->setLayoutDirection(Qt::LeftToRight);
 
   auto* layout = new QGridLayout(this);

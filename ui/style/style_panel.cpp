@@ -19,10 +19,10 @@
 namespace captoria {
 namespace {
 
-constexpr int kVerticalMaximum = 10;      // while no video says better
-constexpr int kFarthestBevel = 32767;     // that settings files may hold
+constexpr int kVerticalMaximum = 10;      // until a video is opened
+constexpr int kFarthestBevel = 32767;     // limit of settings files
 constexpr int kLeastDropDownWidth = 200;  // pixels
-constexpr int kLettersOfClosedList = 16;  // longer entries are cut so that the panel stays narrow
+constexpr int kLettersOfClosedList = 16;  // longer entries are elided to keep the panel narrow
 constexpr int kSpacing = 6;
 
 QLabel* LabelFor(QWidget* field, const char* name, const QString& caption) {
@@ -157,7 +157,7 @@ void StylePanel::BuildStream(QFormLayout* form) {
 }
 
 void StylePanel::Connect() {
-  // Every control writes its own field and tells. LoadCorrectValues keeps them quiet while it sets them.
+  // Each control writes its own field and sends StyleChanged. LoadCorrectValues blocks their signals.
   const auto writes = [this](auto* control, auto signal, auto write) {
     connect(control, signal, this, [this, write](auto value) {
       write(Style(), value);
@@ -199,7 +199,7 @@ void StylePanel::LoadCorrectValues() {
   horizontal_->ShowValue(style.HorPos);
 }
 
-// Left and right are those of the frame, which no language mirrors.
+// Left and right refer to the video frame, which no language mirrors.
 void StylePanel::changeEvent(QEvent* event) {
   if (event->type() == QEvent::LayoutDirectionChange) KeepAlignmentOrder();
   QWidget::changeEvent(event);

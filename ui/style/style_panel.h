@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The controls of the current track's style. Whatever a person changes here is written to the track at once and told;
-// the panel itself draws no subtitle and checks none.
+// The controls for the style of the current track. Each change is written to the track at once and reported by a
+// signal. The panel itself neither draws nor checks subtitles.
 #pragma once
 
 #include <QAction>
@@ -30,38 +30,39 @@ class StylePanel final : public QWidget {
   // Shows the current track of the workspace, which outlives the panel.
   StylePanel(Workspace& workspace, QWidget* parent);
 
-  // Brings all controls in line with the current track and tells nothing. A track whose language is none of the list
-  // becomes English. The vertical maximum is raised where the track stands higher.
+  // Updates all controls from the current track without sending a signal. A language that is not in the list becomes
+  // English. The vertical maximum is raised to the track's position if needed.
   void LoadCorrectValues();
 
-  // Cues that are pictures already have no style: all but language and type is off then, the menu's actions included.
+  // Enables or disables everything except language and type, including the shared menu actions. A track of bitmaps has
+  // no style.
   void EnableButtons(bool enable);
 
-  // The toolbar's actions, for a menu to share; their object names are the keys of ui/style/style_toolbar.h.
+  // The toolbar's actions, for a menu to share. Their object names are the keys listed in ui/style/style_toolbar.h.
   QList<QAction*> StyleActions() const { return toolbar_->actions(); }
 
-  // Pixels a subtitle can stand above the bottom of the frame; below 0 counts as 0. The track keeps its position.
+  // The highest vertical position in pixels; values below 0 count as 0. The track keeps its position.
   void SetVerticalMaximum(int maximum);
   int VerticalMaximum() const { return vertical_->Highest(); }
 
-  // What the vertical slider stands at: the track's position, or that of a cue shown by the second of these, which
-  // leaves the track alone and tells nothing.
+  // The value of the vertical slider: the track's position, or the position of a cue set by ShowVerticalPosition, which
+  // changes no track and sends no signal.
   int VerticalPosition() const { return vertical_->Value(); }
   void ShowVerticalPosition(int position) { vertical_->ShowValue(position); }
 
-  // Notes that a cue does not go where the track goes, because of what its placement holds.
+  // Shows a note if the cue's own alignment or position overrides the track's.
   void ShowOwn(const Placement& placement);
 
-  // What the toolbar asks for.
+  // The toolbar's commands.
   void ChooseFont();
   void ChooseColor(int palette_entry);  // 1 fore, 2 outline, 3 shadow
-  void SetOutlineWidth(int width);      // 0 to kOutlineWidthMax; beyond it, the nearest
+  void SetOutlineWidth(int width);      // clamped to 0 ... kOutlineWidthMax
 
  signals:
-  // The style is another; the preview has to be drawn again.
+  // The style changed; redraw the preview.
   void StyleChanged();
 
-  // The same, because of the font: the safe viewing area has to be checked as well. StyleChanged is not told then.
+  // The font changed; check the safe viewing area and redraw. Sent instead of StyleChanged.
   void FontChanged();
 
  protected:

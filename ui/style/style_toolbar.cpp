@@ -9,7 +9,7 @@
 #include "ui/texts/captions.h"
 #include "ui/texts/qt_text.h"
 
-// The icons are linked because of this; a name of this kind has to be used outside every namespace.
+// Links the icons. Q_INIT_RESOURCE must stand outside every namespace.
 static void LinkIcons() { Q_INIT_RESOURCE(assets); }
 
 namespace captoria {

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The toolbar of a track's style: font, the three colours and the five outline widths. It shows a style and tells what
-// is asked for; it changes none. Its actions' object names are the keys "font", "color", "outcolor", "out0" to "out4"
+// The toolbar of a track's style: font, three colours and five outline widths. It shows a style and sends signals; it
+// does not change the style. The object names of its actions are the keys "font", "color", "outcolor", "out0" to "out4"
 // and "shadowcolor".
 #pragma once
 
@@ -16,7 +16,7 @@
 
 namespace captoria {
 
-// A colour of a style. Its place in kStyleColors, counted from 1, is its entry in the track's palette.
+// A colour of a style. Its position in kStyleColors, counted from 1, is its palette entry.
 struct StyleColor {
   const char* key;
   WindowText title;
@@ -39,10 +39,10 @@ class StyleToolBar final : public QToolBar {
  public:
   explicit StyleToolBar(QWidget* parent);
 
-  // All of it is in sight, however long the captions are.
+  // No button is ever hidden, however long the captions are.
   QSize minimumSizeHint() const override { return sizeHint(); }
 
-  // Tells nothing.
+  // Sends no signal.
   void ShowStyle(const TrackStyle& style);
 
  signals:

@@ -24,7 +24,7 @@ namespace {
 
 constexpr const char* kToolTip = "_ToolTipText";
 
-// "name", or "name_k" for a member of an array.
+// "name", or "name_k" for member k of an array.
 QString KeyOf(const QObject& object) {
   const QVariant index = object.property("Index");
   return index.isValid() ? object.objectName() + "_" + index.toString() : object.objectName();
@@ -38,7 +38,7 @@ class Walk {
       Add(window.objectName(), title, [&window](const QString& text) { window.setWindowTitle(text); });
     }
     for (QObject* object : window.findChildren<QObject*>()) {
-      // Qt names the parts of its own widgets like this.
+      // Qt gives such names to the parts of its own widgets.
       if (object->objectName().isEmpty() || object->objectName().startsWith("qt_")) continue;
       if (qobject_cast<QTabBar*>(object->parent()) != nullptr) continue;  // its scroll buttons
       const auto* widget = qobject_cast<QWidget*>(object);
@@ -56,7 +56,7 @@ class Walk {
 
   void Visit(QObject& object) {
     if (auto* action = qobject_cast<QAction*>(&object)) {
-      // Others are reached by their toolbar.
+      // Other actions get their texts from VisitButtons.
       const bool in_menu = std::ranges::any_of(action->associatedObjects(), [](const QObject* shown_by) {
         return qobject_cast<const QMenu*>(shown_by) != nullptr;
       });
@@ -77,7 +77,7 @@ class Walk {
     if (!widget.property(kShowsData).toBool()) VisitCaption(key, widget);
     const QString name = widget.accessibleName();
     if (qobject_cast<QToolBar*>(widget.parentWidget()) != nullptr && qobject_cast<QAbstractButton*>(&widget) != nullptr)
-      return;  // told by its toolbar
+      return;  // VisitButtons sets it
     Add(key + kToolTip, widget.toolTip(), [&widget](const QString& text) { widget.setToolTip(text); });
     Add(key + "_AccessibleName", name, [&widget](const QString& text) { widget.setAccessibleName(text); });
   }
@@ -107,7 +107,7 @@ class Walk {
         [&bar](const QString& text) { bar.setAccessibleName(text); });
   }
 
-  // An action may stand in a menu as well: there it has its text, on the button its icon text and its tool tip.
+  // An action may be in a menu too. The menu shows its text; the button shows its icon text and tool tip.
   void VisitButtons(QToolBar& toolbar) {
     int i = 0;
     for (QAction* action : toolbar.actions()) {

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The texts of a window that a language file may replace, found by one walk over its widgets and actions.
+// The texts of a window that a language file may replace. One walk over the widgets and actions finds them.
 //
-// A text's key is the object name of what shows it: of the window for its title, "name" for a caption, "name_k" for the
-// caption of the member k of an array (objects of one name, told apart by their property "Index"), "name_i" for the
-// i-th tab or toolbar button, counted from 1 without separators. A tool tip's key ends in "_ToolTipText", that of a
-// name only screen readers tell in "_AccessibleName". Objects without a name have no key.
+// The key of a text is made from the object name: the window's name for its title, "name" for a caption, "name_k" for
+// member k of an array (objects that share a name and differ in their property "Index"), "name_i" for the i-th tab or
+// toolbar button, counted from 1 without separators. The key of a tool tip ends in "_ToolTipText", the key of an
+// accessible name in "_AccessibleName". Objects without a name have no key.
 #pragma once
 
 #include <QString>
@@ -19,23 +19,23 @@
 
 namespace captoria {
 
-// The property of objects whose captions tell of the user's data: they keep what the program sets.
+// The property of objects whose captions show the user's data. A language file does not change them.
 inline constexpr const char* kShowsData = "showsData";
 
 struct Caption {
   QString key;
-  QString text;  // as it is now
+  QString text;  // current text
   std::function<void(const QString&)> set;
 };
 
-// In the order of the window's own objects; none with an empty text.
+// In the order of the window's objects, without empty texts.
 std::vector<Caption> CaptionsOf(QWidget& window);
 
-// Gives a window the texts of one language after the other. What a language lacks gets the text it was built with.
+// Applies one language after another to a window. A text that a language lacks falls back to the built-in text.
 class WindowCaptions {
  public:
-  // `window`, which keeps its built-in texts until Apply, outlives the object. Its object name is the window's name in
-  // language files.
+  // `window` outlives the object and must keep its built-in texts until Apply. Its object name is its name in language
+  // files.
   explicit WindowCaptions(QWidget& window) : window_(window) {}
 
   void Apply(const LanguageDocument& language);
@@ -45,7 +45,7 @@ class WindowCaptions {
   std::map<QString, QString> built_in_;
 };
 
-// For windows that are made anew each time they are shown.
+// For windows that are created each time they are shown.
 void ApplyCaptions(QWidget& window, const LanguageDocument& language);
 
 }  // namespace captoria

@@ -21,7 +21,7 @@ void LanguageLook::Apply(const LanguageDocument& language) {
       toolkit_.load(QLocale(locale), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     QCoreApplication::installTranslator(&toolkit_);
   }
-  // A translation of the toolkit has a direction of its own, which is not the window's where only one of them is there.
+  // Set after the translator, because installing one sets a direction of its own.
   QApplication::setLayoutDirection(direction);
 }
 

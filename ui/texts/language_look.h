@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// What a language changes beside the captions of windows: the direction they run in, and the texts of the toolkit's own
-// dialogs, such as those that ask for a file. A language file tells both in its section "Private": Direction="rtl", and
-// Locale="de", of which the toolkit may or may not have texts.
+// What a language changes besides captions: the layout direction, and the texts of Qt's own dialogs. A language file
+// sets both in its section "Private": Direction="rtl" and Locale="de". Qt may lack a translation for the locale.
 #pragma once
 
 #include <QTranslator>

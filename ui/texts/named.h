@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The name under which language files, tests and screen readers know a part of the window.
+// Sets the object name, by which language files and tests find a part of the window.
 #pragma once
 
 #include <QString>

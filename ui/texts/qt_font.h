@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Fonts of settings as the toolkit has them.
+// Fonts of the settings as Qt fonts.
 #pragma once
 
 #include <QFont>
@@ -19,7 +19,7 @@ inline QFont ToQFont(const Font& choice) {
   return font;
 }
 
-// That of a cue list: like the rest of the window, which has `window`, unless somebody has chosen one.
+// The font of a cue list: the window's font unless the user chose another.
 inline QFont ListFont(const Font& font, const QFont& window) {
   const bool chosen =
       font.name != kDefaultListFontName || font.size != kDefaultListFontSize || font.bold || font.italic;

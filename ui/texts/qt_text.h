@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// Our texts are UTF-8, Qt's are UTF-16. Paths are bytes, in the encoding that the system's names have.
+// Conversions between our UTF-8 and Qt's UTF-16. Paths are bytes in the encoding of the system's file names.
 #pragma once
 
 #include <QFile>
@@ -11,7 +11,7 @@
 
 namespace captoria {
 
-// What is no UTF-8 becomes U+FFFD.
+// Invalid UTF-8 becomes U+FFFD.
 inline QString ToQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
@@ -22,11 +22,10 @@ inline QString PathToQt(const std::string& path) { return QFile::decodeName(QByt
 
 inline std::string PathFromQt(const QString& path) { return QFile::encodeName(path).toStdString(); }
 
-// For a place where text runs the other way: set apart from what is around it, or marks at its ends would go to the
-// wrong one.
+// Isolates text from a context of the other direction, so that punctuation at its ends stays at the right end.
 inline QString Isolated(const QString& text) { return QChar(0x2068) + text + QChar(0x2069); }
 
-// Lines one behind the other, with a sign where each ended.
+// Joins lines with a sign for each line break.
 inline QString OneLine(std::string_view text) {
   const QString sign = QStringLiteral(" \u23CE ");
   return ToQt(text).replace(QLatin1String("\r\n"), sign).replace(u'\n', sign).replace(u'\r', sign);

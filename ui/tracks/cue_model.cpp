@@ -15,7 +15,7 @@
 namespace captoria {
 namespace {
 
-// A cue as a line of the list, with its full stop behind it, also when it runs the other way than the window.
+// A cue's text in one line. Isolated if it runs against the window's direction, so that a full stop stays at its end.
 QString ListLine(const std::string& text) {
   const QString line = OneLine(text);
   return line.isRightToLeft() == QApplication::isRightToLeft() ? line : Isolated(line);

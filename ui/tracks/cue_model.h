@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The cues of the current track as rows of a list, without a copy of them.
+// The cues of the current track as rows of a list. Holds no copy of the cues.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -17,19 +17,19 @@ class CueModel final : public QAbstractTableModel {
   // The workspace outlives the model.
   CueModel(Workspace& workspace, QObject* parent);
 
-  // The track, its cues or the choice between all and those outside is another one.
+  // Call after the track, its cues or the choice between all cues and those outside changed.
   void Reset();
 
-  // The tags of cues have changed; rows and selection have not.
+  // Call after only the tags of cues changed. Keeps rows and selection.
   void Refresh();
 
-  // Nothing when there is no such row.
+  // Null if there is no such row.
   SubtitleCue* CueAt(int row);
 
   // Whether the row is selected in the list that is shown.
   bool& SelectedAt(int row);
 
-  // What is told of a cue's tag.
+  // A description of the cue's tag.
   QString TagText(const SubtitleCue& cue) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;

@@ -28,7 +28,7 @@ TrackTabs::TrackTabs(Workspace& workspace, QWidget* parent)
   list_->setAccessibleName("Subtitles of the track");
   list_->setModel(model_);
   list_->setRootIsDecorated(false);
-  list_->setUniformRowHeights(true);  // so that twenty thousand rows need not be measured
+  list_->setUniformRowHeights(true);  // spares measuring twenty thousand rows
   list_->setAllColumnsShowFocus(true);
   list_->setAlternatingRowColors(true);
   list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -65,8 +65,8 @@ void TrackTabs::ShowTracks() {
   list_->setProperty("Index", workspace_.project.tracks.CurrentIndex());
 }
 
-// The cue that was looked at stays in sight when its track is shown anew. Of another track it is the first, so that
-// something is to be seen at once, without being selected.
+// Keeps the current cue if the same track is shown again. In another track, the first cue becomes current without being
+// selected, so that the preview shows something at once.
 void TrackTabs::RestoreCurrent() {
   int row = 0;
   const std::pair track{workspace_.project.tracks.CurrentIndex(), workspace_.project.tracks.Current().path};
@@ -110,10 +110,10 @@ void TrackTabs::ChooseTab(int index) {
 
 void TrackTabs::ShowSelection() {
   RestoreSelection();
-  list_->viewport()->update();  // nobody was told
+  list_->viewport()->update();  // RestoreSelection blocks the signals
 }
 
-// A track that is come back to has its cues selected as they were.
+// Restores the selection of a track the user returns to.
 void TrackTabs::RestoreSelection() {
   const QSignalBlocker quiet(list_->selectionModel());
   QItemSelection selection;

@@ -20,27 +20,27 @@ class TrackTabs final : public QWidget {
   // The workspace outlives the widget.
   TrackTabs(Workspace& workspace, QWidget* parent);
 
-  // Tracks, the current one or its cues are others.
+  // Call after the tracks, the current track or its cues changed.
   void ShowTracks();
 
-  // What is told of the tag of `cue`.
+  // A description of the cue's tag.
   QString TagText(const SubtitleCue& cue) const { return model_->TagText(cue); }
 
-  // Other cues are selected in the workspace.
+  // Call after the selection changed in the workspace.
   void ShowSelection();
 
-  // Tags have changed.
+  // Call after tags changed.
   void Refresh() { model_->Refresh(); }
 
-  // The cue that is current in the list; nothing when there is none.
+  // The current cue of the list, or null.
   SubtitleCue* CurrentCue() const;
 
   int SelectedCount() const;
   QTreeView* List() const { return list_; }
 
  signals:
-  void TrackChosen();  // another one is current now, and has to be shown
-  void CueChosen();    // by a person; the one that ShowTracks makes current is not told
+  void TrackChosen();  // another track is current and has to be shown
+  void CueChosen();    // by the user; not sent when ShowTracks changes the current cue
   void SelectionChanged();
   void MenuWanted(const QPoint& global);
 
@@ -55,9 +55,9 @@ class TrackTabs final : public QWidget {
   QTabBar* tabs_;
   QTreeView* list_;
   CueModel* model_;
-  std::pair<int, std::string> shown_;  // the track, and its file
+  std::pair<int, std::string> shown_;  // index and path of the track shown
   bool restoring_ = false;
-  std::string current_number_;  // of the cue that was current last
+  std::string current_number_;  // of the last current cue
 };
 
 }  // namespace captoria
