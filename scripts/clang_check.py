@@ -4,7 +4,7 @@
 """scripts/clang_check.py [BUILD [FILE...]]: runs clang-tidy and the warnings of clang++ over the sources that the build
 folder BUILD (build/dev by default) compiles, or over those FILEs.
 
-clang-tidy checks the product and reports clang's warnings as well. Tests and benchmarks are only parsed by clang++, which
+clang-tidy checks the product and reports clang's warnings as well. Tests, benchmarks and the programs of scripts are only parsed by clang++, which
 finds the same warnings as compiling them. Prints all complaints; the exit status is 1 if there is one.
 """
 
@@ -18,7 +18,7 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-NOT_PRODUCT = ("tests", "bench")
+NOT_PRODUCT = ("tests", "bench", "scripts")
 WITH_VALUE = ("-o", "-MF", "-MT")
 WITHOUT_VALUE = ("-c", "-MD")
 COUNTS = re.compile(r"^\d+ warnings? (generated|treated as errors?)\.?\n", re.M)
