@@ -95,16 +95,16 @@ void WindowCommands::BatchConvert() {
   frmBatch dialog(workspace_.prompts, workspace_.project.video.AviPath, window_);
   dialog.exec();
   if (!dialog.Confirmed()) return;
-  const std::vector<std::string> films = dialog.Files();
+  const std::vector<std::string> videos = dialog.Files();
   CloseSubtitles();
-  ConvertList(films);
+  ConvertList(videos);
 }
 
-void WindowCommands::ConvertList(const std::vector<std::string>& films) {
+void WindowCommands::ConvertList(const std::vector<std::string>& videos) {
   if (const auto saved = SaveAll(workspace_.preferences, workspace_.project); !saved) {
     workspace_.reporter.Tell({.kind = FindingKind::NotSaved, .message = saved.error().message});
   }
-  (void)LocateTools(workspace_, backend_.ask_for_tool);  // now, for nobody is asked while the worker is busy
+  (void)LocateTools(workspace_, backend_.ask_for_tool);  // now: nobody is asked while the worker is busy
   UnseenView unseen;
   Workspace worker(workspace_.folders, workspace_.preferences, workspace_.prompts, unseen, Attendance::Nobody);
   worker.preferences.remembers = false;
@@ -117,7 +117,7 @@ void WindowCommands::ConvertList(const std::vector<std::string>& films) {
       .ask_for_tool = [](Workspace&, Tool) { return false; }};
 
   QStringList names;
-  for (const std::string& film : films) names.append(ToQt(GetFileNameOnly(film)));
+  for (const std::string& video : videos) names.append(ToQt(GetFileNameOnly(video)));
   int begun = 0, made = 0;
   Findings findings;
   const ConvertOptions options{.subtitles{},
@@ -128,7 +128,7 @@ void WindowCommands::ConvertList(const std::vector<std::string>& films) {
                                      findings.insert(findings.end(), film.findings.begin(), film.findings.end());
                                    }};
   ConvertReport report;
-  jobs_.Run([&] { report = ConvertVideos(worker, backend, films, options); }, names);
+  jobs_.Run([&] { report = ConvertVideos(worker, backend, videos, options); }, names);
 
   workspace_.project.video = worker.project.video;
   workspace_.view.ShowVideo();
@@ -136,7 +136,7 @@ void WindowCommands::ConvertList(const std::vector<std::string>& films) {
   for (const Finding& finding : findings) workspace_.reporter.Note(finding);
   if (report.stopped) {
     const QString stopped = ToQt(TextOf(workspace_.language.document, window_texts::kBatchStopped));
-    report.text.insert(0, FromQt(stopped.arg(made).arg(films.size())) + "\r\n");
+    report.text.insert(0, FromQt(stopped.arg(made).arg(videos.size())) + "\r\n");
   }
   workspace_.prompts.ShowMessage(std::string{"Batch results - "} + kProgramTitle, ReportOrAllWell(report.text));
 }

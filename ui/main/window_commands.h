@@ -42,7 +42,7 @@ class WindowCommands final : public QObject {
 
  private:
   Outcome ConvertBesideWindow(const ConversionPlan& plan, const std::shared_ptr<FontCollection>& fonts);
-  void ConvertList(const std::vector<std::string>& films);
+  void ConvertList(const std::vector<std::string>& videos);
 
   Workspace& workspace_;
   JobBar& jobs_;
