@@ -19,7 +19,7 @@ void Inspect(Workspace& workspace) {
   auto inspected = InspectAvi(video.AviPath);
   if (!inspected) {
     const std::string& reason = inspected.error().message;
-    workspace.reporter.Tell({.kind = FindingKind::DamagedVideo, .message = reason},
+    workspace.reporter.Tell(FindingAbout(FindingKind::DamagedVideo, video.AviPath, reason),
                             workspace.language.TextOf(messages::kNoFileInfo) + "\r\n" + reason);
     return;
   }
@@ -34,8 +34,9 @@ void LoadSubtitlesOf(Workspace& workspace, const std::string& folder) {
   std::ranges::stable_sort(files, {}, [](const std::string& file) { return LowerAscii(std::string_view{file}); });
   for (const std::string& file : files) {
     workspace.project.SelectLastTab(workspace.preferences);
-    const auto loaded = OpenSubtitleFile(workspace, JoinPath(folder, file), {});
-    if (!loaded) workspace.reporter.Tell({.kind = FindingKind::ReadingStopped, .message = loaded.error().message});
+    const std::string path = JoinPath(folder, file);
+    const auto loaded = OpenSubtitleFile(workspace, path, {});
+    if (!loaded) workspace.reporter.Tell(FindingAbout(FindingKind::ReadingStopped, path, loaded.error().message));
   }
 }
 

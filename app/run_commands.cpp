@@ -34,7 +34,7 @@ std::optional<CommandReport> RunBatch(Workspace& workspace, const std::string& p
   const SubtitleTrack& track = workspace.project.tracks.Current();
   const auto lines = ReadCommandFile(path, track.style.font.charset);
   if (!lines) {
-    workspace.reporter.Tell({.kind = FindingKind::CommandFault, .message = lines.error().message});
+    workspace.reporter.Tell(FindingAbout(FindingKind::CommandFault, path, lines.error().message));
     return std::nullopt;
   }
   for (const auto& [number, command] : *lines) {

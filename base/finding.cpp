@@ -37,6 +37,12 @@ std::optional<FindingKind> FindingKindOf(std::string_view name) {
   return found->first;
 }
 
+Finding FindingAbout(FindingKind kind, const std::string& file, std::string_view message) {
+  const std::string beginning = file + ": ";
+  if (message.starts_with(beginning)) message.remove_prefix(beginning.size());
+  return {.kind = kind, .file = file, .message = std::string{message}};
+}
+
 std::string Describe(const Finding& finding) {
   if (finding.file.empty()) return finding.message;
   if (finding.line == 0) return finding.file + ": " + finding.message;

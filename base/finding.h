@@ -52,6 +52,9 @@ std::string_view NameOf(FindingKind kind);
 // The kind of that name.
 std::optional<FindingKind> FindingKindOf(std::string_view name);
 
+// A finding from the message of an error, which may begin with "FILE: ".
+Finding FindingAbout(FindingKind kind, const std::string& file, std::string_view message);
+
 // "film.srt, line 9: MESSAGE", "film.avi: MESSAGE" or the message alone.
 std::string Describe(const Finding& finding);
 

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "base/path_text.h"
 #include "base/utf8.h"
 #include "pipeline/bitmap_job.h"
 #include "pipeline/mux_script_text.h"
@@ -120,12 +121,23 @@ class Conversion {
     return {};
   }
 
+  // The converter names its list, which the user never sees: the finding is about the subtitle file that the list was
+  // made from.
+  Finding OfSubtitleFile(Finding finding) const {
+    for (std::size_t i = 0; i < plan_.tracks.size(); ++i) {
+      if (GetFileNameOnly(finding.file) != ListFileName(static_cast<int>(i))) continue;
+      finding.file = plan_.tracks[i].path;
+      finding.line = 0;
+    }
+    return finding;
+  }
+
   // The film counts as made if its file is new or changed during the run.
   Result<std::string> Judge(const FileStamp& before, int status) {
     outcome_.tools_ended = true;
     const FileStamp after = FileStamp::Of(script_.output);
     ToolLog log = ReadToolLog(temp_.File(TempFolder::kLogName));
-    outcome_.findings.insert(outcome_.findings.end(), log.findings.begin(), log.findings.end());
+    for (const Finding& finding : log.findings) outcome_.findings.push_back(OfSubtitleFile(finding));
     if (after.Exists() && after != before) return script_.output;
     std::string text = script_.output + ": was not made: ";
     text += status == 0 ? "the tools left no film behind" : "a tool failed";

@@ -219,6 +219,7 @@ TEST_F(ConvertCommand, WhatTheToolsNoticeReachesTheUser) {
   ASSERT_EQ(json.size(), 1u) << run.err;
   ASSERT_EQ(json[0]["warnings"].size(), 1u) << run.out;
   EXPECT_EQ(json[0]["warnings"][0]["kind"], "subtitle-changed");
+  EXPECT_EQ(json[0]["warnings"][0]["file"], folder_.File("Last Warning: Part 2.srt"));
   EXPECT_THAT(run.err, HasSubstr("captoria-cli: warning: "));
 }
 
