@@ -153,8 +153,10 @@ class FilmMux {
       if (auto copied = writer.Copy(walk->Window(), chunk, number); !copied) return copied;
       ++chunks;
     }
-    if (chunks == 0)
-      return Failure(ErrorKind::Damaged, job_.source.File().Path() + ": contains no data of these streams");
+    const std::string& source = job_.source.File().Path();
+    if (chunks == 0) return Failure(ErrorKind::Damaged, source + ": contains no data of these streams");
+    // Sound alone is no film of a video: its only frame broke off, or damage hides them all.
+    if (video_ >= 0 && frame == 0) return Failure(ErrorKind::Damaged, source + ": contains no whole frame");
     while (const auto packet = schedule.NextAtEnd()) {
       if (auto written = WritePacket(writer, *packet); !written) return written;
     }

@@ -45,7 +45,8 @@ struct MuxReport {
 };
 
 // Writes the film. If it fails, or `progress` (in KiB of the source) asks to stop, no file with the name of the output
-// appears or changes. The source is never written to; an output that is the source itself is refused.
+// appears or changes. The source is never written to; an output that is the source itself is refused. Damaged if no
+// frame of the video, or no chunk of any of the streams, could be copied.
 Result<MuxReport> Mux(const MuxJob& job, JobProgress& progress);
 
 }  // namespace captoria

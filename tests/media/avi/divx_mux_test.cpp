@@ -9,6 +9,7 @@
 #include <sys/resource.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -372,6 +373,28 @@ TEST_F(DivxMux, RefusesWhatCannotBe) {
   EXPECT_THAT(message({Kept(0), Subtitle({}, "Empty")}, out), HasSubstr("\"Empty\" contains no subtitle"));
   EXPECT_EQ(folder_.Get("in.avi"), before);
   EXPECT_FALSE(FileExists(out));
+}
+
+TEST_F(DivxMux, AFilmWithoutAFrameIsNotWritten) {
+  const std::string frame = Piece("00dc", avi_maker::KeyPicture(9)), sound = Piece("01wb", "abc");
+  const std::string out = folder_.File("out.divx");
+  for (const auto& [name, content, streams, message] : std::vector<std::array<std::string, 4>>{
+           {"nothing", "", "both", "contains no data of these streams"},
+           {"only sound", sound, "both", "contains no whole frame"},
+           {"only a palette", sound + Piece("00pc", "pal!"), "both", "contains no whole frame"},
+           {"the frame breaks off", sound + frame.substr(0, 14), "both", "contains no whole frame"},
+           {"only sound is wanted", sound, "sound", ""},
+           {"a frame without data", sound + Piece("00dc", ""), "both", ""}}) {
+    const std::string source = folder_.Put("in.avi", avi_maker::Film(content, avi_maker::Headers(), ""));
+    const auto report = TryMux(source, streams == "both" ? std::vector{Kept(0), Kept(1)} : std::vector{Kept(1)}, out);
+    EXPECT_EQ(report.has_value(), message.empty()) << name;
+    EXPECT_EQ(FileExists(out), message.empty()) << name;
+    if (!report) {
+      EXPECT_EQ(report.error().kind, ErrorKind::Damaged) << name;
+      EXPECT_THAT(report.error().message, HasSubstr("in.avi: " + message)) << name;
+    }
+    std::filesystem::remove(out);
+  }
 }
 
 // Writes five gigabytes, so it runs only when asked for.
