@@ -4,6 +4,7 @@
 #include "media/vobsub/vobsub_packet.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace captoria {
 namespace {
@@ -18,6 +19,37 @@ constexpr std::uint8_t kPackHeader = 0xBA;
 constexpr std::uint8_t kPrivateStream1 = 0xBD;
 
 std::size_t BigU16(ByteView bytes, std::size_t at) { return ByteReader(bytes.subspan(at)).BigU16(); }
+
+bool IsStartCode(ByteView bytes) { return bytes.size() >= 4 && bytes[0] == 0 && bytes[1] == 0 && bytes[2] == 1; }
+
+bool IsPackHeader(ByteView bytes) { return IsStartCode(bytes) && bytes[3] == kPackHeader; }
+
+// The length of the pack header that `bytes` begin with.
+std::size_t PackHeaderSize(ByteView bytes) { return 14 + (bytes.size() >= 14 ? bytes[13] & 7U : 0); }
+
+// Whether `bytes` begin with a pack with the first packet of a unit: that packet contains a time.
+bool BeginsUnit(ByteView bytes, int substream) {
+  if (!IsPackHeader(bytes)) return false;
+  ByteReader in(bytes.subspan(std::min(PackHeaderSize(bytes), bytes.size())));
+  const ByteView code = in.Take(4);
+  in.Skip(3);
+  const bool timed = (in.U8() & 0x80) != 0;
+  in.Skip(in.U8());
+  const bool wanted = in.U8() == 0x20 + substream;
+  return timed && wanted && !in.Failed() && IsStartCode(code) && code[3] == kPrivateStream1;
+}
+
+// Where in `bytes` that is true of the rest of them, nearest to `wanted`; nothing if nowhere. Looks at the first
+// `count` bytes only.
+std::optional<std::size_t> Nearest(ByteView bytes, std::size_t count, std::size_t wanted, const auto& is_meant) {
+  std::optional<std::size_t> nearest;
+  const auto distance = [&](std::size_t at) { return at < wanted ? wanted - at : at - wanted; };
+  for (std::size_t at = 0; at < std::min(count, bytes.size()); ++at) {
+    if (bytes[at] != 0 || !is_meant(bytes.subspan(at))) continue;
+    if (!nearest || distance(at) < distance(*nearest)) nearest = at;
+  }
+  return nearest;
+}
 
 // Reads small parts of a file in order, through a larger buffer.
 class ForwardReader {
@@ -173,24 +205,53 @@ class ControlReader {
   bool has_codes_ = false;
 };
 
+// Where to go on after bytes at `at` that are no start code: the nearest pack header, which is behind if bytes are
+// missing, but not before `first`. If none is near, a place to look next.
+Result<std::uint64_t> NextPack(ForwardReader& in, std::uint64_t at, std::uint64_t first) {
+  const std::uint64_t begin = std::max(first, at - std::min(at, kPackSize));
+  const auto bytes = in.At(begin, static_cast<std::size_t>(at - begin + kPackSize + 3));
+  if (!bytes) return tl::unexpected(bytes.error());
+  const auto found = Nearest(*bytes, bytes->size(), static_cast<std::size_t>(at - begin), IsPackHeader);
+  return found ? begin + *found : at + kPackSize;
+}
+
 }  // namespace
+
+Result<std::uint64_t> FindUnit(const InputFile& sub, std::uint64_t position, std::uint64_t reach, int substream) {
+  constexpr std::size_t kLongestHeaders = 14 + 7 + 9 + 255 + 1;
+  reach = std::min(reach, kPackSize / 2);
+  const std::uint64_t begin = position - std::min(position, reach);
+  const auto back = static_cast<std::size_t>(position - begin), count = back + static_cast<std::size_t>(reach);
+  Bytes bytes(4);
+  const auto start = sub.ReadAt(position, bytes);
+  if (!start) return tl::unexpected(start.error());
+  if (*start == 4 && IsStartCode(bytes)) return position;
+  bytes.resize(count + kLongestHeaders);
+  const auto got = sub.ReadAt(begin, bytes);
+  if (!got) return tl::unexpected(got.error());
+  const auto begins_unit = [&](ByteView at) { return BeginsUnit(at, substream); };
+  const auto found = Nearest(ByteView{bytes}.first(*got), count, back, begins_unit);
+  return found ? begin + *found : position;
+}
 
 Result<Bytes> ReadSpu(const InputFile& sub, std::uint64_t position, std::uint64_t end, int substream) {
   end = std::min(end, sub.Size());
   if (position < end) end = std::min(end, position + kLongestSpan);
   ForwardReader in(sub, end);
   SpuCollector collector(substream);
-  std::uint64_t at = position;
+  std::uint64_t at = position, after_pack = position;
   for (bool wanted = true; wanted && at < end;) {
     const auto start = in.At(at, 14);
     if (!start) return tl::unexpected(start.error());
     if (start->size() < 6) break;
-    const bool is_start = (*start)[0] == 0 && (*start)[1] == 0 && (*start)[2] == 1;
     const std::uint8_t id = (*start)[3];
-    if (!is_start) {
-      at += kPackSize - (at - position) % kPackSize;
+    if (!IsStartCode(*start)) {
+      const auto next = NextPack(in, at, after_pack);
+      if (!next) return tl::unexpected(next.error());
+      at = *next;
     } else if (id == kPackHeader) {
-      at += 14 + (start->size() == 14 ? (*start)[13] & 7U : 0);
+      at += PackHeaderSize(*start);
+      after_pack = at;
     } else {
       const std::size_t length = BigU16(*start, 4);
       if (id == kPrivateStream1) {

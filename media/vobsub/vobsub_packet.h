@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: Captoria contributors
 // SPDX-License-Identifier: MIT
 
-// The pictures in the .sub of a VobSub pair: DVD subpicture units ("SPU"). Each unit is split into the 2048-byte packs
-// of an MPEG-2 program stream; a substream number identifies its language.
+// The pictures in the .sub of a VobSub pair: DVD subpicture units ("SPU"). Each unit is split into the packs of an
+// MPEG-2 program stream, usually padded to 2048 bytes; a substream number identifies its language.
 #pragma once
 
 #include <array>
@@ -17,9 +17,14 @@
 
 namespace captoria {
 
+// Where the unit of `substream` begins that the index places at `position`. If the file lost or gained bytes before it,
+// there is no start code at that position; then the nearest pack that begins such a unit counts, up to `reach` bytes
+// and half a pack away. `position` itself if there is none.
+Result<std::uint64_t> FindUnit(const InputFile& sub, std::uint64_t position, std::uint64_t reach, int substream);
+
 // The unit of `substream` that begins with the pack at `position` and ends before `end`, at most 64 KiB. Packs of other
-// substreams in between are skipped. The unit can be longer than its own size field, or shorter if the file is cut off.
-// Damaged if there is no unit.
+// substreams in between are skipped; after damage the reading goes on with the nearest pack. The unit can be longer
+// than its own size field, or shorter if the file is cut off. Damaged if there is no unit.
 Result<Bytes> ReadSpu(const InputFile& sub, std::uint64_t position, std::uint64_t end, int substream);
 
 // The display parameters from the control sequences of a unit. Its pixels have one of four entries: 0 background,

@@ -4,7 +4,9 @@
 #include "media/vobsub/vobsub_source.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <functional>
+#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -50,13 +52,22 @@ std::string SubPath(const std::string& idx_path) {
   return stem + ".sub";
 }
 
+// In order.
+std::vector<std::uint64_t> PositionsOf(const std::vector<VobSubCue>& cues) {
+  std::vector<std::uint64_t> positions;
+  positions.reserve(cues.size());
+  for (const VobSubCue& cue : cues) positions.push_back(cue.position);
+  std::ranges::sort(positions);
+  return positions;
+}
+
 class VobSubSource final : public SubtitleSource {
  public:
   VobSubSource(VobSubIndex index, InputFile sub, int substream)
       : index_(std::move(index)), sub_(std::move(sub)), substream_(substream) {}
 
   // The times are in the control sequences, so every unit is read once.
-  Result<void> Schedule(const std::vector<VobSubCue>& cues);
+  Result<void> Schedule(std::vector<VobSubCue> cues);
 
   std::size_t LeftOut() const { return left_out_; }
   Size Frame() const override { return index_.frame; }
@@ -76,6 +87,7 @@ class VobSubSource final : public SubtitleSource {
   }
 
  private:
+  Result<void> Locate(std::vector<VobSubCue>& cues) const;
   Result<std::optional<Showing>> Look(const VobSubCue& cue, const SpuExtent& extent) const;
   void GiveTimes(const std::vector<Showing>& showings);
 
@@ -101,12 +113,25 @@ Result<std::optional<Showing>> VobSubSource::Look(const VobSubCue& cue, const Sp
   return showing;
 }
 
-Result<void> VobSubSource::Schedule(const std::vector<VobSubCue>& cues) {
-  std::vector<std::uint64_t> positions;
-  positions.reserve(cues.size());
-  for (const VobSubCue& cue : cues) positions.push_back(cue.position);
-  std::ranges::sort(positions);
+// Replaces the positions of the index, which are wrong behind a place where the .sub lost or gained bytes, by those of
+// the units. A unit is searched for no farther than halfway to the next one, whose picture it would take otherwise.
+Result<void> VobSubSource::Locate(std::vector<VobSubCue>& cues) const {
+  const std::vector<std::uint64_t> told = PositionsOf(cues);
+  for (VobSubCue& cue : cues) {
+    const auto [here, next] = std::ranges::equal_range(told, cue.position);
+    std::uint64_t gap = UINT64_MAX;
+    if (next != told.end()) gap = *next - cue.position;
+    if (here != told.begin()) gap = std::min(gap, cue.position - *std::prev(here));
+    const auto found = FindUnit(sub_, cue.position, gap / 2, substream_);
+    if (!found) return tl::unexpected(found.error());
+    cue.position = *found;
+  }
+  return {};
+}
 
+Result<void> VobSubSource::Schedule(std::vector<VobSubCue> cues) {
+  if (auto located = Locate(cues); !located) return located;
+  const std::vector<std::uint64_t> positions = PositionsOf(cues);
   std::vector<Showing> showings;
   for (const VobSubCue& cue : cues) {
     const auto next = std::ranges::upper_bound(positions, cue.position);

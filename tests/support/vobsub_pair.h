@@ -110,6 +110,12 @@ class VobSubPair {
     return begins;
   }
 
+  // Removes the padding packet at the end, which the writers of some files leave out.
+  void CutPadding() {
+    constexpr std::array<std::uint8_t, 4> kPadding{0, 0, 1, 0xBE};
+    sub_.erase(std::ranges::find_end(sub_, kPadding).begin(), sub_.end());
+  }
+
   static std::string Timestamp(int time, std::size_t position) {
     std::array<char, 80> line{};
     std::snprintf(line.data(), line.size(), "timestamp: %02d:%02d:%02d:%03d, filepos: %09zx\n", time / 3600000,

@@ -196,6 +196,58 @@ TEST(VobSubSource, GathersUnitsWhoseSizeIsNonsense) {
   }
 }
 
+std::vector<Bytes> PacketsOf(const SubtitleSource& source) {
+  std::vector<Bytes> packets;
+  for (std::size_t i = 0; i < source.Count(); ++i) packets.push_back(source.Packet(i).value_or(Bytes{}));
+  return packets;
+}
+
+TEST(VobSubSource, FindsTheOtherPicturesAfterBytesAreLostOrAdded) {
+  const TestFolder folder;
+  const TestSpu large{.placed = Noise(600, 200, 0, 0)};
+  const auto whole = PacketsOf(*OpenCues(folder, {{1000, large}, {4000, kText}, {7000, large}, {10000, kText}}));
+  const std::string sub = folder.Get("film.sub");
+  struct Damage {
+    const char* name;
+    std::size_t at, lost, added;
+    std::ptrdiff_t first_intact;
+    std::size_t count;
+  };
+  for (const Damage& row : {Damage{"a byte of the first pack", 500, 1, 0, 1, 4},
+                            Damage{"a byte of the second pack", 2048 + 500, 1, 0, 1, 4},
+                            Damage{"the first byte", 0, 1, 0, 1, 3}, Damage{"700 bytes", 500, 700, 0, 1, 4},
+                            Damage{"a byte more", 500, 0, 1, 1, 4}, Damage{"bytes before", 0, 0, 900, 0, 4}}) {
+    std::string damaged = sub;
+    folder.Put("film.sub", damaged.replace(row.at, row.lost, std::string(row.added, '\xFF')));
+    const auto source = OpenVobSub(folder.File("film.idx"));
+    ASSERT_TRUE(source) << row.name;
+    const auto packets = PacketsOf(**source);
+    ASSERT_EQ(packets.size(), row.count) << row.name;
+    EXPECT_TRUE(std::equal(whole.begin() + row.first_intact, whole.end(), packets.end() - (4 - row.first_intact)))
+        << row.name;
+  }
+}
+
+TEST(VobSubSource, ReadsPacksThatAreNotPadded) {
+  const TestFolder folder;
+  const TestSpu large{.placed = Noise(600, 200, 0, 0)};
+  const auto padded = PacketsOf(*OpenCues(folder, {{1000, large}, {4000, kText}, {7000, large}}));
+  VobSubPair pair;
+  std::string index = kHead + std::string{"id: en, index: 0\n"};
+  for (const auto& [time, spu] : {std::pair{1000, large}, {4000, kText}, {7000, large}}) {
+    index += pair.Timestamp(time, pair.AddPacks({{0, SpuBytes(spu)}})[0]);
+    pair.CutPadding();
+  }
+  for (const bool damaged : {false, true}) {
+    if (damaged) pair.Sub().erase(pair.Sub().begin() + 500);
+    const auto source = OpenVobSub(pair.Save(folder, index));
+    ASSERT_TRUE(source);
+    const auto packets = PacketsOf(**source);
+    ASSERT_EQ(packets.size(), 3u);
+    EXPECT_TRUE(std::equal(padded.begin() + damaged, padded.end(), packets.begin() + damaged)) << damaged;
+  }
+}
+
 TEST(VobSubSource, ShowsOnlyForcedPicturesWhenTheIndexAsksForThem) {
   const TestFolder folder;
   const auto source =
