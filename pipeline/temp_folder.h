@@ -27,8 +27,9 @@ struct CleanUp {
 
 class TempFolder {
  public:
-  // "tmp" in `program_folder`, or "tmp-2" and so on while another conversion uses it; created if it does not exist. A
-  // conversion that nobody waits for keeps its folder until its script ends.
+  // "tmp" in `program_folder`, created if it is missing. If another conversion uses it, or it is not safe to empty,
+  // then "tmp-2" and so on. A folder is safe if it has our marker or contains only files that a conversion makes,
+  // unless others can change it. A conversion that nobody waits for keeps its folder until its script ends.
   static Result<TempFolder> Open(const std::string& program_folder);
 
   // The folder that a conversion takes if no other has it.
@@ -44,7 +45,7 @@ class TempFolder {
   const std::string& Path() const { return path_; }
   std::string File(std::string_view name) const;
 
-  // Deletes files, never folders. What cannot be deleted stays.
+  // Deletes files, never folders or the marker. What cannot be deleted stays.
   void Clean(const CleanUp& wanted) const;
 
  private:

@@ -150,8 +150,8 @@ def full_settings(bench):
     kept = 0
     for number in range(bench.count(50, 6)):
         video = bench.film("harbour", bench.folder / "full-film")
-        with small_disk(bench.folder / "full", 160) as data:
-            (data / "tmp").symlink_to(fresh(bench.folder / "full-tmp"))
+        with small_disk(bench.folder / "full", 160) as data, small_disk(data / "tmp", 1 << 20):
+            (data / "tmp").chmod(0o755)
             old = SETTINGS + "; filler\n" * (number * 97)
             (data / "Captoria.ini").write_text(old)
             with contextlib.suppress(OSError), open(data / "filler", "wb", buffering=0) as filler:

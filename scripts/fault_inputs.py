@@ -140,8 +140,9 @@ def settings(bench):
                 if not bench.is_root:
                     continue
                 user = NOBODY
-                (data / "tmp").mkdir(mode=0o777)
-                for path, mode in ((data / "tmp", 0o777), (video.parent, 0o777), (ini, 0o444), (data, 0o555)):
+                (data / "tmp").mkdir()
+                os.chown(data / "tmp", NOBODY, NOBODY)
+                for path, mode in ((data / "tmp", 0o755), (video.parent, 0o777), (ini, 0o444), (data, 0o555)):
                     path.chmod(mode)
             run = convert(video, data, user=user, seconds=bench.seconds // 2)
             if lock:

@@ -82,7 +82,7 @@ def files_in(folder):
 
 
 def left_in_temp(data):
-    return [name for name in files_in(data) if name.startswith("tmp")]
+    return [name for name in files_in(data) if name.startswith("tmp") and not name.endswith("/.captoria-tmp")]
 
 
 def fresh(folder):

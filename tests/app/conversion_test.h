@@ -95,8 +95,8 @@ class ConversionTest : public testing::Test {
   // A file of the temporary folder.
   static std::string Temporary(const std::string& name) { return JoinPath("data/tmp", name); }
 
-  // What is in the temporary folder.
-  std::vector<std::string> Left() const { return ListFiles(folder_.File("data/tmp"), "*"); }
+  // What is in the temporary folder, apart from its marker.
+  std::vector<std::string> Left() const { return ListFiles(folder_.File("data/tmp"), "?*.*"); }
 
   TestFolder folder_;
   ScriptedPrompts prompts_;

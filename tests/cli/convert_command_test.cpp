@@ -71,7 +71,7 @@ class ConvertCommand : public testing::Test {
   }
 
   std::string Temporary(const std::string& file) const { return JoinPath(folder_.File("data/tmp"), file); }
-  Words Temporary() const { return ListFiles(folder_.File("data/tmp"), "*"); }
+  Words Temporary() const { return ListFiles(folder_.File("data/tmp"), "?*.*"); }
 
   Words Hashes(const std::string& path) const {
     return Output("ffmpeg -nostdin -v error -i '" + path + "' -map 0:v -map 0:a -c copy -f streamhash -");

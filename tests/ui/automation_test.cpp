@@ -112,7 +112,7 @@ TEST_F(Automation, CancellingAListKeepsWhatIsFinishedAndTellsIt) {
               ElementsAre(AllOf(HasSubstr("Stopped. 1 of 4 videos were converted."), HasSubstr("broken.avi"))));
   EXPECT_TRUE(FileExists(folder_.File("list/film 10.divx")));
   EXPECT_FALSE(FileExists(folder_.File("list/film 11.divx")));
-  EXPECT_THAT(ListFiles(folder_.File("data/tmp"), "*"), IsEmpty());
+  EXPECT_THAT(ListFiles(folder_.File("data/tmp"), "?*.*"), IsEmpty());
 }
 
 }  // namespace

@@ -103,7 +103,7 @@ TEST_F(MainWindow, CancelLeavesNothingAndTheWindowGoesOn) {
   Choose("mnuMakeDivX");
   EXPECT_THAT(prompts_.TakeMessages(), IsEmpty());
   EXPECT_FALSE(FileExists(folder_.File("film.divx")));
-  EXPECT_THAT(ListFiles(folder_.File("data/tmp"), "*"), IsEmpty());
+  EXPECT_THAT(ListFiles(folder_.File("data/tmp"), "?*.*"), IsEmpty());
   EXPECT_TRUE(Part<QTreeView>("ListView1")->isEnabled());
 }
 
