@@ -147,15 +147,20 @@ Result<std::string> TempFolder::ClaimOutput(
 
 std::string TempFolder::File(std::string_view name) const { return JoinPath(path_, name); }
 
-// A link is removed, whatever it leads to.
+// Lists first: removing files while reading a folder can hide others on some file systems. A link is removed, whatever
+// it leads to.
 void TempFolder::Clean(const CleanUp& wanted) const {
+  std::vector<fs::path> files;
   std::error_code error;
   for (fs::directory_iterator entry(path_, error), end; !error && entry != end; entry.increment(error)) {
     std::error_code none;
-    const std::string name = entry->path().filename().string();
-    if (name == kMarkerName || fs::is_directory(entry->symlink_status(none))) continue;
-    const bool is_bitmap = EndsIgnoringCase(name, ".bmp");
-    if (wanted.everything || (is_bitmap ? wanted.bitmaps : wanted.others)) fs::remove(entry->path(), none);
+    if (!fs::is_directory(entry->symlink_status(none))) files.push_back(entry->path());
+  }
+  for (const fs::path& file : files) {
+    if (file.filename() == kMarkerName) continue;
+    const bool is_bitmap = EndsIgnoringCase(file.native(), ".bmp");
+    std::error_code none;
+    if (wanted.everything || (is_bitmap ? wanted.bitmaps : wanted.others)) fs::remove(file, none);
   }
 }
 
