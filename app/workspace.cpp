@@ -16,7 +16,7 @@ Workspace::Workspace(ProgramFolders program_folders, Preferences chosen_preferen
       project(preferences),
       reporter(prompts, view, attendance) {}
 
-Workspace::Workspace(ProgramFolders program_folders, Prompts& user_prompts, WorkspaceView& workspace_view,
+Workspace::Workspace(const ProgramFolders& program_folders, Prompts& user_prompts, WorkspaceView& workspace_view,
                      Attendance attendance)
     : Workspace(program_folders, Preferences(program_folders.data, user_prompts), user_prompts, workspace_view,
                 attendance) {

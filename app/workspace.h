@@ -36,7 +36,7 @@ inline BitmapFrame FrameOf(const Settings& settings) {
 struct Workspace {
   // `prompts` and `view` outlive the workspace. The settings are those of the data folder; if they cannot be
   // used, that is reported.
-  Workspace(ProgramFolders program_folders, Prompts& user_prompts, WorkspaceView& workspace_view,
+  Workspace(const ProgramFolders& program_folders, Prompts& user_prompts, WorkspaceView& workspace_view,
             Attendance attendance = Attendance::Person);
 
   // With settings that were opened before.

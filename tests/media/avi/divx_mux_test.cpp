@@ -276,7 +276,8 @@ TEST_F(DivxMux, EveryIndexEntryLeadsToItsChunk) {
   for (const auto& [source, limit] : {std::pair{small, 1U << 30}, {small, 500U}, {large, 1U << 30}, {large, 20000U}}) {
     auto streams = All(source);
     streams.push_back(Subtitle({0, 500, 1500}, "s"));
-    const std::string made = MuxTo("out.divx", source, streams, [&](MuxJob& job) { job.riff_limit = limit; });
+    const std::string made =
+        MuxTo("out.divx", source, streams, [&, most = limit](MuxJob& job) { job.riff_limit = most; });
     const std::string content = folder_.Get("out.divx");
     const FilmIndices indices(content);
     const std::size_t riffs = indices.CheckRiffs();
