@@ -113,15 +113,15 @@ Result<std::optional<Showing>> VobSubSource::Look(const VobSubCue& cue, const Sp
   return showing;
 }
 
-// Replaces the positions of the index, which are wrong behind a place where the .sub lost or gained bytes, by those of
+// Replaces the positions of the index, which are wrong after a place where the .sub lost or gained bytes, by those of
 // the units. A unit is searched for no farther than halfway to the next one, whose picture it would take otherwise.
 Result<void> VobSubSource::Locate(std::vector<VobSubCue>& cues) const {
-  const std::vector<std::uint64_t> told = PositionsOf(cues);
+  const std::vector<std::uint64_t> listed = PositionsOf(cues);
   for (VobSubCue& cue : cues) {
-    const auto [here, next] = std::ranges::equal_range(told, cue.position);
+    const auto [here, next] = std::equal_range(listed.begin(), listed.end(), cue.position);
     std::uint64_t gap = UINT64_MAX;
-    if (next != told.end()) gap = *next - cue.position;
-    if (here != told.begin()) gap = std::min(gap, cue.position - *std::prev(here));
+    if (next != listed.end()) gap = *next - cue.position;
+    if (here != listed.begin()) gap = std::min(gap, cue.position - *std::prev(here));
     const auto found = FindUnit(sub_, cue.position, gap / 2, substream_);
     if (!found) return tl::unexpected(found.error());
     cue.position = *found;

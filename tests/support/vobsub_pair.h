@@ -113,7 +113,7 @@ class VobSubPair {
   // Removes the padding packet at the end, which the writers of some files leave out.
   void CutPadding() {
     constexpr std::array<std::uint8_t, 4> kPadding{0, 0, 1, 0xBE};
-    sub_.erase(std::ranges::find_end(sub_, kPadding).begin(), sub_.end());
+    sub_.erase(std::find_end(sub_.begin(), sub_.end(), kPadding.begin(), kPadding.end()), sub_.end());
   }
 
   static std::string Timestamp(int time, std::size_t position) {
