@@ -49,7 +49,4 @@ std::string ProposedResult(const ConversionPlan& plan);
 // Whether the film will contain that stream of the source.
 inline bool IsKept(const StreamRow& row) { return row.type != StreamType::Unknown; }
 
-// The cues to draw, of all tracks.
-std::size_t CountCues(const ConversionPlan& plan);
-
 }  // namespace captoria

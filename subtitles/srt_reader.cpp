@@ -126,10 +126,6 @@ std::size_t ExpectedCues(std::string_view text) {
 
 }  // namespace
 
-std::string DescribeProblem(std::string_view file, const SrtProblem& problem) {
-  return std::string{file} + ": line " + std::to_string(problem.line) + ": " + problem.message;
-}
-
 SrtReading ReadSrt(std::string_view text) {
   CueCollector collector(ExpectedCues(text));
   LineSplitter lines(text);

@@ -28,9 +28,6 @@ struct SrtReading {
   std::optional<SrtProblem> problem;
 };
 
-// "FILE: line N: " and the problem's message.
-std::string DescribeProblem(std::string_view file, const SrtProblem& problem);
-
 // `text` is UTF-8 without a byte-order mark.
 SrtReading ReadSrt(std::string_view text);
 
